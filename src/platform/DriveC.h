@@ -1,0 +1,71 @@
+// Drive C as the program sees it: folders and files named by Windows paths.
+//
+// On Linux C:\ is the user's home folder. Each name is looked up without regard to letter case
+// (the existing spelling wins, a new entry gets the spelling asked for) and stored as UTF-8.
+// Nothing is ever created, changed or deleted outside the archive root: a path that leaves it,
+// through "..", through a link or by naming another folder, makes the operation fail, as does a
+// name that Windows refuses. No operation throws or shows anything; failure is the return value.
+#pragma once
+
+#include <QByteArray>
+#include <QIODevice>
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+#include <optional>
+
+// A file that is being received. It is written under a temporary name in the folder of its path
+// and takes its own name only when it is whole; destroyed before that, it leaves no file.
+class ArchivoEntrante {
+public:
+    virtual ~ArchivoEntrante() = default;
+    // Where the bytes go; open for writing.
+    virtual QIODevice &dispositivo() = 0;
+    // Gives the file its name, in place of an earlier file. False: a byte could not be written,
+    // or the name could not be given.
+    virtual bool publicar() = 0;
+};
+
+class DriveC {
+public:
+    // `carpetaPersonal` is the native folder that C:\ stands for; `raiz` the one folder in it
+    // that the program may write to.
+    explicit DriveC(const QString &carpetaPersonal, const QString &raiz = QStringLiteral("Quorvela"));
+    ~DriveC();
+    DriveC(const DriveC &) = delete;
+    DriveC &operator=(const DriveC &) = delete;
+
+    // Makes one folder. False when it exists already or its parent does not. When it exists in
+    // another spelling, a link of the asked-for spelling is put beside it, because browsers do
+    // regard letter case: links in stored pages then work in either.
+    bool crearCarpeta(const QString &ruta);
+
+    // Removes a file. False when there is none, or it is a folder.
+    bool borrar(const QString &ruta);
+
+    // The length of a file in bytes; nothing when there is no such file.
+    std::optional<qint64> largo(const QString &ruta) const;
+
+    // Adds the bytes at the end of a file, which is made if missing. False when not all could
+    // be written; what was written stays.
+    bool agregar(const QString &ruta, const QByteArray &bytes);
+
+    // Begins to receive a file; null when it cannot be written at that path.
+    std::unique_ptr<ArchivoEntrante> recibir(const QString &ruta);
+
+    // The subfolders of a folder, by name without regard to letter case; nothing when the folder
+    // does not exist. On drive C each is given by its full Windows path, beginning as `ruta`
+    // does; a native path ("/home/ana") gives native paths. Links of another spelling are
+    // passed over.
+    std::optional<QStringList> carpetas(const QString &ruta) const;
+
+    // The native path of a document for the shell: of a path on drive C the file that it means,
+    // any other path as it is.
+    QString rutaNativa(const QString &ruta) const;
+
+    class Interno;
+
+private:
+    std::unique_ptr<Interno> d;
+};

@@ -1,0 +1,57 @@
+// One synchronous HTTP GET at a time for its caller, while the window's event loop goes on
+// turning: requests that handlers start from within a wait are served as well, and the innermost
+// wait drives them all.
+//
+// HTTP/1.1, each request over a connection of its own, sent once. Redirects are followed (10 at
+// the most, never from https to http), cookies live in memory for the life of the object, gzip
+// and deflate are accepted and decoded, certificates and host names are always verified.
+#pragma once
+
+#include <QByteArray>
+#include <QIODevice>
+#include <QList>
+#include <QPair>
+#include <QString>
+
+#include <chrono>
+#include <memory>
+#include <optional>
+
+class HttpClient {
+public:
+    using Cabeceras = QList<QPair<QByteArray, QByteArray>>;
+
+    struct Limites {
+        std::chrono::milliseconds conexion = std::chrono::seconds(60); // to make a connection
+        std::chrono::milliseconds silencio = std::chrono::seconds(120); // without a byte moved
+        qint64 texto = qint64(256) * 1024 * 1024; // bytes of a body in memory, decoded
+    };
+
+    // `autoridades` is the native path of the one file of trusted certificate authorities (PEM).
+    explicit HttpClient(const QString &autoridades = autoridadesDelSistema());
+    HttpClient(const QString &autoridades, const Limites &limites);
+    ~HttpClient();
+    HttpClient(const HttpClient &) = delete;
+    HttpClient &operator=(const HttpClient &) = delete;
+
+    // The body of the reply, of any HTTP status; nothing when the request failed: no connection,
+    // no HTTP reply, a body that broke off, a limit passed.
+    // `direccion` holds the bytes of the whole address as the caller built it. A byte that cannot
+    // stand in a request target becomes %XX on the wire; nothing else is escaped or normalised.
+    std::optional<QByteArray> get(const QByteArray &direccion, const Cabeceras &cabeceras);
+
+    // The same straight into an open device, without further headers. False when the request
+    // failed, its status is 400 or more, or a byte could not be written; `destino` may then hold
+    // a part of the body.
+    bool getArchivo(const QByteArray &direccion, QIODevice &destino);
+
+    static QString autoridadesDelSistema();
+
+    // The request target as it goes over the wire.
+    static QByteArray destinoEnLinea(const QByteArray &destino);
+
+    class Interno;
+
+private:
+    std::unique_ptr<Interno> d;
+};

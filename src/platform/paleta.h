@@ -1,0 +1,20 @@
+// The desktop's choice of a light or dark appearance.
+#pragma once
+
+#include <QObject>
+
+#include <memory>
+
+// Keeps the application's palette as the desktop wants it, for as long as it lives. Where Qt's
+// own desktop integration has already set a dark palette, nothing is changed.
+class PaletaEscritorio {
+public:
+    PaletaEscritorio();
+    ~PaletaEscritorio();
+    PaletaEscritorio(const PaletaEscritorio &) = delete;
+    PaletaEscritorio &operator=(const PaletaEscritorio &) = delete;
+
+private:
+    class Interno;
+    std::unique_ptr<Interno> d;
+};

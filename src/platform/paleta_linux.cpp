@@ -1,0 +1,95 @@
+#include "platform/paleta.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QDBusVariant>
+#include <QGuiApplication>
+#include <QPalette>
+
+namespace {
+
+const auto servicio = QStringLiteral("org.freedesktop.portal.Desktop");
+const auto objeto = QStringLiteral("/org/freedesktop/portal/desktop");
+const auto interfaz = QStringLiteral("org.freedesktop.portal.Settings");
+const auto espacio = QStringLiteral("org.freedesktop.appearance");
+const auto clave = QStringLiteral("color-scheme");
+constexpr uint prefiereOscuro = 1;
+
+QPalette paletaOscura()
+{
+    const QColor ventana(0x2d, 0x2d, 0x30);
+    const QColor base(0x1f, 0x1f, 0x22);
+    const QColor texto(0xee, 0xee, 0xee);
+    const QColor apagado(0x8a, 0x8a, 0x8f);
+    QPalette paleta(texto, ventana);
+    paleta.setColor(QPalette::Base, base);
+    paleta.setColor(QPalette::AlternateBase, ventana.darker(110));
+    paleta.setColor(QPalette::Text, texto);
+    paleta.setColor(QPalette::PlaceholderText, apagado);
+    paleta.setColor(QPalette::ToolTipBase, base);
+    paleta.setColor(QPalette::ToolTipText, texto);
+    paleta.setColor(QPalette::Highlight, QColor(0x2f, 0x7f, 0xc4));
+    paleta.setColor(QPalette::HighlightedText, Qt::white);
+    paleta.setColor(QPalette::Link, QColor(0x6c, 0xb4, 0xf0));
+    for (const auto papel : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        paleta.setColor(QPalette::Disabled, papel, apagado);
+    return paleta;
+}
+
+} // namespace
+
+class PaletaEscritorio::Interno : public QObject {
+    Q_OBJECT
+public:
+    Interno()
+    {
+        // A desktop integration that knows about palettes has set a dark one by now.
+        if (QGuiApplication::palette().color(QPalette::Window).lightness() < 128)
+            return;
+        QDBusConnection bus = QDBusConnection::sessionBus();
+        if (!bus.isConnected())
+            return;
+        bus.connect(servicio, objeto, interfaz, QStringLiteral("SettingChanged"), this,
+                    SLOT(alCambiar(QString, QString, QDBusVariant)));
+        QDBusMessage pregunta =
+            QDBusMessage::createMethodCall(servicio, objeto, interfaz, QStringLiteral("Read"));
+        pregunta << espacio << clave;
+        auto *espera = new QDBusPendingCallWatcher(bus.asyncCall(pregunta), this);
+        connect(espera, &QDBusPendingCallWatcher::finished, this, [this, espera] {
+            const QDBusPendingReply<QDBusVariant> respuesta = *espera;
+            if (!respuesta.isError())
+                aplicar(respuesta.value().variant());
+            espera->deleteLater();
+        });
+    }
+
+private Q_SLOTS:
+    void alCambiar(const QString &deEspacio, const QString &deClave, const QDBusVariant &valor)
+    {
+        if (deEspacio == espacio && deClave == clave)
+            aplicar(valor.variant());
+    }
+
+private:
+    void aplicar(QVariant valor)
+    {
+        // Older portals wrap the value twice.
+        if (valor.canConvert<QDBusVariant>())
+            valor = valor.value<QDBusVariant>().variant();
+        const bool oscuro = valor.toUInt() == prefiereOscuro;
+        if (oscuro == m_oscuro)
+            return;
+        m_oscuro = oscuro;
+        QGuiApplication::setPalette(oscuro ? paletaOscura() : QPalette());
+    }
+
+    bool m_oscuro = false;
+};
+
+PaletaEscritorio::PaletaEscritorio() : d(std::make_unique<Interno>()) { }
+
+PaletaEscritorio::~PaletaEscritorio() = default;
+
+#include "paleta_linux.moc"

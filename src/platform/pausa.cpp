@@ -1,0 +1,8 @@
+#include "platform/pausa.h"
+
+#include <thread>
+
+void pausa(std::chrono::milliseconds duracion)
+{
+    std::this_thread::sleep_for(duracion);
+}

@@ -1,0 +1,60 @@
+#include "platform/rutaWindows.h"
+
+#include <QRegularExpression>
+
+namespace rutaWindows {
+namespace {
+
+bool esSeparador(QChar c)
+{
+    return c == u'\\' || c == u'/';
+}
+
+QString sinColaDeBlancosYPuntos(QString nombre)
+{
+    while (nombre.endsWith(u' ') || nombre.endsWith(u'.'))
+        nombre.chop(1);
+    return nombre;
+}
+
+} // namespace
+
+bool enUnidadC(const QString &ruta)
+{
+    return ruta.size() >= 3 && (ruta[0] == u'C' || ruta[0] == u'c') && ruta[1] == u':'
+        && esSeparador(ruta[2]);
+}
+
+bool nombreRefusado(const QString &nombre)
+{
+    static const QRegularExpression prohibidos(QStringLiteral("[<>:\"|?*\\x00-\\x1f]"));
+    static const QRegularExpression dispositivo(
+        QStringLiteral("^(con|prn|aux|nul|com[1-9]|lpt[1-9]) *(\\.|$)"),
+        QRegularExpression::CaseInsensitiveOption);
+    return nombre.isEmpty() || nombre.contains(prohibidos) || nombre.contains(dispositivo);
+}
+
+std::optional<QStringList> nombres(const QString &ruta)
+{
+    if (!enUnidadC(ruta))
+        return std::nullopt;
+    static const QRegularExpression separadores(QStringLiteral("[\\\\/]+"));
+    QStringList resultado;
+    const QStringList trozos = ruta.mid(3).split(separadores, Qt::SkipEmptyParts);
+    for (const QString &trozo : trozos) {
+        if (trozo == u".")
+            continue;
+        if (trozo == u"..") {
+            if (!resultado.isEmpty())
+                resultado.removeLast();
+            continue;
+        }
+        const QString nombre = sinColaDeBlancosYPuntos(trozo);
+        if (nombreRefusado(nombre))
+            return std::nullopt;
+        resultado.append(nombre);
+    }
+    return resultado;
+}
+
+} // namespace rutaWindows

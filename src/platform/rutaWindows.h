@@ -1,0 +1,26 @@
+// Reading a Windows path: a plain function of its text, the same on every system.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+namespace rutaWindows {
+
+// The folder and file names of an absolute path on drive C ("C:\Quorvela\1-2010" gives
+// "Quorvela", "1-2010"). "\" and "/" both separate and repeated ones count as one; "." and ".."
+// are taken away as Windows does, before anything is looked up; trailing blanks and dots of a
+// name are dropped. Nothing comes back for a path of another drive, a path that is not absolute
+// and a path with a name that Windows refuses.
+std::optional<QStringList> nombres(const QString &ruta);
+
+// Whether Windows refuses the name: it holds one of < > : " | ? * or a control character, is
+// empty, or is a reserved device name (CON, PRN, AUX, NUL, COM1-9, LPT1-9), with or without an
+// extension.
+bool nombreRefusado(const QString &nombre);
+
+// Whether the path names drive C (with either letter case and either separator after it).
+bool enUnidadC(const QString &ruta);
+
+} // namespace rutaWindows
