@@ -1,0 +1,54 @@
+#include "service/archivos.h"
+#include "platform/codepage.h"
+#include "service/limpieza.h"
+
+#include <QBuffer>
+#include <QCoreApplication>
+
+namespace {
+
+constexpr auto pausaTrasDescarga = std::chrono::milliseconds(500);
+constexpr qint64 largoMinimo = 8; // a file must be longer than this many bytes
+
+} // namespace
+
+void ceder()
+{
+    QCoreApplication::processEvents();
+}
+
+void crearCarpeta(Servicio &servicio, const QString &ruta)
+{
+    // An existing folder is the usual case, and a missing parent shows in every file after it.
+    [[maybe_unused]] const bool hecha = servicio.disco.crearCarpeta(sinSaltos(ruta));
+}
+
+void escribirTexto(Servicio &servicio, const QString &texto, const QString &archivo, bool borrar)
+{
+    if (borrar) {
+        // There is none to delete on a first run.
+        [[maybe_unused]] const bool borrado = servicio.disco.borrar(archivo);
+    }
+    ceder();
+    // A file that cannot be written is passed over: the rest of the archive still counts.
+    [[maybe_unused]] const bool escrito =
+        servicio.disco.agregar(archivo, codepage::aBytes(texto) + "\r\n");
+}
+
+bool descargarArchivo(Servicio &servicio, const QString &url, const QString &archivo)
+{
+    ceder();
+    [[maybe_unused]] const bool borrado = servicio.disco.borrar(archivo);
+
+    const auto entrante = servicio.disco.recibir(sinSaltos(archivo));
+    // The request goes out whatever the disk says; what cannot be stored is let go.
+    QBuffer sinDestino;
+    sinDestino.open(QIODevice::WriteOnly);
+    QIODevice &destino = entrante ? entrante->dispositivo() : sinDestino;
+    if (servicio.http.getArchivo(codepage::aBytes(url), destino) && entrante) {
+        [[maybe_unused]] const bool guardado = entrante->publicar();
+    }
+
+    servicio.pausa(pausaTrasDescarga);
+    return servicio.disco.largo(archivo).value_or(0) > largoMinimo;
+}

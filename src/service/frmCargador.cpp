@@ -1,0 +1,89 @@
+#include "service/frmCargador.h"
+#include "platform/codepage.h"
+#include "service/archivos.h"
+
+namespace {
+
+constexpr int intentosMaximos = 4;
+constexpr qsizetype largoCompleto = 8; // a reply of so many characters is taken at once
+constexpr std::int16_t ticksMaximos = 90;
+
+bool esPalabraDelServicio(const QString &respuesta)
+{
+    return respuesta == u"SI" || respuesta == u"NO";
+}
+
+} // namespace
+
+frmCargador::frmCargador(Servicio &servicio) : m_servicio(servicio)
+{
+    Timer1.setInterval(std::chrono::milliseconds(1000));
+    Timer2.setInterval(std::chrono::milliseconds(10));
+    connect(&Timer1, &QTimer::timeout, this, &frmCargador::Timer1_Timer);
+    connect(&Timer2, &QTimer::timeout, this, &frmCargador::Timer2_Timer);
+}
+
+QString frmCargador::direccionDe(const QString &url, const QString &parametros, bool usarAzar,
+                                 std::int32_t azar)
+{
+    if (usarAzar)
+        return url + QStringLiteral("?azar=") + QString::number(azar) + u'&' + parametros;
+    if (parametros.size() > 2)
+        return url + u'?' + parametros;
+    return url;
+}
+
+QString frmCargador::conectar(const QString &url, const QString &parametros, bool usarAzar)
+{
+    // The length is that of the empty body; a GET carries the headers of a form all the same,
+    // as the service expects them.
+    static const HttpClient::Cabeceras cabeceras = {
+        {"Content-type", "application/x-www-form-urlencoded"},
+        {"Content-length", "0"},
+        {"Connection", "close"}};
+
+    QString respuesta;
+    for (int intento = 0; intento < intentosMaximos;) {
+        abrir();
+        m_servicio.azar.sembrar();
+        const QString direccion =
+            direccionDe(url, parametros, usarAzar, m_servicio.azar.numero());
+        ceder();
+        const auto cuerpo = m_servicio.http.get(codepage::aBytes(direccion), cabeceras);
+        ceder();
+        if (cuerpo)
+            respuesta = codepage::aTexto(*cuerpo);
+        if (respuesta.size() >= largoCompleto)
+            break;
+        ++intento;
+        m_ticks = 0;
+        if (esPalabraDelServicio(respuesta))
+            break;
+    }
+    cerrar();
+    return respuesta;
+}
+
+void frmCargador::abrir()
+{
+    Timer1.start();
+    Timer2.start();
+}
+
+void frmCargador::cerrar()
+{
+    Timer1.stop();
+    Timer2.stop();
+}
+
+// Only tidies a loader that is left open; a request in flight belongs to its call and goes on.
+void frmCargador::Timer1_Timer()
+{
+    if (++m_ticks > ticksMaximos)
+        cerrar();
+}
+
+void frmCargador::Timer2_Timer()
+{
+    ceder();
+}
