@@ -1,0 +1,32 @@
+// The school's students.
+#pragma once
+
+#include "records/tcListaDe.h"
+#include "records/tcUnAlumno.h"
+
+struct Servicio;
+
+class tcAlumnos : public tcListaDe<tcUnAlumno> {
+    Q_OBJECT
+public:
+    explicit tcAlumnos(Servicio &servicio) : m_servicio(servicio) { }
+
+    // Adds a record under the key `sKey` and returns it, also when the key is already there and
+    // the record is refused.
+    Referencia Add(const QString &id, const QString &nombre, const QString &sKey);
+
+    // Adds the records of a matrix reply to those that are there.
+    void Fcargar(const QString &rta);
+
+    Elemento elemento(int posicion) const override;
+
+    // Store one page (or photo) for each student in the archive; see archive/descargas.h.
+    void downInfoFinal();
+    void downCertificado();
+    void downHojaMat();
+    void downInfoAlumno();
+    void downFotosAlumno();
+
+private:
+    Servicio &m_servicio;
+};

@@ -1,0 +1,76 @@
+// An ordered collection of records with keyed access: insertion order is kept, keys are unique
+// without regard to letter case.
+#pragma once
+
+#include "platform/codepage.h"
+
+#include <QHash>
+#include <QList>
+#include <QString>
+
+#include <memory>
+
+template <typename Registro>
+class tcColeccion {
+public:
+    using Referencia = std::shared_ptr<Registro>;
+
+    // False when the key is already there: the first record with a key stays.
+    bool add(const Referencia &registro, const QString &clave)
+    {
+        const QString plegada = codepage::enMinusculas(clave);
+        if (m_porClave.contains(plegada))
+            return false;
+        m_porClave.insert(plegada, registro);
+        m_enOrden.append({plegada, registro});
+        return true;
+    }
+
+    int count() const { return static_cast<int>(m_enOrden.size()); }
+
+    // The record at a position counted from 1, or under a key; null when there is none.
+    Referencia item(int posicion) const
+    {
+        return posicion >= 1 && posicion <= count() ? m_enOrden[posicion - 1].registro : nullptr;
+    }
+    Referencia item(const QString &clave) const
+    {
+        return m_porClave.value(codepage::enMinusculas(clave));
+    }
+
+    // False when there is no such record.
+    bool remove(int posicion)
+    {
+        if (posicion < 1 || posicion > count())
+            return false;
+        m_porClave.remove(m_enOrden.takeAt(posicion - 1).clave);
+        return true;
+    }
+    bool remove(const QString &clave)
+    {
+        const QString plegada = codepage::enMinusculas(clave);
+        for (int posicion = 1; posicion <= count(); ++posicion) {
+            if (m_enOrden[posicion - 1].clave == plegada)
+                return remove(posicion);
+        }
+        return false;
+    }
+
+    // The records in insertion order, as they are now.
+    QList<Referencia> enOrden() const
+    {
+        QList<Referencia> registros;
+        registros.reserve(m_enOrden.size());
+        for (const Entrada &entrada : m_enOrden)
+            registros.append(entrada.registro);
+        return registros;
+    }
+
+private:
+    struct Entrada {
+        QString clave; // in lower case
+        Referencia registro;
+    };
+    QList<Entrada> m_enOrden;
+    QHash<QString, Referencia> m_porClave;
+};

@@ -1,0 +1,30 @@
+// The school's subjects.
+#pragma once
+
+#include "records/tcListaDe.h"
+#include "records/tcUnaMateria.h"
+
+struct Servicio;
+
+class tcMaterias : public tcListaDe<tcUnaMateria> {
+    Q_OBJECT
+public:
+    explicit tcMaterias(Servicio &servicio) : m_servicio(servicio) { }
+
+    // Adds a record under the key `sKey` and returns it, also when the key is already there and
+    // the record is refused.
+    Referencia Add(const QString &id, const QString &nombre, const QString &area,
+                   const QString &sKey);
+
+    // Adds the records of a matrix reply to those that are there; lets the window's other
+    // handlers run after each row.
+    void Fcargar(const QString &rta);
+
+    Elemento elemento(int posicion) const override;
+
+    // Stores the label images of all subjects, areas and fixed headings; see archive/etiquetas.h.
+    void downLabels();
+
+private:
+    Servicio &m_servicio;
+};

@@ -1,0 +1,9 @@
+// One student.
+#pragma once
+
+#include <QString>
+
+struct tcUnAlumno {
+    QString id;
+    QString nombre;
+};

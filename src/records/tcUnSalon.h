@@ -1,0 +1,9 @@
+// One classroom.
+#pragma once
+
+#include <QString>
+
+struct tcUnSalon {
+    QString id;
+    QString salon; // its name
+};

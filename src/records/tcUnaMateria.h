@@ -1,0 +1,10 @@
+// One subject.
+#pragma once
+
+#include <QString>
+
+struct tcUnaMateria {
+    QString id;
+    QString nombre;
+    QString area;
+};
