@@ -1,0 +1,18 @@
+// The archive download run: the order of its steps.
+#pragma once
+
+#include <QString>
+
+#include <memory>
+
+class tcAlumnos;
+class tcMaterias;
+class tcSalones;
+struct Servicio;
+
+// Builds the offline archive of the session's school and year, or writes over the one that is
+// there. `salones` holds the classrooms loaded at login; `alumnos` and `materias` are loaded
+// here (`materias` is made if it is not there yet). Every step runs whatever the one before it
+// brought: there is no failure to return.
+void descargarHistorico(Servicio &servicio, tcSalones &salones, tcAlumnos &alumnos,
+                        std::unique_ptr<tcMaterias> &materias);

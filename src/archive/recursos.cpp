@@ -1,0 +1,85 @@
+#include "archive/recursos.h"
+#include "archive/imagenes.h"
+#include "archive/rutasArchivo.h"
+#include "service/archivos.h"
+#include "service/frmCargador.h"
+#include "service/limpieza.h"
+#include "service/tomarValores.h"
+#include "shell/ElementosProgreso.h"
+
+#include <QStringList>
+
+namespace {
+
+const QStringList guiones = {QStringLiteral("jquery.tools.min.js"),
+                             QStringLiteral("jquery.tablesorter.min.js")};
+
+struct Variable {
+    QString nombre; // in the configuration script
+    QString campo;  // at the service
+};
+
+const QList<Variable> variables = {
+    {QStringLiteral("rector"), QStringLiteral("RECTOR")},
+    {QStringLiteral("secretaria"), QStringLiteral("SECRETARIA")},
+    {QStringLiteral("slogan"), QStringLiteral("SLOGAN")},
+    {QStringLiteral("micolegio"), QStringLiteral("MICOLEGIO")},
+    {QStringLiteral("direccion"), QStringLiteral("DIRECCION")},
+    {QStringLiteral("telefono"), QStringLiteral("TELEFONO")},
+    {QStringLiteral("cdane"), QStringLiteral("CDANE")},
+};
+
+const QList<Imagen> imagenesCompartidas = {
+    imagenes::delColegio(QStringLiteral("logo.png")),
+    imagenes::comun(QStringLiteral("default-avatar.png")),
+    imagenes::comun(QStringLiteral("bg.gif")),
+    imagenes::comun(QStringLiteral("asc.gif")),
+    imagenes::comun(QStringLiteral("desc.gif")),
+    imagenes::comun(QStringLiteral("promovido.png")),
+    imagenes::comun(QStringLiteral("reprobado.png")),
+    imagenes::delColegio(QStringLiteral("rector.png")),
+};
+
+} // namespace
+
+QString guionDeConfiguracion(const QList<QPair<QString, QString>> &valores)
+{
+    QString guion;
+    for (const auto &[nombre, valor] : valores)
+        guion += QStringLiteral("var ") + nombre + QStringLiteral(" = \"") + valor
+            + QStringLiteral("\";\r\n");
+    return guion;
+}
+
+void descargarRecursos(Servicio &servicio, const QString &carpetaArchivos)
+{
+    // The "config" folder stays empty; the configuration stands at the top of the archive.
+    for (const auto &carpeta :
+         {QStringLiteral("jscript"), QStringLiteral("config"), QStringLiteral("images")})
+        crearCarpeta(servicio, carpetaArchivos + carpeta);
+
+    frmCargador cargador(servicio);
+    elementosProgreso.barra1->ponerMaximo(2);
+    elementosProgreso.barra1->ponerValor(1);
+    elementosProgreso.barra2->avanzar();
+    elementosProgreso.estadoTS->ponerTexto(QStringLiteral("Descargando Scripts"));
+    for (const QString &guion : guiones) {
+        const QString texto = cargador.conectar(
+            servicio.ServiceBase + QStringLiteral("/jscript/") + guion, QString(), true);
+        // The separator is doubled: the folder's path ends with one already.
+        escribirTexto(servicio, texto, carpetaArchivos + QStringLiteral("\\jscript\\") + guion, true);
+    }
+
+    elementosProgreso.estadoTS->ponerTexto(QStringLiteral("Descargando Configuracion"));
+    QList<QPair<QString, QString>> valores;
+    for (const Variable &variable : variables) {
+        const QString valor = pedirValor(servicio, cargador, variable.campo, true);
+        valores.append({variable.nombre, sinSaltos(recortar(valor))});
+    }
+    escribirTexto(servicio, guionDeConfiguracion(valores),
+                  rutasArchivo::carpeta() + QStringLiteral("\\configuracion.txt"), true);
+
+    elementosProgreso.barra1->avanzar();
+    elementosProgreso.estadoTS->ponerTexto(QStringLiteral("Descargando Logotipos"));
+    descargarImagenes(servicio, imagenesCompartidas);
+}

@@ -1,0 +1,27 @@
+// The one place that knows where things stand in an archive. The root is written with a capital
+// C when it is created and with a lower-case one where paths are built; both are the same folder.
+#pragma once
+
+#include "archive/plantilla.h"
+
+#include <QString>
+
+struct Servicio;
+
+namespace rutasArchivo {
+
+// "C:\Quorvela"
+QString raiz();
+
+// The archive folder of the session's school and year, without a separator at its end:
+// "c:\Quorvela\123-2010".
+QString carpeta();
+
+// Its document folder, with one: "c:\Quorvela\123-2010\archivos\".
+QString documentos();
+
+// What the tables' texts may name: {base}, {colegio}, {anio}, {raiz}, {archivo} (the archive
+// folder), {documentos} and {imagenes} (the image folder, with a separator at its end).
+Valores valores(const Servicio &servicio);
+
+} // namespace rutasArchivo
