@@ -1,0 +1,77 @@
+#include "shell/CuadroMensaje.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QEventLoop>
+#include <QMessageBox>
+
+namespace {
+
+// Keeps the user's input from a window while a box stands before it. A modal box would do the
+// same but would also swallow the window's close button, and closing the window must end the
+// program at any moment.
+class EntradaRetenida : public QObject {
+public:
+    EntradaRetenida(QWidget *ventana, QMessageBox *cuadro) : m_ventana(ventana), m_cuadro(cuadro)
+    {
+        qApp->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject *objeto, QEvent *suceso) override
+    {
+        auto *elemento = qobject_cast<QWidget *>(objeto);
+        if (!elemento || elemento->window() != m_ventana || !esEntrada(suceso->type()))
+            return false;
+        if (suceso->type() == QEvent::MouseButtonPress) {
+            m_cuadro->raise();
+            m_cuadro->activateWindow();
+        }
+        return true;
+    }
+
+private:
+    static bool esEntrada(QEvent::Type tipo)
+    {
+        switch (tipo) {
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonRelease:
+        case QEvent::MouseButtonDblClick:
+        case QEvent::MouseMove:
+        case QEvent::Wheel:
+        case QEvent::KeyPress:
+        case QEvent::KeyRelease:
+        case QEvent::Shortcut:
+        case QEvent::ShortcutOverride:
+        case QEvent::TouchBegin:
+        case QEvent::TouchUpdate:
+        case QEvent::TouchEnd:
+        case QEvent::TabletPress:
+        case QEvent::TabletRelease:
+        case QEvent::ContextMenu:
+            return true;
+        default:
+            return false;
+        }
+    }
+
+    QWidget *m_ventana;
+    QMessageBox *m_cuadro;
+};
+
+} // namespace
+
+void cuadroMensaje(QWidget *ventana, const QString &texto)
+{
+    QMessageBox cuadro(QMessageBox::NoIcon, QApplication::applicationName(), QString(),
+                       QMessageBox::Ok, ventana);
+    cuadro.setTextFormat(Qt::PlainText);
+    cuadro.setText(texto);
+    cuadro.setWindowModality(Qt::NonModal);
+
+    const EntradaRetenida retenida(ventana, &cuadro);
+    QEventLoop espera;
+    QObject::connect(&cuadro, &QDialog::finished, &espera, &QEventLoop::quit);
+    cuadro.show();
+    cuadro.activateWindow();
+    espera.exec();
+}

@@ -1,0 +1,175 @@
+#include "shell/Form1.h"
+#include "archive/historico.h"
+#include "platform/Verbos.h"
+#include "service/archivos.h"
+#include "shell/CuadroMensaje.h"
+#include "shell/ElementosProgreso.h"
+#include "shell/Module1.h"
+#include "shell/ingreso.h"
+#include "shell/lineaElegida.h"
+#include "shell/listaHistoricos.h"
+#include "ui_Form1.h"
+
+#include <QCloseEvent>
+#include <QSvgRenderer>
+
+namespace {
+
+constexpr int twipsPorPixel = 15; // at 96 dpi
+constexpr int anchoTwips = 9350;
+constexpr int altoTwips = 7260;
+
+} // namespace
+
+Form1::Form1(Servicio &servicio, Verbos &verbos, std::function<void()> terminar)
+    : Salones(servicio), Alumnos(servicio), m_servicio(servicio), m_verbos(verbos),
+      m_terminar(std::move(terminar)), ui(std::make_unique<Ui::Form1>())
+{
+    ui->setupUi(this);
+    unirElementos();
+    Form_Load();
+}
+
+Form1::~Form1()
+{
+    elementosProgreso = ElementosProgreso();
+}
+
+// Ties the elements to their handlers and to the handle that the download procedures write.
+void Form1::unirElementos()
+{
+    elementosProgreso = {ui->barra1, ui->barra2, ui->estadoTS, ui->estadoHS};
+    ui->Dir1->ponerDisco(&m_servicio.disco);
+    ui->Image1->load(QStringLiteral(":/logo.svg"));
+    ui->Image1->renderer()->setAspectRatioMode(Qt::KeepAspectRatio);
+
+    const QList<QRadioButton *> modos = {ui->Option1_0, ui->Option1_1, ui->Option1_2, ui->Option1_3};
+    for (int indice = 0; indice < modos.size(); ++indice)
+        connect(modos[indice], &QRadioButton::clicked, this, [this, indice] { Option1_Click(indice); });
+
+    connect(&Salones, &tcSalones::nuevaDescarga, this, &Form1::Salones_nuevaDescarga);
+    connect(&Salones, &tcSalones::nuevaLinea, this,
+            [this](const QString &linea) { ui->List1->addItem(linea); });
+    connect(&Alumnos, &tcAlumnos::nuevaDescarga, this, &Form1::Alumnos_nuevaDescarga);
+
+    connect(ui->Command1, &QPushButton::clicked, this, &Form1::Command1_Click);
+    connect(ui->txtUser, &QLineEdit::returnPressed, ui->Command1, &QPushButton::click);
+    connect(ui->txtPwd, &QLineEdit::returnPressed, ui->Command1, &QPushButton::click);
+    connect(ui->Command2, &QPushButton::clicked, this, &Form1::Command2_Click);
+    connect(ui->Command3, &QPushButton::clicked, this, &Form1::Command3_Click);
+    connect(ui->Command4, &QPushButton::clicked, this, &Form1::Command4_Click);
+    connect(ui->ComboTipo, &QComboBox::activated, this, &Form1::ComboTipo_Click);
+    // By mouse or by keyboard; a list that only gets the focus has nothing chosen yet.
+    connect(ui->lstHistoricos, &QListWidget::itemSelectionChanged, this, [this] {
+        if (!ui->lstHistoricos->selectedItems().isEmpty())
+            lstHistoricos_Click();
+    });
+}
+
+void Form1::Form_Load()
+{
+    // A request made before a login would carry this as the school's id.
+    Module1::idColegio = QStringLiteral("ERROR");
+    resize(anchoTwips / twipsPorPixel, altoTwips / twipsPorPixel);
+    // The four panels share one cell of the window's layout: which one is seen is decided by
+    // their visibility alone.
+    const QList<QWidget *> ocultos = {ui->Frame2,    ui->Frame3,    ui->Frame4,   ui->Option1_1,
+                                      ui->Option1_2, ui->Option1_3, ui->Label5,   ui->barra1,
+                                      ui->barra2,    ui->Barra3,    ui->Dir1};
+    for (QWidget *elemento : ocultos)
+        elemento->setVisible(false);
+    ui->txtUser->setFocus();
+    cargaListaHistoricos();
+}
+
+void Form1::Option1_Click(int indice)
+{
+    const QList<QFrame *> paneles = {ui->Frame1, ui->Frame2, ui->Frame3, ui->Frame4};
+    for (QFrame *panel : paneles)
+        panel->setVisible(false);
+    if (indice >= 0 && indice < paneles.size())
+        paneles[indice]->setVisible(true);
+}
+
+void Form1::Salones_nuevaDescarga(const QString &elem)
+{
+    ceder();
+    ui->estadoHS->ponerTexto(elem);
+}
+
+// Without a yield, unlike the classrooms' handler: the students' progress has always been shown
+// at the yields of the run itself.
+void Form1::Alumnos_nuevaDescarga(const QString &elem)
+{
+    ui->estadoHS->ponerTexto(elem);
+}
+
+void Form1::closeEvent(QCloseEvent *suceso)
+{
+    suceso->accept();
+    Form_QueryUnload();
+}
+
+// The process ends at once, whatever is running; files written in part stay as they are.
+void Form1::Form_QueryUnload()
+{
+    m_terminar();
+}
+
+void Form1::Command1_Click()
+{
+    switch (ingreso::conectar(m_servicio, ui->txtUser->text(), ui->txtPwd->text())) {
+    case ingreso::Resultado::CredencialesMalas:
+        cuadroMensaje(this, QStringLiteral("Usuario y/o Contraseña incorrectas, intentelo de nuevo"));
+        return;
+    case ingreso::Resultado::RolInadecuado:
+        cuadroMensaje(this, QStringLiteral("Nivel de acceso inadecuado, se requiere Usuario y "
+                                           "Pasword de Secretaria"));
+        return;
+    case ingreso::Resultado::Aceptado:
+        break;
+    }
+    ui->Command1->setEnabled(false);
+    ui->Label5->setText(ui->Label5->text() + Module1::idColegio);
+    ui->Label5->setVisible(true);
+    for (QRadioButton *modo : {ui->Option1_1, ui->Option1_2, ui->Option1_3})
+        modo->setVisible(true);
+    ui->txtUser->setEnabled(false);
+    ui->txtPwd->setEnabled(false);
+    ingreso::cargarSalones(m_servicio, Salones);
+}
+
+void Form1::Command3_Click()
+{
+    for (QLabel *aviso : {ui->Label6_3, ui->Label6_10, ui->Label6_8, ui->Label6_9})
+        aviso->setVisible(false);
+    ui->barra1->setVisible(true);
+    ui->barra2->setVisible(true);
+    ui->Command3->setVisible(false);
+    ui->Command2->setVisible(true);
+    ui->Command4->setVisible(true);
+    ceder();
+    descargarHistorico(m_servicio, Salones, Alumnos, Materias);
+    cargaListaHistoricos();
+    cuadroMensaje(this, QStringLiteral("Listo Historico"));
+}
+
+void Form1::cargaListaHistoricos()
+{
+    ui->Dir1->Path(QStringLiteral("C:\\Quorvela"));
+    ui->Dir1->Refresh();
+    ceder();
+    ui->lstHistoricos->clear();
+    for (int fila = 0, cuantas = ui->Dir1->count(); fila < cuantas; ++fila)
+        ui->lstHistoricos->addItem(ui->Dir1->item(fila)->text());
+}
+
+void Form1::lstHistoricos_Click()
+{
+    ui->Command4->setEnabled(true);
+}
+
+void Form1::Command4_Click()
+{
+    m_verbos.abrir(m_servicio.disco.rutaNativa(portadaDe(lineaElegida(*ui->lstHistoricos))));
+}

@@ -1,0 +1,60 @@
+// The main window: four panels, one for each mode, and the handlers of their elements.
+//
+// Everything runs on the window's thread. Long runs let the window's other handlers run at their
+// yields; no handler guards against being entered again, only the elements that a run hides do.
+#pragma once
+
+#include "records/tcAlumnos.h"
+#include "records/tcMaterias.h"
+#include "records/tcSalones.h"
+
+#include <QWidget>
+
+#include <functional>
+#include <memory>
+
+class Verbos;
+struct Servicio;
+
+namespace Ui {
+class Form1;
+}
+
+class Form1 : public QWidget {
+    Q_OBJECT
+public:
+    // `terminar` ends the process; it is called when the window is closed and does not return
+    // in the program itself.
+    Form1(Servicio &servicio, Verbos &verbos, std::function<void()> terminar);
+    ~Form1() override;
+
+    // Fills the list of local archives.
+    void cargaListaHistoricos();
+
+    tcSalones Salones;
+    tcAlumnos Alumnos;
+    std::unique_ptr<tcMaterias> Materias; // made on first use; its event is not handled
+
+protected:
+    void closeEvent(QCloseEvent *suceso) override;
+
+private:
+    void Form_Load();
+    void Form_QueryUnload();
+    void Option1_Click(int indice);
+    void Salones_nuevaDescarga(const QString &elem);
+    void Alumnos_nuevaDescarga(const QString &elem);
+    void Command1_Click();
+    void Command2_Click();
+    void Command3_Click();
+    void Command4_Click();
+    void ComboTipo_Click();
+    void lstHistoricos_Click();
+
+    void unirElementos();
+
+    Servicio &m_servicio;
+    Verbos &m_verbos;
+    std::function<void()> m_terminar;
+    std::unique_ptr<Ui::Form1> ui;
+};

@@ -1,0 +1,83 @@
+// The print panel's handlers of the main window.
+#include "platform/Verbos.h"
+#include "printing/PanelImpresion.h"
+#include "printing/trabajos.h"
+#include "shell/CuadroMensaje.h"
+#include "shell/Form1.h"
+#include "shell/lineaElegida.h"
+#include "ui_Form1.h"
+
+namespace {
+
+// What the panel shows for a kind; the last row is for every other kind.
+struct FilaTipo {
+    QString tipo;
+    QString titulo; // of Label7_2
+    bool conPeriodo;
+};
+
+const QList<FilaTipo> filasTipo = {
+    {QStringLiteral("Boletines"), QStringLiteral("Imprimir Boletines del Periodo"), true},
+    {QStringLiteral("Informe Final"), QStringLiteral("Imprimir Informes Finales del Salon"), false},
+    {QStringLiteral("Certificado Final"),
+     QStringLiteral("Imprimir Certificados Finales del Salon"), false},
+    {QStringLiteral("Paz Y Salvos"), QStringLiteral("Imprimir Paz y salvos"), false},
+};
+
+// Observer reports, enrolment sheets and work sheets have no caption of their own, although they
+// can be printed.
+const FilaTipo otroTipo = {QString(), QStringLiteral("Seleccione que Imprimir"), false};
+
+class PanelDeForm1 : public PanelImpresion {
+public:
+    PanelDeForm1(QWidget *ventana, Ui::Form1 &ui) : m_ventana(ventana), m_ui(ui) { }
+
+    QString lineaSalon() const override { return lineaElegida(*m_ui.List1); }
+    int periodo() const override { return m_ui.Combo1->currentIndex() + 1; }
+    bool descargarEImprimir() const override { return m_ui.Option2_0->isChecked(); }
+    void mensaje(const QString &texto) override { cuadroMensaje(m_ventana, texto); }
+
+    void empezar(int maximo) override
+    {
+        m_ui.Barra3->ponerMaximo(maximo);
+        m_ui.Barra3->ponerValor(0);
+        m_ui.Barra3->setVisible(true);
+        mostrarBotones(false);
+    }
+    void avanzar() override { m_ui.Barra3->avanzar(); }
+    void terminar() override
+    {
+        m_ui.Barra3->setVisible(false);
+        mostrarBotones(true);
+    }
+
+private:
+    void mostrarBotones(bool visibles)
+    {
+        m_ui.Option2_0->setVisible(visibles);
+        m_ui.Option2_1->setVisible(visibles);
+        m_ui.Command2->setVisible(visibles);
+    }
+
+    QWidget *m_ventana;
+    Ui::Form1 &m_ui;
+};
+
+} // namespace
+
+void Form1::ComboTipo_Click()
+{
+    FilaTipo elegida = otroTipo;
+    for (const FilaTipo &fila : filasTipo) {
+        if (fila.tipo == ui->ComboTipo->currentText())
+            elegida = fila;
+    }
+    ui->Label7_2->setText(elegida.titulo);
+    ui->Combo1->setVisible(elegida.conPeriodo);
+}
+
+void Form1::Command2_Click()
+{
+    PanelDeForm1 panel(this, *ui);
+    correrTrabajo(ui->ComboTipo->currentText(), m_servicio, panel, m_verbos);
+}

@@ -1,0 +1,21 @@
+// A label for longer texts: plain text that wraps, never widens the window, and always has the
+// height of its lines.
+#pragma once
+
+#include "shell/ElementosProgreso.h"
+
+#include <QLabel>
+
+class RotuloPlegado : public QLabel, public Rotulo {
+    Q_OBJECT
+public:
+    explicit RotuloPlegado(QWidget *padre = nullptr);
+
+    void ponerTexto(const QString &texto) override;
+
+protected:
+    void resizeEvent(QResizeEvent *suceso) override;
+
+private:
+    void ajustarAlto();
+};

@@ -1,0 +1,20 @@
+// The login's decisions, apart from the window.
+#pragma once
+
+#include <QString>
+
+struct Servicio;
+class tcSalones;
+
+namespace ingreso {
+
+enum class Resultado { Aceptado, CredencialesMalas, RolInadecuado };
+
+// Asks the service whether the account may use the program. The session globals are set only
+// when it is accepted. User and password are sent as they stand.
+Resultado conectar(Servicio &servicio, const QString &usuario, const QString &clave);
+
+// Loads the school's classrooms; when the service does not answer, none.
+void cargarSalones(Servicio &servicio, tcSalones &salones);
+
+} // namespace ingreso

@@ -1,0 +1,6 @@
+#include "shell/listaHistoricos.h"
+
+QString portadaDe(const QString &historico)
+{
+    return historico + QStringLiteral("/index.html");
+}
