@@ -1,0 +1,263 @@
+// The run under bad input and faults: it goes on to its end, the rest of the archive is complete,
+// and nothing outside the archive root is touched.
+#include "archive/historico.h"
+#include "escenario/Escenario.h"
+#include "records/tcAlumnos.h"
+#include "records/tcMaterias.h"
+#include "records/tcSalones.h"
+
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QTest>
+
+#include <csignal>
+
+#include <sys/mount.h>
+#include <sys/resource.h>
+#include <unistd.h>
+
+namespace {
+
+// Every file of the archive but the labels' folder, with its length, by its path.
+QMap<QString, qint64> contenido(const Escenario &e)
+{
+    QMap<QString, qint64> archivos;
+    QDirIterator it(e.personal.path(), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+    while (it.hasNext()) {
+        it.next();
+        archivos.insert(QDir(e.personal.path()).relativeFilePath(it.filePath()), it.fileInfo().size());
+    }
+    return archivos;
+}
+
+// Files that only one of the two has.
+QStringList diferencia(const QMap<QString, qint64> &una, const QMap<QString, qint64> &otra)
+{
+    QStringList resultado;
+    for (auto it = una.cbegin(); it != una.cend(); ++it) {
+        if (!otra.contains(it.key()))
+            resultado.append(it.key());
+    }
+    for (auto it = otra.cbegin(); it != otra.cend(); ++it) {
+        if (!una.contains(it.key()))
+            resultado.append(it.key());
+    }
+    return resultado;
+}
+
+} // namespace
+
+class tst_fallas : public QObject {
+    Q_OBJECT
+private:
+    QMap<QString, qint64> m_completo;
+
+    static void correr(Escenario &e)
+    {
+        tcSalones salones(e.servicio);
+        tcAlumnos alumnos(e.servicio);
+        std::unique_ptr<tcMaterias> materias;
+        salones.Fcargar(QStringLiteral("501,QUINTO A"));
+        descargarHistorico(e.servicio, salones, alumnos, materias);
+        // The last step of the run was reached.
+        QCOMPARE(e.destinos().last(), QStringLiteral("/imgTXT.php?txt=Puesto"));
+    }
+
+    static Falla falla(Falla::Clase clase)
+    {
+        Falla resultado;
+        resultado.clase = clase;
+        return resultado;
+    }
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        Escenario e;
+        correr(e);
+        m_completo = contenido(e);
+        QVERIFY(m_completo.size() > 25);
+    }
+
+    void paginaQueFalla_quedaComoVinoYElRestoCompleto_data()
+    {
+        QTest::addColumn<int>("clase");
+        QTest::addColumn<QByteArray>("cuerpo");
+        QTest::addColumn<QByteArray>("guardado");
+        QTest::newRow("empty") << int(Falla::Vacia) << QByteArray() << QByteArray("\r\n");
+        QTest::newRow("short") << int(Falla::Cuerpo) << QByteArray("no") << QByteArray("no\r\n");
+        QTest::newRow("garbage") << int(Falla::Basura) << QByteArray() << QByteArray("\r\n");
+        QTest::newRow("cut off") << int(Falla::CierraEnMedio) << QByteArray() << QByteArray("\r\n");
+        QTest::newRow("closed at once") << int(Falla::CierraAntes) << QByteArray() << QByteArray("\r\n");
+        QTest::newRow("status 500") << int(Falla::Estado) << QByteArray("<h1>Error 500</h1>")
+                                    << QByteArray("<h1>Error 500</h1>\r\n");
+    }
+    void paginaQueFalla_quedaComoVinoYElRestoCompleto()
+    {
+        QFETCH(int, clase);
+        QFETCH(QByteArray, cuerpo);
+        QFETCH(QByteArray, guardado);
+        Escenario e;
+        Falla regla = falla(static_cast<Falla::Clase>(clase));
+        regla.cuerpo = cuerpo;
+        regla.estado = 500;
+        e.demo.fallar("&tipo=html&salon=501", regla);
+        correr(e);
+        QCOMPARE(e.leer(QStringLiteral("123-2010/archivos/salones/501.html")), guardado);
+        QCOMPARE(diferencia(contenido(e), m_completo), QStringList());
+    }
+
+    void archivoQueFalla_faltaYElRestoQuedaCompleto_data()
+    {
+        QTest::addColumn<int>("clase");
+        QTest::newRow("garbage") << int(Falla::Basura);
+        QTest::newRow("cut off") << int(Falla::CierraEnMedio);
+        QTest::newRow("closed at once") << int(Falla::CierraAntes);
+        QTest::newRow("status 500") << int(Falla::Estado);
+    }
+    void archivoQueFalla_faltaYElRestoQuedaCompleto()
+    {
+        QFETCH(int, clase);
+        Escenario e;
+        Falla regla = falla(static_cast<Falla::Clase>(clase));
+        regla.estado = 500;
+        regla.cuerpo = "error";
+        e.demo.fallar("logo.png", regla);
+        correr(e);
+        QCOMPARE(diferencia(contenido(e), m_completo),
+                 QStringList({QStringLiteral("Quorvela/123-2010/archivos/images/logo.png")}));
+    }
+
+    void servicioQueNuncaResponde_dejaLosArchivosVacios()
+    {
+        Escenario e;
+        e.demo.fallar("/", falla(Falla::CierraAntes));
+        correr(e);
+        QCOMPARE(e.leer(QStringLiteral("123-2010/index.html")), QByteArray("\r\n"));
+        QCOMPARE(e.leer(QStringLiteral("123-2010/archivos/salones/501.html")), QByteArray("\r\n"));
+        QVERIFY(e.leer(QStringLiteral("123-2010/configuracion.txt")).startsWith("var rector = \"\";\r\n"));
+        QCOMPARE(e.listar(QStringLiteral("123-2010/archivos/images/labels")), QStringList());
+    }
+
+    void filasMalas_danSoloLosRegistrosQueValen()
+    {
+        Escenario e;
+        const QByteArray buena = e.demo.escuela().alumnos.first().id.toLatin1();
+        // A missing field, a duplicate, line breaks, an empty row, and names that Windows refuses.
+        e.responder("alumnos.php?", buena + "\xAE" + buena + ",OTRO\xAE" "77\r\n,ANA\xAE\xAE" "a:b,X\xAE" "con,X");
+        e.responder("&tipo=html&salon=", "la pagina del salon");
+        correr(e);
+        const QStringList paginas = {QString::fromLatin1(buena) + QStringLiteral(".html"),
+                                     QStringLiteral("77.html")};
+        QStringList halladas = e.listar(QStringLiteral("123-2010/archivos/infoFinal"));
+        QCOMPARE(halladas, paginas);
+    }
+
+    void idsConSeparadoresYPuntos_noTocanNadaFueraDeLaRaiz()
+    {
+        Escenario e;
+        QFile testigo(e.personal.filePath(QStringLiteral("testigo.html")));
+        QVERIFY(testigo.open(QIODevice::WriteOnly));
+        testigo.write("intacto");
+        testigo.close();
+        e.responder("alumnos.php?",
+                    "..\\..\\..\\..\\testigo,A\xAE../../../../testigo,B\xAE/testigo,C\xAE"
+                    "..\\..\\..\\..\\..\\..\\testigo,D\xAE" "C:\\testigo,E");
+        e.responder("&tipo=html&salon=", "la pagina del salon");
+        correr(e);
+        QVERIFY(testigo.open(QIODevice::ReadOnly));
+        QCOMPARE(testigo.readAll(), QByteArray("intacto"));
+        QCOMPARE(QDir(e.personal.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+                 QStringList({QStringLiteral("Quorvela"), QStringLiteral("testigo.html")}));
+    }
+
+    void enlaceQueSaleDeLaRaiz_noSeSigue()
+    {
+        Escenario e;
+        const QTemporaryDir fuera;
+        QVERIFY(QDir().mkpath(e.nativa(QStringLiteral("123-2010/archivos"))));
+        QVERIFY(QFile::link(fuera.path(), e.nativa(QStringLiteral("123-2010/archivos/salones"))));
+        correr(e);
+        QCOMPARE(QDir(fuera.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList());
+        QVERIFY(e.existe(QStringLiteral("123-2010/archivos/consolidadoN/501.html")));
+    }
+
+    void archivoEnLugarDeCarpeta_pierdeSoloLoSuyo()
+    {
+        Escenario e;
+        QVERIFY(QDir().mkpath(e.nativa(QStringLiteral("123-2010/archivos"))));
+        QFile estorbo(e.nativa(QStringLiteral("123-2010/archivos/salones")));
+        QVERIFY(estorbo.open(QIODevice::WriteOnly));
+        estorbo.write("no soy carpeta");
+        estorbo.close();
+        correr(e);
+        QCOMPARE(e.leer(QStringLiteral("123-2010/archivos/salones")), QByteArray("no soy carpeta"));
+        QCOMPARE(diferencia(contenido(e), m_completo),
+                 QStringList({QStringLiteral("Quorvela/123-2010/archivos/salones"),
+                              QStringLiteral("Quorvela/123-2010/archivos/salones/501.html")}));
+    }
+
+    void carpetaSinPermiso_pierdeSoloLoSuyo()
+    {
+        Escenario e;
+        const QString carpeta = e.nativa(QStringLiteral("123-2010/archivos/salones"));
+        QVERIFY(QDir().mkpath(carpeta));
+        // The superuser ignores permissions: everything else is given to another user, as whom
+        // the run then goes on.
+        const bool raiz = ::geteuid() == 0;
+        const uid_t otro = 65534;
+        if (raiz) {
+            for (const QString &ruta :
+                 {e.personal.path(), e.nativa(QString()), e.nativa(QStringLiteral("123-2010")),
+                  e.nativa(QStringLiteral("123-2010/archivos")), carpeta})
+                QCOMPARE(::chown(QFile::encodeName(ruta).constData(), otro, otro), 0);
+        }
+        QVERIFY(QFile::setPermissions(carpeta, QFile::ReadOwner | QFile::ExeOwner));
+        if (raiz)
+            QCOMPARE(::seteuid(otro), 0);
+        correr(e);
+        if (raiz)
+            QCOMPARE(::seteuid(0), 0);
+        QFile::setPermissions(carpeta, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        QCOMPARE(diferencia(contenido(e), m_completo),
+                 QStringList({QStringLiteral("Quorvela/123-2010/archivos/salones/501.html")}));
+    }
+
+    void discoLleno_terminaLaCorridaYNoDejaImagenesAMedias()
+    {
+        Escenario e;
+        // A small file system of its own where that can be had; elsewhere every file hits a limit.
+        QVERIFY(QDir().mkpath(e.nativa(QString())));
+        const QByteArray punto = QFile::encodeName(e.nativa(QString()));
+        const bool montado = ::mount("tmpfs", punto.constData(), "tmpfs", 0, "size=256k") == 0;
+        struct rlimit antes = {};
+        if (!montado) {
+            std::signal(SIGXFSZ, SIG_IGN);
+            QCOMPARE(::getrlimit(RLIMIT_FSIZE, &antes), 0);
+            const struct rlimit limite = {2048, antes.rlim_max};
+            QCOMPARE(::setrlimit(RLIMIT_FSIZE, &limite), 0);
+        }
+        correr(e);
+        const QMap<QString, qint64> archivos = contenido(e);
+        if (montado)
+            QCOMPARE(::umount2(punto.constData(), MNT_DETACH), 0);
+        else
+            QCOMPARE(::setrlimit(RLIMIT_FSIZE, &antes), 0);
+        // What is there of the images is whole; what did not fit is missing.
+        int imagenesQueFaltan = 0;
+        for (auto it = m_completo.cbegin(); it != m_completo.cend(); ++it) {
+            if (!it.key().contains(QStringLiteral("/images/")) && !it.key().contains(QStringLiteral("/fotos/")))
+                continue;
+            if (archivos.contains(it.key()))
+                QCOMPARE(archivos.value(it.key()), it.value());
+            else
+                ++imagenesQueFaltan;
+        }
+        QVERIFY(imagenesQueFaltan > 0);
+        QVERIFY(archivos.keys().filter(QStringLiteral(".descarga-")).isEmpty());
+    }
+};
+
+QTEST_MAIN(tst_fallas)
+#include "tst_fallas.moc"

@@ -1,0 +1,83 @@
+#include "escenario/Escenario.h"
+#include "shell/Module1.h"
+
+#include <QDir>
+#include <QFile>
+#include <QRegularExpression>
+
+void BarraAnotada::ponerValor(int valor)
+{
+    if (valor < 0 || valor > maximo)
+        return;
+    m_valor = valor;
+    historia.append(QString::number(valor));
+}
+
+void BarraAnotada::ponerMaximo(int nuevo)
+{
+    maximo = nuevo;
+    historia.append(QStringLiteral("max %1").arg(nuevo));
+}
+
+Escenario::Escenario(const TamanoEscuela &tamano)
+    : demo(tamano), disco(personal.path()),
+      servicio{demo.base(), http, disco, azar,
+               [this](std::chrono::milliseconds duracion) { pausas.append(duracion); }}
+{
+    elementosProgreso = {&barra1, &barra2, &estadoTS, &estadoHS};
+    Module1::idColegio = QStringLiteral("123");
+    Module1::anoActual = QStringLiteral("2010");
+    Module1::rolUsuario = QStringLiteral("SECRETARIA");
+    Module1::usaBoleta2.clear();
+    Module1::usaInfoFin2.clear();
+    Module1::usaCertiFin2.clear();
+}
+
+Escenario::~Escenario()
+{
+    elementosProgreso = ElementosProgreso();
+}
+
+QStringList Escenario::destinos() const
+{
+    static const QRegularExpression consulta(QStringLiteral("\\?azar=\\d+&"));
+    static const QRegularExpression camino(QStringLiteral("/tessarin/\\d+$"));
+    QStringList resultado;
+    const auto peticiones = demo.peticiones();
+    for (const Peticion &peticion : peticiones) {
+        resultado.append(QString::fromLatin1(peticion.destino)
+                             .replace(consulta, QStringLiteral("?azar=#&"))
+                             .replace(camino, QStringLiteral("/tessarin/#")));
+    }
+    return resultado;
+}
+
+void Escenario::responder(const QByteArray &fragmento, const QByteArray &cuerpo, int veces)
+{
+    Falla falla;
+    falla.clase = Falla::Cuerpo;
+    falla.cuerpo = cuerpo;
+    demo.fallar(fragmento, falla, veces);
+}
+
+QString Escenario::nativa(const QString &ruta) const
+{
+    return personal.filePath(QStringLiteral("Quorvela/") + ruta);
+}
+
+QByteArray Escenario::leer(const QString &ruta) const
+{
+    QFile archivo(nativa(ruta));
+    return archivo.open(QIODevice::ReadOnly) ? archivo.readAll() : QByteArray();
+}
+
+bool Escenario::existe(const QString &ruta) const
+{
+    return QFile::exists(nativa(ruta));
+}
+
+QStringList Escenario::listar(const QString &carpeta) const
+{
+    return QDir(nativa(carpeta))
+        .entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
+}

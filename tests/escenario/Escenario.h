@@ -1,0 +1,66 @@
+// What tests of the program's procedures stand on: the demonstration school as a real service on
+// loopback, a drive C in a temporary folder, the session of its school, and progress elements
+// that remember what was written to them. Only the pause is a pretence: it notes its length.
+#pragma once
+
+#include "demo/ServicioDemo.h"
+#include "service/Servicio.h"
+#include "shell/ElementosProgreso.h"
+
+#include <QStringList>
+#include <QTemporaryDir>
+
+// A bar that keeps a history: "max 3", "0", "1".
+class BarraAnotada : public Barra {
+public:
+    int valor() const override { return m_valor; }
+    void ponerValor(int valor) override;
+    void ponerMaximo(int maximo) override;
+
+    int maximo = 100;
+    QStringList historia;
+
+private:
+    int m_valor = 0;
+};
+
+class RotuloAnotado : public Rotulo {
+public:
+    void ponerTexto(const QString &texto) override { historia.append(texto); }
+    QStringList historia;
+};
+
+class Escenario {
+public:
+    explicit Escenario(const TamanoEscuela &tamano = pequena());
+    ~Escenario();
+
+    // One classroom, two students, three subjects.
+    static TamanoEscuela pequena() { return {2010, 1, 2, 3}; }
+
+    // The targets asked for so far, without their cache-busting numbers ("azar=N&" becomes
+    // "azar=#&", a trailing "/tessarin/N" "/tessarin/#").
+    QStringList destinos() const;
+
+    // Puts an answer in place of the service's own for targets that contain the fragment.
+    void responder(const QByteArray &fragmento, const QByteArray &cuerpo, int veces = -1);
+
+    // A file of the archive, by its native path below the archive root; null when there is none.
+    QByteArray leer(const QString &ruta) const;
+    bool existe(const QString &ruta) const;
+    QStringList listar(const QString &carpeta) const; // files and folders, sorted
+    QString nativa(const QString &ruta) const;
+
+    ServicioDemo demo;
+    QTemporaryDir personal;
+    HttpClient http;
+    DriveC disco;
+    Azar azar;
+    QList<std::chrono::milliseconds> pausas;
+    Servicio servicio;
+
+    BarraAnotada barra1;
+    BarraAnotada barra2;
+    RotuloAnotado estadoTS;
+    RotuloAnotado estadoHS;
+};

@@ -1,0 +1,269 @@
+#include "escenario/Escenario.h"
+#include "service/frmCargador.h"
+
+#include <QRegularExpression>
+#include <QSignalSpy>
+#include <QTest>
+#include <QTimer>
+
+namespace {
+const QString pagina = QStringLiteral("/querys/tessarin/tomarValor.php");
+}
+
+class tst_frmCargador : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void direccion_seArmaSegunAzarYLargoDeLosParametros_data()
+    {
+        QTest::addColumn<QString>("parametros");
+        QTest::addColumn<bool>("usarAzar");
+        QTest::addColumn<QString>("direccion");
+        QTest::newRow("azar first") << QStringLiteral("a=1&b=2") << true
+                                    << QStringLiteral("http://s/p?azar=4711&a=1&b=2");
+        QTest::newRow("azar with an empty query leaves a trailing &")
+            << QString() << true << QStringLiteral("http://s/p?azar=4711&");
+        QTest::newRow("two characters are dropped") << QStringLiteral("ab") << false
+                                                    << QStringLiteral("http://s/p");
+        QTest::newRow("three characters are sent") << QStringLiteral("abc") << false
+                                                   << QStringLiteral("http://s/p?abc");
+        QTest::newRow("nothing") << QString() << false << QStringLiteral("http://s/p");
+    }
+    void direccion_seArmaSegunAzarYLargoDeLosParametros()
+    {
+        QFETCH(QString, parametros);
+        QFETCH(bool, usarAzar);
+        QFETCH(QString, direccion);
+        QCOMPARE(frmCargador::direccionDe(QStringLiteral("http://s/p"), parametros, usarAzar, 4711),
+                 direccion);
+    }
+
+    void pedido_llevaLasTresCabecerasEnSuOrden()
+    {
+        Escenario e;
+        e.responder("/p.php", "respuesta larga");
+        frmCargador cargador(e.servicio);
+        QCOMPARE(cargador.conectar(e.demo.base() + QStringLiteral("/p.php"), QStringLiteral("x=1"), false),
+                 QStringLiteral("respuesta larga"));
+        const auto peticiones = e.demo.peticiones();
+        QCOMPARE(peticiones.size(), 1);
+        const QByteArray servidor = e.demo.base().mid(7).toLatin1();
+        QCOMPARE(peticiones.first().bytes,
+                 QByteArray("GET /p.php?x=1 HTTP/1.1\r\n"
+                            "Host: " + servidor + "\r\n"
+                            "User-Agent: Parvanel/4.0\r\n"
+                            "Accept: */*\r\n"
+                            "Accept-Encoding: gzip, deflate\r\n"
+                            "Content-type: application/x-www-form-urlencoded\r\n"
+                            "Content-length: 0\r\n"
+                            "Connection: close\r\n\r\n"));
+    }
+
+    void respuesta_seRepiteSegunSuLargo_data()
+    {
+        QTest::addColumn<QByteArray>("respuesta");
+        QTest::addColumn<int>("pedidos");
+        QTest::newRow("SI is complete") << QByteArray("SI") << 1;
+        QTest::newRow("NO is complete") << QByteArray("NO") << 1;
+        QTest::newRow("si is not") << QByteArray("si") << 4;
+        QTest::newRow("SI with a line end is not") << QByteArray("SI\r\n") << 4;
+        QTest::newRow("three characters") << QByteArray("ERR") << 4;
+        QTest::newRow("a year") << QByteArray("2010") << 4;
+        QTest::newRow("seven characters") << QByteArray("1234567") << 4;
+        QTest::newRow("eight characters") << QByteArray("12345678") << 1;
+        QTest::newRow("empty") << QByteArray("") << 4;
+    }
+    void respuesta_seRepiteSegunSuLargo()
+    {
+        QFETCH(QByteArray, respuesta);
+        QFETCH(int, pedidos);
+        Escenario e;
+        e.responder("/p.php", respuesta);
+        frmCargador cargador(e.servicio);
+        QCOMPARE(cargador.conectar(e.demo.base() + QStringLiteral("/p.php"), {}, true),
+                 QString::fromLatin1(respuesta));
+        QCOMPARE(e.demo.peticiones().size(), pedidos);
+    }
+
+    void paginaDeError_deOchoCaracteresSeTomaDeUnaVez()
+    {
+        Escenario e;
+        Falla falla;
+        falla.clase = Falla::Estado;
+        falla.estado = 500;
+        falla.cuerpo = "Internal error";
+        e.demo.fallar("/p.php", falla);
+        frmCargador cargador(e.servicio);
+        QCOMPARE(cargador.conectar(e.demo.base() + QStringLiteral("/p.php"), {}, true),
+                 QStringLiteral("Internal error"));
+        QCOMPARE(e.demo.peticiones().size(), 1);
+    }
+
+    void cadaIntento_llevaUnNumeroNuevoEnSuRango()
+    {
+        Escenario e;
+        e.responder("/p.php", "ERR");
+        frmCargador cargador(e.servicio);
+        cargador.conectar(e.demo.base() + QStringLiteral("/p.php"), QStringLiteral("a=b"), true);
+        static const QRegularExpression forma(QStringLiteral("^/p\\.php\\?azar=(\\d+)&a=b$"));
+        QSet<int> numeros;
+        const auto peticiones = e.demo.peticiones();
+        for (const Peticion &peticion : peticiones) {
+            const auto hallado = forma.match(QString::fromLatin1(peticion.destino));
+            QVERIFY2(hallado.hasMatch(), peticion.destino.constData());
+            const int numero = hallado.captured(1).toInt();
+            QVERIFY(numero >= 1000 && numero <= 1000000);
+            numeros.insert(numero);
+        }
+        QVERIFY(numeros.size() > 1);
+    }
+
+    void respuestaTardia_terminaLosReintentos()
+    {
+        Escenario e;
+        e.responder("/p.php", "ya llego completa");
+        e.responder("/p.php", "no", 2);
+        frmCargador cargador(e.servicio);
+        QCOMPARE(cargador.conectar(e.demo.base() + QStringLiteral("/p.php"), {}, true),
+                 QStringLiteral("ya llego completa"));
+        QCOMPARE(e.demo.peticiones().size(), 3);
+    }
+
+    void intentoFallido_dejaLaRespuestaAnterior()
+    {
+        Escenario e;
+        Falla corte;
+        corte.clase = Falla::CierraAntes;
+        e.demo.fallar("/p.php", corte);
+        e.responder("/p.php", "corta", 1);
+        frmCargador cargador(e.servicio);
+        QCOMPARE(cargador.conectar(e.demo.base() + QStringLiteral("/p.php"), {}, true),
+                 QStringLiteral("corta"));
+        QCOMPARE(e.demo.peticiones().size(), 4);
+    }
+
+    void falla_daTextoVacioTrasCuatroIntentos_data()
+    {
+        QTest::addColumn<int>("clase");
+        QTest::newRow("closed before the reply") << int(Falla::CierraAntes);
+        QTest::newRow("cut off in the middle") << int(Falla::CierraEnMedio);
+        QTest::newRow("garbage") << int(Falla::Basura);
+        QTest::newRow("empty body") << int(Falla::Vacia);
+    }
+    void falla_daTextoVacioTrasCuatroIntentos()
+    {
+        QFETCH(int, clase);
+        Escenario e;
+        Falla falla;
+        falla.clase = static_cast<Falla::Clase>(clase);
+        e.demo.fallar("salones.php", falla);
+        frmCargador cargador(e.servicio);
+        QCOMPARE(cargador.conectar(e.demo.base() + QStringLiteral("/querys/tessarin/salones.php"),
+                                   QStringLiteral("idcolegio=123&tipo=html"), true),
+                 QString());
+        QCOMPARE(e.demo.peticiones().size(), 4);
+    }
+
+    void conexionRechazada_daTextoVacio()
+    {
+        QString muerta;
+        {
+            const ServicioDemo otro(Escenario::pequena());
+            muerta = otro.base();
+        }
+        Escenario e;
+        frmCargador cargador(e.servicio);
+        QCOMPARE(cargador.conectar(muerta + QStringLiteral("/p.php"), {}, true), QString());
+    }
+
+    void cadaByte_llegaComoSuCaracterDelCodigo1252()
+    {
+        QByteArray todos;
+        for (int i = 0; i < 256; ++i)
+            todos.append(static_cast<char>(i));
+        Escenario e;
+        e.responder("/p.php", todos);
+        frmCargador cargador(e.servicio);
+        const QString texto = cargador.conectar(e.demo.base() + QStringLiteral("/p.php"), {}, false);
+        QCOMPARE(texto.size(), 256);
+        QCOMPARE(texto[0x00], QChar(0));
+        QCOMPARE(texto[0x80], QChar(0x20AC));
+        QCOMPARE(texto[0x81], QChar(0x81));
+        QCOMPARE(texto[0xAE], QChar(0xAE));
+        QCOMPARE(texto[0xF1], QChar(0xF1));
+        QCOMPARE(texto[0xFF], QChar(0xFF));
+    }
+
+    void paginaUtf8_llegaDeformada()
+    {
+        Escenario e;
+        e.responder("/p.php", "A\xC3\xB1o escolar");
+        frmCargador cargador(e.servicio);
+        QCOMPARE(cargador.conectar(e.demo.base() + QStringLiteral("/p.php"), {}, false),
+                 QStringLiteral("A\u00C3\u00B1o escolar"));
+    }
+
+    void parametros_vanSinEscaparMasQueLoImposible()
+    {
+        Escenario e;
+        e.responder("/p.php", "respuesta larga");
+        frmCargador cargador(e.servicio);
+        cargador.conectar(e.demo.base() + QStringLiteral("/p.php"),
+                          QStringLiteral("f=http://h/a b&g=á&h=x=y//..%20"), false);
+        QCOMPARE(e.demo.peticiones().first().destino,
+                 QByteArray("/p.php?f=http://h/a%20b&g=%E1&h=x=y//..%20"));
+    }
+
+    void cargador_estaAbiertoSoloMientrasPide()
+    {
+        Escenario e;
+        Falla demora;
+        demora.clase = Falla::Demora;
+        demora.demora = std::chrono::milliseconds(60);
+        e.demo.fallar("salones.php", demora);
+        frmCargador cargador(e.servicio);
+        QVERIFY(!cargador.abierto());
+        bool abiertoAlPedir = false;
+        QTimer::singleShot(10, &cargador, [&] { abiertoAlPedir = cargador.abierto(); });
+        QVERIFY(!cargador.conectar(e.demo.base() + QStringLiteral("/querys/tessarin/salones.php"),
+                                   QStringLiteral("idcolegio=123&tipo=html"), true).isEmpty());
+        QVERIFY(abiertoAlPedir);
+        QVERIFY(!cargador.abierto());
+    }
+
+    void vigilante_cierraElCargadorSinCortarElPedido()
+    {
+        Escenario e;
+        Falla demora;
+        demora.clase = Falla::Demora;
+        demora.demora = std::chrono::milliseconds(300);
+        e.demo.fallar("salones.php", demora);
+        frmCargador cargador(e.servicio);
+        // The watchdog's seconds, one by one, without their waiting.
+        const auto relojes = cargador.findChildren<QTimer *>();
+        QTimer *vigilante = nullptr;
+        for (QTimer *reloj : relojes) {
+            if (reloj->interval() == 1000)
+                vigilante = reloj;
+        }
+        QVERIFY(vigilante);
+        bool abiertoEnNoventa = false;
+        bool abiertoDespues = true;
+        QTimer::singleShot(10, &cargador, [&] {
+            for (int tick = 0; tick < 90; ++tick)
+                QMetaObject::invokeMethod(vigilante, "timeout", Qt::DirectConnection,
+                                          QGenericArgument());
+            abiertoEnNoventa = cargador.abierto();
+            QMetaObject::invokeMethod(vigilante, "timeout", Qt::DirectConnection, QGenericArgument());
+            abiertoDespues = cargador.abierto();
+        });
+        const QString texto =
+            cargador.conectar(e.demo.base() + QStringLiteral("/querys/tessarin/salones.php"),
+                              QStringLiteral("idcolegio=123&tipo=html"), true);
+        QVERIFY(abiertoEnNoventa);
+        QVERIFY(!abiertoDespues);
+        QVERIFY(texto.contains(QStringLiteral("<html"), Qt::CaseInsensitive));
+    }
+};
+
+QTEST_MAIN(tst_frmCargador)
+#include "tst_frmCargador.moc"

@@ -1,0 +1,104 @@
+#include "escenario/Escenario.h"
+#include "service/tomarValores.h"
+#include "shell/Module1.h"
+
+#include <QTest>
+
+class tst_tomarValores : public QObject {
+    Q_OBJECT
+private:
+    static void vaciarSesion()
+    {
+        Module1::idColegio = QStringLiteral("ERROR");
+        for (QString *valor : {&Module1::anoActual, &Module1::rolUsuario, &Module1::usaBoleta2,
+                               &Module1::usaInfoFin2, &Module1::usaCertiFin2})
+            valor->clear();
+    }
+
+private Q_SLOTS:
+    void rol_seComparaExacto_data()
+    {
+        QTest::addColumn<QString>("respuesta");
+        QTest::addColumn<bool>("aceptado");
+        QTest::newRow("secretary") << QStringLiteral("12,SECRETARIA") << true;
+        QTest::newRow("super administrator") << QStringLiteral("12,SUPERADMIN") << true;
+        QTest::newRow("further fields") << QStringLiteral("12,SECRETARIA,x,y") << true;
+        QTest::newRow("lower case") << QStringLiteral("12,secretaria") << false;
+        QTest::newRow("teacher") << QStringLiteral("12,DOCENTE") << false;
+        QTest::newRow("blank after the role") << QStringLiteral("12,SECRETARIA ") << false;
+        QTest::newRow("error in lower case") << QStringLiteral("error") << false;
+        QTest::newRow("empty") << QString() << false;
+    }
+    void rol_seComparaExacto()
+    {
+        QFETCH(QString, respuesta);
+        QFETCH(bool, aceptado);
+        Escenario e;
+        vaciarSesion();
+        QCOMPARE(tomarValores(e.servicio, respuesta), aceptado);
+        QCOMPARE(Module1::rolUsuario, aceptado ? QStringLiteral("SECRETARIA") : QString());
+        QCOMPARE(Module1::idColegio, aceptado ? QStringLiteral("12") : QStringLiteral("ERROR"));
+        QCOMPARE(e.demo.peticiones().isEmpty(), !aceptado);
+    }
+
+    void ajustes_sePidenEnSuOrdenConElIdComoVino()
+    {
+        Escenario e;
+        e.responder("campo=", "un valor largo");
+        QVERIFY(tomarValores(e.servicio, QStringLiteral("12\r\n,SECRETARIA")));
+        const QString pagina = QStringLiteral("/querys/tessarin/tomarValor.php?azar=#&idcolegio=12");
+        QCOMPARE(e.destinos(), QStringList({pagina + QStringLiteral("%0D%0A&campo=ANOACTUAL"),
+                                            pagina + QStringLiteral("&campo=USABOLETA2"),
+                                            pagina + QStringLiteral("&campo=USAINFOFIN2"),
+                                            pagina + QStringLiteral("&campo=USACERTIFIN2")}));
+        QCOMPARE(Module1::idColegio, QStringLiteral("12"));
+    }
+
+    void interruptor_seGuardaComoSuReglaDice_data()
+    {
+        QTest::addColumn<QByteArray>("respuesta");
+        QTest::addColumn<QString>("boletin");
+        QTest::addColumn<QString>("certificado");
+        QTest::newRow("1 with blanks") << QByteArray(" 1 ") << QStringLiteral("SI") << QStringLiteral("1");
+        QTest::newRow("si") << QByteArray("si") << QStringLiteral("SI") << QStringLiteral("si");
+        QTest::newRow("SI") << QByteArray("SI") << QStringLiteral("SI") << QStringLiteral("SI");
+        QTest::newRow("0") << QByteArray("0") << QStringLiteral("0") << QStringLiteral("0");
+        QTest::newRow("accented letters") << QByteArray("s\xED") << QStringLiteral("SÍ") << QStringLiteral("sí");
+        QTest::newRow("1 with a line end") << QByteArray("1\r\n") << QStringLiteral("1\r\n")
+                                           << QStringLiteral("1\r\n");
+    }
+    void interruptor_seGuardaComoSuReglaDice()
+    {
+        QFETCH(QByteArray, respuesta);
+        QFETCH(QString, boletin);
+        QFETCH(QString, certificado);
+        Escenario e;
+        e.responder("campo=USA", respuesta);
+        QVERIFY(tomarValores(e.servicio, QStringLiteral("123,SECRETARIA")));
+        QCOMPARE(Module1::usaBoleta2, boletin);
+        QCOMPARE(Module1::usaInfoFin2, boletin);
+        QCOMPARE(Module1::usaCertiFin2, certificado);
+    }
+
+    void anoConSaltoYBlancos_quedaSoloElAno()
+    {
+        Escenario e;
+        e.responder("campo=ANOACTUAL", " 2010\r\n");
+        QVERIFY(tomarValores(e.servicio, QStringLiteral("123,SECRETARIA")));
+        QCOMPARE(Module1::anoActual, QStringLiteral("2010"));
+    }
+
+    void ajustesSinRespuesta_quedanVaciosYElRolVale()
+    {
+        Escenario e;
+        Falla falla;
+        falla.clase = Falla::CierraAntes;
+        e.demo.fallar("tomarValor.php", falla);
+        QVERIFY(tomarValores(e.servicio, QStringLiteral("123,SUPERADMIN")));
+        QCOMPARE(Module1::anoActual, QString());
+        QCOMPARE(Module1::usaBoleta2, QString());
+    }
+};
+
+QTEST_MAIN(tst_tomarValores)
+#include "tst_tomarValores.moc"

@@ -1,0 +1,286 @@
+#include "shell/VentanaDePrueba.h"
+
+#include "shell/Module1.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QProgressBar>
+#include <QRadioButton>
+
+namespace {
+const char *const paneles[] = {"Frame1", "Frame2", "Frame3", "Frame4"};
+const char *const modos[] = {"Option1_0", "Option1_1", "Option1_2", "Option1_3"};
+}
+
+class tst_Form1 : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void textos_sonLosDelDiseno_data()
+    {
+        QTest::addColumn<QByteArray>("nombre");
+        QTest::addColumn<QString>("texto");
+        const QList<QPair<const char *, QString>> textos = {
+            {"Option1_0", QStringLiteral("Login")},
+            {"Option1_1", QStringLiteral("Descargar Historicos")},
+            {"Option1_2", QStringLiteral("Imprimir en Lote")},
+            {"Option1_3", QStringLiteral("Ver mis Historicos")},
+            {"Label1", QStringLiteral("Usuario")},
+            {"Label2", QStringLiteral("Contraseña")},
+            {"Command1", QStringLiteral("Conectar")},
+            {"Label5", QStringLiteral("Conectado OK:")},
+            {"Label4", QStringLiteral("Con esta opcion usted descarga los archivos historicos de su colegio para "
+                                      "que los revise sin necesidad de estar conectado al Internet.")},
+            {"Label7_0", QStringLiteral("Archivos a descargar del año actual")},
+            {"Label6_0", QStringLiteral("Listado de Sedes y Salones")},
+            {"Label6_1", QStringLiteral("Listado de Alumnos por Salon")},
+            {"Label6_4", QStringLiteral("Informe final de calificaciones")},
+            {"Label6_5", QStringLiteral("Certificado final")},
+            {"Label6_6", QStringLiteral("Consolidado rendimiento y fallas X salon")},
+            {"Label6_7", QStringLiteral("Hoja de matricula")},
+            {"Label6_10", QStringLiteral("Importante")},
+            {"Label6_9", QStringLiteral("Los archivos historicos existentes, se sobreescriben")},
+            {"Label6_8", QStringLiteral("El tiempo de descarga es de 99 minutos por cada 500 alumnos (aprox)")},
+            {"Label6_3", QStringLiteral("El historico sera almacenado en la carpeta: C:\\Quorvela")},
+            {"Command3", QStringLiteral("Descargar")},
+            {"estadoTS", QStringLiteral("..")},
+            {"estadoHS", QStringLiteral("..")},
+            {"Option2_0", QStringLiteral("Descargar e Imprimir")},
+            {"Option2_1", QStringLiteral("Solo Descargar")},
+            {"Command2", QStringLiteral("Imprimir")},
+            {"Label7_1", QStringLiteral("1. Seleccione un Salon")},
+            {"Label7_2", QStringLiteral("2. Imprimir Boletines del Periodo")},
+            {"Label6_2", QStringLiteral("Los Boletines descargados se almacenan en la carpeta Historicos")},
+            {"Label3", QStringLiteral("Usuario")},
+            {"Label10", QStringLiteral("Seleccione el historico del año que desea consultar")},
+            {"Command4", QStringLiteral("Ver Historico Año Seleccionado")},
+        };
+        for (const auto &[nombre, texto] : textos)
+            QTest::newRow(nombre) << QByteArray(nombre) << texto;
+    }
+    void textos_sonLosDelDiseno()
+    {
+        QFETCH(QByteArray, nombre);
+        QFETCH(QString, texto);
+        const VentanaDePrueba v;
+        QCOMPARE(v.elemento(nombre.constData())->property("text").toString(), texto);
+    }
+
+    void ventana_abreConSuTituloYTamano()
+    {
+        const VentanaDePrueba v;
+        QCOMPARE(v.form.windowTitle(), QStringLiteral("Parvanel Version 4.0"));
+        QCOMPARE(v.form.size(), QSize(623, 484)); // 9350 by 7260 twips at 15 to the pixel
+    }
+
+    void listasDesplegables_tienenSusOpciones()
+    {
+        const VentanaDePrueba v;
+        const auto opciones = [&](const char *nombre) {
+            QStringList textos;
+            const auto *combo = v.elemento<QComboBox>(nombre);
+            for (int i = 0; i < combo->count(); ++i)
+                textos.append(combo->itemText(i));
+            return textos;
+        };
+        QCOMPARE(opciones("ComboTipo"),
+                 QStringList({QStringLiteral("Boletines"), QStringLiteral("Informe Final"),
+                              QStringLiteral("Certificado Final"), QStringLiteral("Paz Y Salvos"),
+                              QStringLiteral("Observador"), QStringLiteral("Hoja Matricula"),
+                              QStringLiteral("Planilla Trabajo")}));
+        QCOMPARE(opciones("Combo1"), QStringList({QStringLiteral("Periodo 1"), QStringLiteral("Periodo 2"),
+                                                  QStringLiteral("Periodo 3"), QStringLiteral("Periodo 4")}));
+        QCOMPARE(v.elemento<QComboBox>("ComboTipo")->placeholderText(),
+                 QStringLiteral("Seleccione que Imprimir"));
+        QCOMPARE(v.elemento<QComboBox>("Combo1")->placeholderText(), QStringLiteral("Seleccione..."));
+        QCOMPARE(v.elemento<QComboBox>("ComboTipo")->currentIndex(), -1);
+        QCOMPARE(v.elemento<QComboBox>("Combo1")->currentIndex(), -1);
+        QVERIFY(!v.elemento<QComboBox>("ComboTipo")->isEditable());
+    }
+
+    void ayudaDeLosTitulos_esLaMisma()
+    {
+        const VentanaDePrueba v;
+        for (const char *nombre : {"Label7_0", "Label7_1", "Label7_2"})
+            QCOMPARE(v.elemento(nombre)->toolTip(),
+                     QStringLiteral("Escriba el Año para el cual esta descargando el Historico"));
+    }
+
+    void antesDelIngreso_soloSeOfreceLogin()
+    {
+        const VentanaDePrueba v;
+        QVERIFY(v.visible("Option1_0"));
+        for (const char *modo : {"Option1_1", "Option1_2", "Option1_3"})
+            QVERIFY2(!v.visible(modo), modo);
+        QVERIFY(v.visible("Frame1"));
+        for (const char *panel : {"Frame2", "Frame3", "Frame4"})
+            QVERIFY2(!v.visible(panel), panel);
+        QVERIFY(!v.visible("Label5"));
+        QCOMPARE(Module1::idColegio, QStringLiteral("ERROR"));
+    }
+
+    void alAbrir_cadaElementoDeLosPanelesEstaComoDebe()
+    {
+        const VentanaDePrueba v;
+        // Whether an element itself is hidden, whatever its panel.
+        for (const char *nombre : {"barra1", "barra2", "Barra3", "Dir1", "Label5"})
+            QVERIFY2(v.elemento(nombre)->isHidden(), nombre);
+        for (const char *nombre :
+             {"Label4", "Label7_0", "Label6_0", "Label6_3", "Label6_8", "Label6_9", "Label6_10", "Command3",
+              "estadoTS", "estadoHS", "Line1", "Shape1_0", "Shape1_5", "ComboTipo", "Combo1", "List1",
+              "Option2_0", "Option2_1", "Command2", "Label7_1", "Label7_2", "Label6_2", "Label3", "Line2",
+              "Label10", "lstHistoricos", "Command4"})
+            QVERIFY2(!v.elemento(nombre)->isHidden(), nombre);
+        QVERIFY(!v.elemento("Command4")->isEnabled());
+        QVERIFY(v.elemento<QRadioButton>("Option2_0")->isChecked());
+        for (const char *barra : {"barra1", "barra2", "Barra3"})
+            QCOMPARE(v.elemento<QProgressBar>(barra)->value(), 0);
+    }
+
+    void cadaElemento_esHijoDeSuPanel_data()
+    {
+        QTest::addColumn<QByteArray>("panel");
+        QTest::addColumn<QList<QByteArray>>("nombres");
+        QTest::newRow("Frame1") << QByteArray("Frame1")
+                                << QList<QByteArray>{"Label1", "Label2", "txtUser", "txtPwd", "Command1", "Label5"};
+        QTest::newRow("Frame2")
+            << QByteArray("Frame2")
+            << QList<QByteArray>{"Label4", "Label7_0", "Label6_0", "Label6_1", "Label6_4", "Label6_5",
+                                 "Label6_6", "Label6_7", "Shape1_0", "Shape1_5", "Label6_10", "Label6_9",
+                                 "Label6_8", "Label6_3", "Command3", "barra1", "barra2", "estadoTS", "estadoHS",
+                                 "Line1"};
+        QTest::newRow("Frame3")
+            << QByteArray("Frame3")
+            << QList<QByteArray>{"ComboTipo", "Combo1", "List1", "Option2_0", "Option2_1", "Barra3", "Command2",
+                                 "Label7_1", "Label7_2", "Label6_2", "Label3", "Line2"};
+        QTest::newRow("Frame4") << QByteArray("Frame4")
+                                << QList<QByteArray>{"Label10", "Dir1", "lstHistoricos", "Command4"};
+    }
+    void cadaElemento_esHijoDeSuPanel()
+    {
+        QFETCH(QByteArray, panel);
+        QFETCH(QList<QByteArray>, nombres);
+        const VentanaDePrueba v;
+        for (const QByteArray &nombre : nombres)
+            QVERIFY2(v.elemento(panel.constData())->isAncestorOf(v.elemento(nombre.constData())),
+                     nombre.constData());
+    }
+
+    void modo_muestraUnSoloPanel_data()
+    {
+        QTest::addColumn<int>("modo");
+        for (int modo = 0; modo < 4; ++modo)
+            QTest::newRow(modos[modo]) << modo;
+    }
+    void modo_muestraUnSoloPanel()
+    {
+        QFETCH(int, modo);
+        VentanaDePrueba v;
+        v.ingresar();
+        for (const int vez : {1, 2}) {
+            Q_UNUSED(vez)
+            v.elegir(modos[modo]);
+            for (int panel = 0; panel < 4; ++panel)
+                QCOMPARE(v.visible(paneles[panel]), panel == modo);
+        }
+    }
+
+    void paneles_ocupanElMismoLugar()
+    {
+        VentanaDePrueba v;
+        v.ingresar();
+        const QPoint lugar = v.elemento("Frame1")->pos();
+        for (int modo = 0; modo < 4; ++modo) {
+            v.elegir(modos[modo]);
+            QCOMPARE(v.elemento(paneles[modo])->pos(), lugar);
+        }
+    }
+
+    void cambioDeModo_conservaLoEscrito()
+    {
+        VentanaDePrueba v;
+        v.ingresar();
+        v.elegir("Option1_2");
+        v.elemento<QComboBox>("Combo1")->setCurrentIndex(2);
+        v.elegir("Option1_0");
+        QCOMPARE(v.elemento<QLineEdit>("txtUser")->text(), QStringLiteral("secretaria"));
+        v.elegir("Option1_2");
+        QCOMPARE(v.elemento<QComboBox>("Combo1")->currentIndex(), 2);
+    }
+
+    void cambioDeModo_noTocaLaOpcionDeImpresion()
+    {
+        VentanaDePrueba v;
+        v.ingresar();
+        v.elegir("Option1_2");
+        v.elegir("Option2_1");
+        QVERIFY(!v.elemento<QRadioButton>("Option2_0")->isChecked());
+        v.elegir("Option1_1");
+        v.elegir("Option1_2");
+        QVERIFY(v.elemento<QRadioButton>("Option2_1")->isChecked());
+        QVERIFY(v.elemento<QRadioButton>("Option1_2")->isChecked());
+    }
+
+    void avisoDeSalones_cedeAntesDeMostrarseYElDeAlumnosNo()
+    {
+        VentanaDePrueba v;
+        int vueltas = 0;
+        QTimer turno;
+        connect(&turno, &QTimer::timeout, this, [&] { ++vueltas; });
+        turno.start(0);
+        Q_EMIT v.form.Alumnos.nuevaDescarga(QStringLiteral("alumno"));
+        QCOMPARE(v.elemento<QLabel>("estadoHS")->text(), QStringLiteral("alumno"));
+        QCOMPARE(vueltas, 0);
+        Q_EMIT v.form.Salones.nuevaDescarga(QStringLiteral("salon"));
+        QCOMPARE(v.elemento<QLabel>("estadoHS")->text(), QStringLiteral("salon"));
+        QVERIFY(vueltas > 0);
+    }
+
+    void avisoDeMaterias_noCambiaNada()
+    {
+        VentanaDePrueba v;
+        v.form.Materias = std::make_unique<tcMaterias>(v.e.servicio);
+        Q_EMIT v.form.Materias->nuevaDescarga(QStringLiteral("materia"));
+        QCOMPARE(v.elemento<QLabel>("estadoHS")->text(), QStringLiteral(".."));
+        QCOMPARE(v.elemento<QLabel>("estadoTS")->text(), QStringLiteral(".."));
+    }
+
+    void cierre_terminaElProgramaSinPreguntar()
+    {
+        VentanaDePrueba v;
+        v.form.close();
+        QCOMPARE(v.cierres, 1);
+    }
+
+    void barra_noAceptaValoresFueraDeSuRango()
+    {
+        VentanaDePrueba v;
+        auto *barra = v.elemento<QProgressBar>("barra2");
+        elementosProgreso.barra2->ponerMaximo(2);
+        for (int paso = 0; paso < 4; ++paso)
+            elementosProgreso.barra2->avanzar();
+        QCOMPARE(barra->value(), 2);
+        elementosProgreso.barra2->ponerMaximo(0);
+        elementosProgreso.barra2->ponerValor(0);
+        elementosProgreso.barra2->avanzar();
+        QCOMPARE(barra->maximum(), 0);
+        QCOMPARE(barra->value(), 0);
+        elementosProgreso.barra2->ponerMaximo(-1);
+        QCOMPARE(barra->maximum(), 0);
+    }
+
+    void textoDelServicio_seMuestraTalCual()
+    {
+        VentanaDePrueba v;
+        const QString marcado = QStringLiteral("<b>Ana</b> & <img src=x>");
+        elementosProgreso.estadoHS->ponerTexto(marcado);
+        auto *rotulo = v.elemento<QLabel>("estadoHS");
+        QCOMPARE(rotulo->text(), marcado);
+        for (const char *nombre : {"estadoHS", "estadoTS", "Label5"})
+            QCOMPARE(v.elemento<QLabel>(nombre)->textFormat(), Qt::PlainText);
+    }
+};
+
+QTEST_MAIN(tst_Form1)
+#include "tst_Form1.moc"

@@ -1,0 +1,138 @@
+#include "shell/VentanaDePrueba.h"
+
+#include "shell/Module1.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+
+class tst_ingreso : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void secretaria_abreLosTresModosYCargaLosSalones()
+    {
+        VentanaDePrueba v(TamanoEscuela{2010, 2, 1, 1});
+        v.ingresar();
+        QCOMPARE(v.mensajes, QStringList());
+        QCOMPARE(v.elemento<QLabel>("Label5")->text(), QStringLiteral("Conectado OK:123"));
+        QVERIFY(v.visible("Label5"));
+        for (const char *modo : {"Option1_1", "Option1_2", "Option1_3"})
+            QVERIFY2(v.visible(modo), modo);
+        for (const char *nombre : {"Command1", "txtUser", "txtPwd"})
+            QVERIFY2(!v.elemento(nombre)->isEnabled(), nombre);
+        QVERIFY(v.visible("Frame1")); // the user picks another mode
+        const auto *lista = v.elemento<QListWidget>("List1");
+        QCOMPARE(lista->count(), 2);
+        const SalonDemo &salon = v.e.demo.escuela().salones.first();
+        QCOMPARE(lista->item(0)->text(), salon.id + QStringLiteral("   : ") + salon.nombre);
+        QCOMPARE(v.form.Salones.Count(), 2);
+        QCOMPARE(Module1::idColegio, QStringLiteral("123"));
+        QCOMPARE(Module1::anoActual, QStringLiteral("2010"));
+        QCOMPARE(v.e.destinos().first(),
+                 QStringLiteral("/querys/tessarin/login.php?azar=#&user=secretaria&pwd=demo2010"));
+        QCOMPARE(v.e.destinos().last(),
+                 QStringLiteral("/querys/tessarin/salones.php?azar=#&idcolegio=123&tipo=matrix"));
+    }
+
+    void superadministrador_trabajaComoSecretaria()
+    {
+        VentanaDePrueba v;
+        v.ingresar(QStringLiteral("superadmin"));
+        QCOMPARE(v.mensajes, QStringList());
+        QCOMPARE(Module1::rolUsuario, QStringLiteral("SECRETARIA"));
+        QVERIFY(v.visible("Option1_1"));
+    }
+
+    void claveMala_avisaTrasCuatroPedidosYDejaTodoIgual()
+    {
+        VentanaDePrueba v;
+        v.ingresar(QStringLiteral("secretaria"), QStringLiteral("otra"));
+        QCOMPARE(v.mensajes, QStringList({QStringLiteral("Usuario y/o Contraseña incorrectas, intentelo de nuevo")}));
+        QCOMPARE(v.e.destinos(),
+                 QStringList(4, QStringLiteral("/querys/tessarin/login.php?azar=#&user=secretaria&pwd=otra")));
+        QVERIFY(v.elemento("Command1")->isEnabled());
+        QVERIFY(!v.visible("Option1_1"));
+        QCOMPARE(Module1::idColegio, QStringLiteral("ERROR"));
+        v.elemento<QLineEdit>("txtPwd")->clear();
+        v.elemento<QLineEdit>("txtUser")->clear();
+        v.ingresar();
+        QVERIFY(v.visible("Option1_1"));
+    }
+
+    void docente_noTieneElNivelRequerido()
+    {
+        VentanaDePrueba v;
+        v.ingresar(QStringLiteral("docente"));
+        QCOMPARE(v.mensajes, QStringList({QStringLiteral("Nivel de acceso inadecuado, se requiere Usuario y "
+                                                         "Pasword de Secretaria")}));
+        QVERIFY(!v.visible("Option1_1"));
+        QCOMPARE(Module1::idColegio, QStringLiteral("ERROR"));
+    }
+
+    void errorEnMinusculas_pasaAlExamenDelRol()
+    {
+        VentanaDePrueba v;
+        v.e.responder("login.php", "error");
+        v.ingresar();
+        QCOMPARE(v.mensajes, QStringList({QStringLiteral("Nivel de acceso inadecuado, se requiere Usuario y "
+                                                         "Pasword de Secretaria")}));
+    }
+
+    void servicioMudo_avisaComoRolInadecuado()
+    {
+        VentanaDePrueba v;
+        Falla falla;
+        falla.clase = Falla::CierraAntes;
+        v.e.demo.fallar("login.php", falla);
+        v.ingresar();
+        QCOMPARE(v.mensajes.size(), 1);
+        QVERIFY(v.mensajes.first().startsWith(QStringLiteral("Nivel de acceso")));
+    }
+
+    void signosEnLaCuenta_vanComoEstan()
+    {
+        VentanaDePrueba v;
+        v.elemento<QLineEdit>("txtUser")->setText(QStringLiteral("a&b=c"));
+        v.elemento<QLineEdit>("txtPwd")->setText(QStringLiteral("x ñ=1"));
+        v.conCuadros([&] { v.clic("Command1"); });
+        QCOMPARE(v.e.destinos().first(),
+                 QStringLiteral("/querys/tessarin/login.php?azar=#&user=a&b=c&pwd=x%20%F1=1"));
+    }
+
+    void salonesSinRespuesta_dejanLaListaVaciaSinMensaje()
+    {
+        VentanaDePrueba v;
+        Falla falla;
+        falla.clase = Falla::CierraAntes;
+        v.e.demo.fallar("salones.php", falla);
+        v.ingresar();
+        QCOMPARE(v.mensajes, QStringList());
+        QCOMPARE(v.elemento<QListWidget>("List1")->count(), 0);
+        QVERIFY(v.visible("Option1_1"));
+    }
+
+    void enterEnCualquierCasilla_conecta_data()
+    {
+        QTest::addColumn<QByteArray>("casilla");
+        QTest::newRow("user") << QByteArray("txtUser");
+        QTest::newRow("password") << QByteArray("txtPwd");
+    }
+    void enterEnCualquierCasilla_conecta()
+    {
+        QFETCH(QByteArray, casilla);
+        VentanaDePrueba v;
+        v.escribirCuenta(QStringLiteral("secretaria"), QStringLiteral("demo2010"));
+        QTest::keyClick(v.elemento(casilla.constData()), Qt::Key_Return);
+        QVERIFY(v.visible("Option1_1"));
+    }
+
+    void clave_seEscribeOculta()
+    {
+        const VentanaDePrueba v;
+        QCOMPARE(v.elemento<QLineEdit>("txtPwd")->echoMode(), QLineEdit::Password);
+        QCOMPARE(v.elemento<QLineEdit>("txtUser")->echoMode(), QLineEdit::Normal);
+    }
+};
+
+QTEST_MAIN(tst_ingreso)
+#include "tst_ingreso.moc"

@@ -1,0 +1,146 @@
+// The window as a window: what it takes to be usable by everybody.
+#include "shell/VentanaDePrueba.h"
+
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QProgressBar>
+
+class tst_ventana : public QObject {
+    Q_OBJECT
+private:
+    static const QStringList &modos()
+    {
+        static const QStringList nombres = {QStringLiteral("Option1_0"), QStringLiteral("Option1_1"),
+                                            QStringLiteral("Option1_2"), QStringLiteral("Option1_3")};
+        return nombres;
+    }
+
+    // The text of a label or button that has less room than it needs; empty when all fit.
+    static QString recortado(const QWidget &ventana)
+    {
+        const auto elementos = ventana.findChildren<QWidget *>();
+        for (const QWidget *elemento : elementos) {
+            if (!elemento->isVisible())
+                continue;
+            QSize necesario;
+            if (const auto *rotulo = qobject_cast<const QLabel *>(elemento)) {
+                necesario = rotulo->sizeHint();
+                if (rotulo->wordWrap()) {
+                    necesario = QSize(0, rotulo->heightForWidth(rotulo->width()));
+                    const QStringList palabras = rotulo->text().split(u' ');
+                    for (const QString &palabra : palabras)
+                        necesario.setWidth(std::max(necesario.width(),
+                                                    rotulo->fontMetrics().horizontalAdvance(palabra)));
+                }
+            } else if (const auto *boton = qobject_cast<const QAbstractButton *>(elemento)) {
+                necesario = boton->minimumSizeHint();
+            } else {
+                continue;
+            }
+            const bool cabe = elemento->width() >= necesario.width() && elemento->height() >= necesario.height();
+            const bool dentro = elemento->parentWidget()->rect().contains(elemento->geometry());
+            if (!cabe || !dentro)
+                return elemento->objectName();
+        }
+        return {};
+    }
+
+private Q_SLOTS:
+    void focoInicial_estaEnElUsuario()
+    {
+        VentanaDePrueba v;
+        v.form.activateWindow();
+        QTRY_COMPARE(QApplication::focusWidget(), v.elemento("txtUser"));
+    }
+
+    void tabulador_recorreElIngresoEnSuOrden()
+    {
+        VentanaDePrueba v;
+        v.form.activateWindow();
+        QTRY_COMPARE(QApplication::focusWidget(), v.elemento("txtUser"));
+        for (const char *nombre : {"txtPwd", "Command1"}) {
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+            QCOMPARE(QApplication::focusWidget(), v.elemento(nombre));
+        }
+    }
+
+    void tabulador_recorreLaImpresionEnSuOrden()
+    {
+        VentanaDePrueba v;
+        v.ingresar();
+        v.elegir("Option1_2");
+        v.elemento("List1")->setFocus();
+        for (const char *nombre : {"ComboTipo", "Combo1", "Option2_0", "Command2"}) {
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+            QCOMPARE(QApplication::focusWidget(), v.elemento(nombre));
+        }
+    }
+
+    void cadaControl_tieneNombreAccesible()
+    {
+        const VentanaDePrueba v;
+        const auto elementos = v.form.findChildren<QWidget *>();
+        int revisados = 0;
+        for (const QWidget *elemento : elementos) {
+            const bool control = qobject_cast<const QAbstractButton *>(elemento)
+                || qobject_cast<const QLineEdit *>(elemento) || qobject_cast<const QComboBox *>(elemento)
+                || qobject_cast<const QListWidget *>(elemento) || qobject_cast<const QProgressBar *>(elemento);
+            if (!control || elemento->objectName().startsWith(QStringLiteral("qt_")))
+                continue;
+            QVERIFY2(!elemento->accessibleName().isEmpty(), qPrintable(elemento->objectName()));
+            ++revisados;
+        }
+        QVERIFY(revisados >= 19);
+    }
+
+    void ningunTexto_seRecorta_data()
+    {
+        QTest::addColumn<QSize>("tamano");
+        QTest::newRow("as it opens") << QSize(623, 484);
+        QTest::newRow("larger") << QSize(1200, 900);
+        QTest::newRow("as small as it gets") << QSize(1, 1);
+    }
+    void ningunTexto_seRecorta()
+    {
+        QFETCH(QSize, tamano);
+        VentanaDePrueba v;
+        v.ingresar();
+        v.form.resize(tamano);
+        for (const QString &modo : modos()) {
+            v.elegir(modo.toLatin1().constData());
+            QTest::qWait(20);
+            QVERIFY2(recortado(v.form).isEmpty(), qPrintable(modo + u' ' + recortado(v.form)));
+        }
+    }
+
+    void nombreLarguisimo_noEnsanchaLaVentana()
+    {
+        VentanaDePrueba v;
+        v.ingresar();
+        v.elegir("Option1_1");
+        QTest::qWait(20);
+        const int ancho = v.form.width();
+        elementosProgreso.estadoHS->ponerTexto(QString(400, u'W'));
+        QTest::qWait(20);
+        QCOMPARE(v.form.width(), ancho);
+        QVERIFY(v.form.minimumSizeHint().width() <= ancho);
+    }
+
+    void logotipo_seDibuja()
+    {
+        const VentanaDePrueba v;
+        const QImage imagen = v.elemento("Image1")->grab().toImage();
+        QSet<QRgb> colores;
+        for (int x = 0; x < imagen.width(); x += 2) {
+            for (int y = 0; y < imagen.height(); y += 2)
+                colores.insert(imagen.pixel(x, y));
+        }
+        QVERIFY(colores.size() > 3);
+    }
+};
+
+QTEST_MAIN(tst_ventana)
+#include "tst_ventana.moc"
