@@ -1,0 +1,38 @@
+#include "printing/matriculas.h"
+#include "archive/imagenes.h"
+#include "archive/rutasArchivo.h"
+#include "printing/PanelImpresion.h"
+#include "printing/pasosTrabajo.h"
+#include "records/matriz.h"
+#include "service/archivos.h"
+
+QString nombreMatriculas()
+{
+    return QStringLiteral("Hoja Matricula");
+}
+
+void imprimirMatriculas(Servicio &servicio, PanelImpresion &panel, Verbos &verbos)
+{
+    const auto salon = pasosTrabajo::salonElegido(panel);
+    if (!salon)
+        return;
+    const QString carpeta = rutasArchivo::documentos() + QStringLiteral("matriculas\\");
+    const QString rta = pasosTrabajo::pedirLista(servicio, QStringLiteral("alumnos.php"), *salon);
+    // The box is part of the job: the secretary sees whose sheets are about to be printed.
+    panel.mensaje(rta);
+    const QStringList filas = matriz::filas(rta);
+    panel.empezar(static_cast<int>(filas.size()) - 1);
+    for (const QString &renglon : filas) {
+        panel.avanzar();
+        if (renglon.isEmpty())
+            continue;
+        // Whether printing is chosen is not asked: the sheets are there already, and printing
+        // them is all that this job does.
+        pasosTrabajo::imprimir(servicio, verbos,
+                               carpeta + matriz::campos(renglon).value(0)
+                                   + QStringLiteral(".html"));
+    }
+    crearCarpeta(servicio, rutasArchivo::documentos() + QStringLiteral("images"));
+    descargarImagenes(servicio, {imagenes::delColegio(QStringLiteral("logo.png"))});
+    panel.terminar();
+}

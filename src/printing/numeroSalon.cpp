@@ -1,0 +1,16 @@
+#include "printing/numeroSalon.h"
+
+#include <QLocale>
+#include <QRegularExpression>
+
+double numeroSalon(const QString &linea)
+{
+    static const QRegularExpression numero(
+        QStringLiteral("^ *([+-]?(?:[0-9]+\\.?[0-9]*|\\.[0-9]+)(?:[eE][+-]?[0-9]+)?)"));
+    return numero.match(linea).captured(1).toDouble();
+}
+
+QString enDecimal(double numero)
+{
+    return QString::number(numero, 'f', QLocale::FloatingPointShortest);
+}

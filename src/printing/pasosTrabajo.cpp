@@ -1,0 +1,33 @@
+#include "printing/pasosTrabajo.h"
+#include "platform/Verbos.h"
+#include "printing/PanelImpresion.h"
+#include "printing/numeroSalon.h"
+#include "service/frmCargador.h"
+#include "shell/Module1.h"
+
+namespace pasosTrabajo {
+
+std::optional<double> salonElegido(PanelImpresion &panel)
+{
+    const double salon = numeroSalon(panel.lineaSalon());
+    if (salon > 0)
+        return salon;
+    panel.mensaje(QStringLiteral("Seleccione un Salon"));
+    return std::nullopt;
+}
+
+QString pedirLista(Servicio &servicio, const QString &pagina, double salon)
+{
+    frmCargador cargador(servicio);
+    return cargador.conectar(servicio.ServiceBase + QStringLiteral("/querys/tessarin/") + pagina,
+                             QStringLiteral("idcolegio=") + Module1::idColegio
+                                 + QStringLiteral("&tipo=matrix&salon=") + enDecimal(salon),
+                             true);
+}
+
+void imprimir(Servicio &servicio, Verbos &verbos, const QString &documento)
+{
+    verbos.imprimir(servicio.disco.rutaNativa(documento));
+}
+
+} // namespace pasosTrabajo

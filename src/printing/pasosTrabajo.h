@@ -1,0 +1,26 @@
+// The steps that all print jobs share.
+#pragma once
+
+#include "archive/plantilla.h"
+
+#include <QString>
+
+#include <optional>
+
+class PanelImpresion;
+class Verbos;
+struct Servicio;
+
+namespace pasosTrabajo {
+
+// The number of the chosen classroom; nothing, after the message "Seleccione un Salon", when
+// none is chosen.
+std::optional<double> salonElegido(PanelImpresion &panel);
+
+// The list of a classroom's students (or subjects), as the service sends it.
+QString pedirLista(Servicio &servicio, const QString &pagina, double salon);
+
+// Hands a stored document, named by its Windows path, to the shell's "print".
+void imprimir(Servicio &servicio, Verbos &verbos, const QString &documento);
+
+} // namespace pasosTrabajo

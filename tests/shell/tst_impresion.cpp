@@ -1,0 +1,210 @@
+// The print panel of the window, worked with real clicks.
+#include "shell/VentanaDePrueba.h"
+
+#include "escenario/ImpresionAnotada.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QListWidget>
+#include <QProgressBar>
+#include <QRadioButton>
+
+class tst_impresion : public QObject {
+    Q_OBJECT
+private:
+    // As a person picks from a drop-down list: by keyboard, which raises the same signal.
+    static void elegirEnLista(const VentanaDePrueba &v, const char *nombre, const QString &texto)
+    {
+        auto *combo = v.elemento<QComboBox>(nombre);
+        const int indice = combo->findText(texto);
+        QVERIFY2(indice >= 0, qPrintable(texto));
+        combo->setFocus();
+        for (int vueltas = 0; combo->currentIndex() != indice && vueltas < 20; ++vueltas)
+            QTest::keyClick(combo, combo->currentIndex() < indice ? Qt::Key_Down : Qt::Key_Up);
+        QCOMPARE(combo->currentText(), texto);
+    }
+
+    static void elegirSalon(const VentanaDePrueba &v, int fila = 0)
+    {
+        auto *lista = v.elemento<QListWidget>("List1");
+        QTest::mouseClick(lista->viewport(), Qt::LeftButton, {},
+                          lista->visualItemRect(lista->item(fila)).center());
+    }
+
+    static void abrir(VentanaDePrueba &v)
+    {
+        v.ingresar();
+        v.elegir("Option1_2");
+        v.e.demo.olvidarPeticiones();
+    }
+
+private Q_SLOTS:
+    void tipo_cambiaElTituloYElPeriodo_data()
+    {
+        QTest::addColumn<QString>("tipo");
+        QTest::addColumn<QString>("titulo");
+        QTest::addColumn<bool>("conPeriodo");
+        QTest::newRow("Boletines") << QStringLiteral("Boletines")
+                                   << QStringLiteral("Imprimir Boletines del Periodo") << true;
+        QTest::newRow("Informe Final") << QStringLiteral("Informe Final")
+                                       << QStringLiteral("Imprimir Informes Finales del Salon") << false;
+        QTest::newRow("Certificado Final") << QStringLiteral("Certificado Final")
+                                           << QStringLiteral("Imprimir Certificados Finales del Salon") << false;
+        QTest::newRow("Paz Y Salvos") << QStringLiteral("Paz Y Salvos")
+                                      << QStringLiteral("Imprimir Paz y salvos") << false;
+        for (const char *tipo : {"Observador", "Hoja Matricula", "Planilla Trabajo"})
+            QTest::newRow(tipo) << QString::fromLatin1(tipo) << QStringLiteral("Seleccione que Imprimir") << false;
+    }
+    void tipo_cambiaElTituloYElPeriodo()
+    {
+        QFETCH(QString, tipo);
+        QFETCH(QString, titulo);
+        QFETCH(bool, conPeriodo);
+        VentanaDePrueba v;
+        abrir(v);
+        QCOMPARE(v.elemento<QLabel>("Label7_2")->text(), QStringLiteral("2. Imprimir Boletines del Periodo"));
+        QVERIFY(v.visible("Combo1"));
+        elegirEnLista(v, "ComboTipo", tipo);
+        QCOMPARE(v.elemento<QLabel>("Label7_2")->text(), titulo);
+        QCOMPARE(v.visible("Combo1"), conPeriodo);
+    }
+
+    void volverABoletines_conservaElPeriodo()
+    {
+        VentanaDePrueba v;
+        abrir(v);
+        elegirEnLista(v, "ComboTipo", QStringLiteral("Boletines"));
+        elegirEnLista(v, "Combo1", QStringLiteral("Periodo 3"));
+        elegirEnLista(v, "ComboTipo", QStringLiteral("Paz Y Salvos"));
+        QVERIFY(!v.visible("Combo1"));
+        elegirEnLista(v, "ComboTipo", QStringLiteral("Boletines"));
+        QVERIFY(v.visible("Combo1"));
+        QCOMPARE(v.elemento<QComboBox>("Combo1")->currentText(), QStringLiteral("Periodo 3"));
+    }
+
+    void sinTipo_imprimirNoHaceNada()
+    {
+        VentanaDePrueba v;
+        abrir(v);
+        elegirSalon(v);
+        v.conCuadros([&] { v.clic("Command2"); });
+        QCOMPARE(v.mensajes, QStringList());
+        QCOMPARE(v.e.destinos(), QStringList());
+    }
+
+    void sinSalon_pideElSalonAunqueLaListaTengaElFoco()
+    {
+        VentanaDePrueba v;
+        abrir(v);
+        elegirEnLista(v, "ComboTipo", QStringLiteral("Boletines"));
+        elegirEnLista(v, "Combo1", QStringLiteral("Periodo 1"));
+        v.elemento("List1")->setFocus();
+        v.conCuadros([&] { v.clic("Command2"); });
+        QCOMPARE(v.mensajes, QStringList({QStringLiteral("Seleccione un Salon")}));
+        QCOMPARE(v.e.destinos(), QStringList());
+    }
+
+    void sinPeriodo_pideElPeriodo()
+    {
+        VentanaDePrueba v;
+        abrir(v);
+        elegirEnLista(v, "ComboTipo", QStringLiteral("Boletines"));
+        elegirSalon(v);
+        v.conCuadros([&] { v.clic("Command2"); });
+        QCOMPARE(v.mensajes, QStringList({QStringLiteral("Seleccione el Periodo")}));
+        QCOMPARE(v.e.destinos(), QStringList());
+    }
+
+    void trabajo_escondeLosBotonesYLosDevuelve()
+    {
+        VentanaDePrueba v;
+        abrir(v);
+        elegirEnLista(v, "ComboTipo", QStringLiteral("Boletines"));
+        elegirEnLista(v, "Combo1", QStringLiteral("Periodo 2"));
+        elegirSalon(v);
+        v.elegir("Option2_1");
+        Falla demora;
+        demora.clase = Falla::Demora;
+        demora.demora = std::chrono::milliseconds(150);
+        v.e.demo.fallar("/boletin", demora);
+        bool escondidos = false;
+        QTimer::singleShot(100, &v.form, [&] {
+            escondidos = !v.visible("Command2") && !v.visible("Option2_0") && !v.visible("Option2_1")
+                && v.visible("Barra3") && v.elemento<QProgressBar>("Barra3")->maximum() == 1;
+        });
+        v.conCuadros([&] { v.clic("Command2"); });
+        QVERIFY(escondidos);
+        QVERIFY(v.visible("Command2") && v.visible("Option2_0") && v.visible("Option2_1"));
+        QVERIFY(!v.visible("Barra3"));
+        QCOMPARE(v.e.listar(QStringLiteral("123-2010/archivos/boletines/P2")).size(), 2);
+    }
+
+    void observador_seImprimeAunqueElTituloPidaElegir()
+    {
+        VentanaDePrueba v;
+        abrir(v);
+        elegirEnLista(v, "ComboTipo", QStringLiteral("Observador"));
+        elegirSalon(v);
+        v.elegir("Option2_1");
+        v.conCuadros([&] { v.clic("Command2"); });
+        QCOMPARE(v.e.listar(QStringLiteral("123-2010/archivos/observador")).size(), 2);
+    }
+
+    void listaVacia_dejaLaBarraComoEstaba()
+    {
+        VentanaDePrueba v;
+        abrir(v);
+        v.e.responder("tipo=matrix&salon=", "");
+        elegirEnLista(v, "ComboTipo", QStringLiteral("Paz Y Salvos"));
+        elegirSalon(v);
+        v.conCuadros([&] { v.clic("Command2"); });
+        QCOMPARE(v.mensajes, QStringList());
+        QCOMPARE(v.elemento<QProgressBar>("Barra3")->value(), 0);
+        QVERIFY(v.visible("Command2"));
+    }
+
+    void hojasDeMatricula_muestranLaRespuestaYNoMiranLaOpcion()
+    {
+        const ObreroAnotado obrero;
+        {
+            VentanaDePrueba v;
+            abrir(v);
+            elegirEnLista(v, "ComboTipo", QStringLiteral("Hoja Matricula"));
+            elegirSalon(v);
+            v.elegir("Option2_1");
+            v.e.responder("tipo=matrix&salon=", "77,<b>ANA</b>");
+            v.conCuadros([&] { v.clic("Command2"); });
+            QCOMPARE(v.mensajes, QStringList({QStringLiteral("77,<b>ANA</b>")}));
+        }
+        QVERIFY(!obrero.arrancado()); // no archive yet, so no sheet to print
+    }
+
+    void cambiarASoloDescargar_enMedioDelTrabajoValeDesdeEntonces()
+    {
+        const ObreroAnotado obrero;
+        {
+            VentanaDePrueba v;
+            abrir(v);
+            elegirEnLista(v, "ComboTipo", QStringLiteral("Paz Y Salvos"));
+            elegirSalon(v);
+            v.conCuadros([&] {
+                QTimer vigia;
+                connect(&vigia, &QTimer::timeout, this, [&] {
+                    if (!v.e.listar(QStringLiteral("123-2010/archivos/pazysalvos")).isEmpty())
+                        v.elemento<QRadioButton>("Option2_1")->setChecked(true);
+                });
+                Falla demora;
+                demora.clase = Falla::Demora;
+                demora.demora = std::chrono::milliseconds(80);
+                v.e.demo.fallar("/pazYsalvo/", demora);
+                vigia.start(5);
+                v.clic("Command2");
+            });
+        }
+        QTRY_VERIFY(obrero.terminado());
+        QCOMPARE(obrero.documentos().size(), 1);
+    }
+};
+
+QTEST_MAIN(tst_impresion)
+#include "tst_impresion.moc"
