@@ -1,0 +1,66 @@
+"""The renderer by itself: its command line, and what its exit code says."""
+
+import subprocess
+import unittest
+from pathlib import Path
+
+from impresion import GUARDA, ROJO, TRABAJADOR, Prueba, medida, puntos, texto
+
+DIBUJADOR = Path(TRABAJADOR).parent / "parvanel-print-render"
+HECHO, MAL_USO, SIN_PAGINA, SIN_PDF = 0, 2, 3, 4
+
+
+class Dibujo(Prueba):
+    def setUp(self):
+        super().setUp()
+        self.pagina = self.archivo("a.html", "<p>año</p>")
+        self.pdf = self.casa / "a.pdf"
+
+    def dibujar(self, *argumentos, entrada=b""):
+        return subprocess.run([DIBUJADOR, *argumentos], input=entrada, timeout=GUARDA,
+                              env=self.entorno({}), cwd=self.casa, capture_output=True).returncode
+
+    def test_page_becomes_a_pdf(self):
+        self.assertEqual(self.dibujar(self.pagina, self.pdf), HECHO)
+        self.assertEqual(texto(self.pdf).strip(), "año")
+
+    def test_relative_names_are_taken_from_the_current_folder(self):
+        self.assertEqual(self.dibujar("a.html", "b.pdf"), HECHO)
+        self.assertTrue((self.casa / "b.pdf").exists())
+
+    def test_paper_and_margins_are_obeyed(self):
+        roja = self.archivo("r.html", "<body style='margin:0;background:rgb(200,20,20)'><p>x</p>")
+        self.assertEqual(self.dibujar("--papel", "21590x35560", "--margenes", "2540,0,0,0",
+                                      roja, self.pdf), HECHO)
+        self.assertEqual(medida(self.pdf), (612, 1008))
+        # An inch less on one side.
+        self.assertAlmostEqual(puntos(self.pdf, ROJO, 72), 540 * 1008, delta=2500)
+
+    def test_page_that_cannot_be_loaded_makes_no_pdf(self):
+        for falta in (self.casa / "falta.html", self.casa):
+            self.assertEqual(self.dibujar(falta, self.pdf), SIN_PAGINA)
+            self.assertFalse(self.pdf.exists())
+
+    def test_pdf_that_cannot_be_written_is_told(self):
+        for imposible in ("/dev/full", self.casa / "no" / "a.pdf"):
+            self.assertEqual(self.dibujar(self.pagina, imposible), SIN_PDF)
+
+    def test_waiting_renderer_draws_the_page_it_is_given(self):
+        pedido = f"14800 21000 1000 1000 1000 1000\n{self.pagina}\n{self.pdf}\n"
+        self.assertEqual(self.dibujar("--espera", entrada=pedido.encode()), HECHO)
+        self.assertEqual(texto(self.pdf).strip(), "año")
+
+    def test_waiting_renderer_ends_with_its_input(self):
+        self.assertEqual(self.dibujar("--espera"), HECHO)
+
+    def test_nonsense_is_refused(self):
+        for argumentos in ([], ["a.html"], ["a.html", "b.pdf", "c"], ["--papel", "A4", "a", "b"],
+                           ["--papel", "0x0", "a", "b"], ["--margenes", "1,2,3", "a", "b"],
+                           ["--otra", "1", "a", "b"]):
+            self.assertEqual(self.dibujar(*argumentos), MAL_USO, argumentos)
+        for pedido in ("a b c\nx\ny\n", "1 2 3\nx\ny\n"):
+            self.assertEqual(self.dibujar("--espera", entrada=pedido.encode()), MAL_USO)
+
+
+if __name__ == "__main__":
+    unittest.main()

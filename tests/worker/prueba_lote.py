@@ -1,0 +1,84 @@
+"""A classroom's documents from hand-over to paper."""
+
+import os
+import signal
+import unittest
+
+from impresion import GUARDA, ROJO, ConCups, medida, png, puntos, texto
+
+
+class Lote(ConCups):
+    media = "iso_a5_148x210mm"
+
+    def boletin(self, i):
+        return self.archivo(
+            f"1-2010/archivos/boletines/P2/{1000 + i}.html",
+            "<html><head><meta http-equiv='Content-Type' content='text/html; charset=windows-1252'>"
+            f"</head><body><img src='../../../archivos\\images\\logo.png'>"
+            f"<h1>Boletín de Íñigo Núñez número {i}</h1><p id='cfgMICOLEGIO'></p>"
+            f"<script src='../../configuracion.txt'></script>"
+            f"<script>document.addEventListener('DOMContentLoaded', function() {{ setTimeout("
+            f"function() {{ document.getElementById('cfgMICOLEGIO').innerHTML = micolegio; }}, 0);"
+            f"}});</script></body></html>")
+
+    def test_batch_of_40_comes_out_whole_and_in_order(self):
+        self.archivo("1-2010/archivos/images/logo.png", png(100, 100, ROJO))
+        self.archivo("1-2010/archivos/configuracion.txt", "var micolegio='Colegio Peñón';")
+        rutas = [self.boletin(i) for i in range(40)]
+        self.assertImpresos(self.imprimir(self.cups.entorno(), rutas), rutas)
+        salidos = self.salidos(40)
+        self.assertEqual([s.titulo for s in salidos], [r.name for r in rutas])
+        for i, salido in enumerate(salidos):
+            leido = " ".join(texto(salido.archivo).split())
+            self.assertEqual(leido, f"Boletín de Íñigo Núñez número {i} Colegio Peñón")
+            self.assertEqual(medida(salido.archivo), (419, 595), "not the queue's A5")
+        for salido in (salidos[0], salidos[-1]):
+            self.assertGreater(puntos(salido.archivo, ROJO), 500, "the logo is missing")
+
+    def test_paths_that_come_one_by_one_are_printed_before_the_end_of_input(self):
+        proceso = self.trabajador(self.cups.entorno())
+        self.addCleanup(proceso.kill)
+        for i in range(3):
+            proceso.stdin.write(f"{self.boletin(i)}\n".encode())
+            proceso.stdin.flush()
+            self.salidos(i + 1)
+        proceso.stdin.close()
+        self.assertEqual(proceso.wait(GUARDA), 0)
+
+    def test_input_closed_early_still_prints_what_was_handed_over(self):
+        rutas = [self.boletin(i) for i in range(5)]
+        proceso = self.trabajador(self.cups.entorno())
+        self.addCleanup(proceso.kill)
+        # The last line has lost its end, as when the window closes in the middle of it.
+        proceso.stdin.write("\n".join(map(str, rutas)).encode())
+        proceso.stdin.close()
+        self.assertEqual(proceso.wait(GUARDA), 0)
+        self.assertImpresos(self.anotado(), rutas)
+        self.assertEqual([s.titulo for s in self.salidos(5)], [r.name for r in rutas])
+
+    def test_no_input_at_all_ends_at_once(self):
+        self.assertEqual(self.imprimir(self.cups.entorno(), []), [])
+
+    def test_terminated_worker_leaves_nothing_behind(self):
+        bucle = self.archivo("bucle.html", "<script>while(true){}</script>")
+        proceso = self.trabajador(self.cups.entorno())
+        self.addCleanup(proceso.kill)
+        proceso.stdin.write(f"{self.boletin(0)}\n{bucle}\n{self.boletin(1)}\n".encode())
+        proceso.stdin.flush()
+        self.salidos(1)
+        proceso.send_signal(signal.SIGTERM)
+        proceso.stdin.close()
+        self.assertEqual(proceso.wait(GUARDA), 1)
+        self.assertEqual(os.listdir(self.temporal), [])
+        self.assertEqual(self.procesosVivos(), [])
+        self.assertIn("se interrumpió la impresión", self.anotado()[-1][1])
+
+    def test_nothing_is_written_to_the_home_folder_but_the_log(self):
+        ruta = self.boletin(0)
+        self.imprimir(self.cups.entorno(), [ruta])
+        hay = {str(p.relative_to(self.casa)) for p in self.casa.rglob("*") if p.is_file()}
+        self.assertEqual(hay, {str(ruta.relative_to(self.casa)), "estado/parvanel/print.log"})
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,72 @@
+#include "worker/Encargo.h"
+
+#include <QtTest>
+
+#include <array>
+#include <csignal>
+#include <unistd.h>
+
+using namespace std::chrono_literals;
+
+class TstEncargo : public QObject {
+    Q_OBJECT
+
+private slots:
+    void answer_comesBackWhole();
+    void childThatDies_givesNoAnswer();
+    void childThatHangs_isGoneWithTheErrand();
+};
+
+namespace {
+
+constexpr auto guarda = 10s; // only against a test that would never end
+
+auto tope()
+{
+    return Encargo::Reloj::now() + guarda;
+}
+
+} // namespace
+
+void TstEncargo::answer_comesBackWhole()
+{
+    const std::string larga(3000, 'x');
+    const auto encargo = Encargo::empezar([&] { return larga; }, tope());
+    QVERIFY(encargo);
+    QTRY_VERIFY(encargo->leer());
+    QCOMPARE(encargo->respuesta(), larga);
+}
+
+void TstEncargo::childThatDies_givesNoAnswer()
+{
+    const auto encargo = Encargo::empezar(
+        []() -> std::string {
+            raise(SIGKILL);
+            return "never";
+        },
+        tope());
+    QTRY_VERIFY(encargo->leer());
+    QCOMPARE(encargo->respuesta(), std::string());
+}
+
+void TstEncargo::childThatHangs_isGoneWithTheErrand()
+{
+    // The child holds the writing end of this pipe: it reads as ended once the child is gone.
+    std::array<int, 2> tubo{};
+    QCOMPARE(pipe(tubo.data()), 0);
+    auto encargo = Encargo::empezar(
+        []() -> std::string {
+            for (;;)
+                pause();
+        },
+        tope());
+    close(tubo[1]);
+    QVERIFY(!encargo->leer());
+    encargo.reset();
+    char byte = 0;
+    QCOMPARE(read(tubo[0], &byte, 1), ssize_t{0});
+    close(tubo[0]);
+}
+
+QTEST_GUILESS_MAIN(TstEncargo)
+#include "tst_encargo.moc"

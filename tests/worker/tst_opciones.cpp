@@ -1,0 +1,52 @@
+#include "worker/opciones.h"
+
+#include <QtTest>
+
+using Argumentos = std::vector<std::string>;
+using namespace std::chrono_literals;
+
+class TstOpciones : public QObject {
+    Q_OBJECT
+
+private slots:
+    void noArguments_giveTheUsualDeadlines();
+    void deadlines_areTaken();
+    void nonsense_isRefused_data();
+    void nonsense_isRefused();
+};
+
+Q_DECLARE_METATYPE(Argumentos)
+
+void TstOpciones::noArguments_giveTheUsualDeadlines()
+{
+    QCOMPARE(leerOpciones({})->plazoDibujo, std::chrono::seconds(20));
+    QCOMPARE(leerOpciones({})->plazoServidor, std::chrono::seconds(15));
+}
+
+void TstOpciones::deadlines_areTaken()
+{
+    const auto opciones = leerOpciones({"--plazo-servidor", "7", "--plazo-dibujo", "3"});
+    QVERIFY(opciones);
+    QVERIFY(*opciones == (Opciones{3s, 7s}));
+}
+
+void TstOpciones::nonsense_isRefused_data()
+{
+    QTest::addColumn<Argumentos>("argumentos");
+    QTest::newRow("no value") << Argumentos{"--plazo-dibujo"};
+    QTest::newRow("no number") << Argumentos{"--plazo-dibujo", "tres"};
+    QTest::newRow("trailing text") << Argumentos{"--plazo-dibujo", "3s"};
+    QTest::newRow("zero") << Argumentos{"--plazo-dibujo", "0"};
+    QTest::newRow("negative") << Argumentos{"--plazo-dibujo", "-1"};
+    QTest::newRow("unknown") << Argumentos{"--rapido", "1"};
+    QTest::newRow("a path") << Argumentos{"/a.html"};
+}
+
+void TstOpciones::nonsense_isRefused()
+{
+    QFETCH(Argumentos, argumentos);
+    QVERIFY(!leerOpciones(argumentos));
+}
+
+QTEST_GUILESS_MAIN(TstOpciones)
+#include "tst_opciones.moc"

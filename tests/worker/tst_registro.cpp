@@ -1,0 +1,131 @@
+#include "worker/Registro.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <QtTest>
+
+class TstRegistro : public QObject {
+    Q_OBJECT
+
+private slots:
+    void text_isEscaped_data();
+    void text_isEscaped();
+    void line_holdsTimePathAndResult();
+    void folder_isTheUsersStateFolder();
+    void missingFolders_areMade();
+    void file_isForTheUserOnly();
+    void fullLog_becomesTheOldOne();
+    void unwritableLog_isDoneWithout();
+};
+
+namespace {
+
+QByteArray contenido(const QString &ruta)
+{
+    QFile archivo(ruta);
+    return archivo.open(QIODevice::ReadOnly) ? archivo.readAll() : QByteArray("(missing)");
+}
+
+} // namespace
+
+void TstRegistro::text_isEscaped_data()
+{
+    QTest::addColumn<QByteArray>("texto");
+    QTest::addColumn<QByteArray>("limpio");
+    const auto fila = [](const char *nombre, const QByteArray &texto, const QByteArray &limpio) {
+        QTest::newRow(nombre) << texto << limpio;
+    };
+    fila("ordinary", "/a b/%20#~.html", "/a b/%20#~.html");
+    fila("accents", "/\xC3\xB1\xC3\xA1.html", "/\xC3\xB1\xC3\xA1.html");
+    fila("four bytes", "\xF0\x9F\x98\x80", "\xF0\x9F\x98\x80");
+    fila("tab and return", "a\tb\rc\nd", "a\\x09b\\x0Dc\\x0Ad");
+    fila("terminal sequence", "\x1B[2J", "\\x1B[2J");
+    fila("delete", "\x7F", "\\x7F");
+    fila("backslash", "a\\x09", "a\\x5Cx09");
+    fila("null", QByteArray("a\0b", 3), "a\\x00b");
+    fila("code page 1252", "Nu\xF1o", "Nu\\xF1o");
+    fila("cut off", "\xC3", "\\xC3");
+    fila("overlong", "\xC0\xAF", "\\xC0\\xAF");
+    fila("overlong of three", "\xE0\x80\xAF", "\\xE0\\x80\\xAF");
+    fila("surrogate", "\xED\xA0\x80", "\\xED\\xA0\\x80");
+    fila("too high", "\xF4\x90\x80\x80", "\\xF4\\x90\\x80\\x80");
+    fila("control of 8 bits", "\xC2\x9B", "\\xC2\\x9B");
+    fila("line separator", "\xE2\x80\xA8", "\\xE2\\x80\\xA8");
+    fila("reversing mark", "\xE2\x80\xAE", "\\xE2\\x80\\xAE");
+}
+
+void TstRegistro::text_isEscaped()
+{
+    QFETCH(QByteArray, texto);
+    QFETCH(QByteArray, limpio);
+    QCOMPARE(QByteArray::fromStdString(registro::limpio(texto.toStdString())), limpio);
+}
+
+void TstRegistro::line_holdsTimePathAndResult()
+{
+    // The test runs in Bogota's time, five hours behind.
+    const auto cuando = std::chrono::system_clock::from_time_t(1290801846);
+    QCOMPARE(registro::linea(cuando, "/a\tb", "trabajo 7"),
+             std::string("2010-11-26T15:04:06-0500\t/a\\x09b\ttrabajo 7"));
+}
+
+void TstRegistro::folder_isTheUsersStateFolder()
+{
+    qputenv("HOME", "/casa/ana");
+    qputenv("XDG_STATE_HOME", "/estado");
+    QCOMPARE(registro::archivoDelUsuario().string(), std::string("/estado/parvanel/print.log"));
+    qputenv("XDG_STATE_HOME", "relativa");
+    QCOMPARE(registro::archivoDelUsuario().string(),
+             std::string("/casa/ana/.local/state/parvanel/print.log"));
+    qunsetenv("XDG_STATE_HOME");
+    QCOMPARE(registro::archivoDelUsuario().string(),
+             std::string("/casa/ana/.local/state/parvanel/print.log"));
+}
+
+void TstRegistro::missingFolders_areMade()
+{
+    const QTemporaryDir carpeta;
+    const QString archivo = carpeta.filePath("a/b/print.log");
+    Registro(archivo.toStdString(), 1000).anotar("/a.html", "trabajo 1");
+    QVERIFY(contenido(archivo).endsWith("\t/a.html\ttrabajo 1\n"));
+}
+
+void TstRegistro::file_isForTheUserOnly()
+{
+    const QTemporaryDir carpeta;
+    const QString archivo = carpeta.filePath("print.log");
+    Registro(archivo.toStdString(), 1000).anotar("/a.html", "trabajo 1");
+    const auto deOtros =
+        QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
+    QCOMPARE(QFileInfo(archivo).permissions() & deOtros, QFile::Permissions());
+}
+
+void TstRegistro::fullLog_becomesTheOldOne()
+{
+    const QTemporaryDir carpeta;
+    const QString archivo = carpeta.filePath("print.log");
+    constexpr int maximo = 500;
+    Registro registro(archivo.toStdString(), maximo);
+    for (int i = 0; i < 100; ++i)
+        registro.anotar("/documento.html", "trabajo " + std::to_string(i));
+
+    QVERIFY(contenido(archivo).endsWith("trabajo 99\n"));
+    QVERIFY(QFileInfo(archivo).size() <= maximo);
+    QVERIFY(QFileInfo(archivo + ".1").size() <= maximo);
+    const auto juntos = contenido(archivo + ".1") + contenido(archivo);
+    const auto numeros = juntos.count("trabajo ");
+    QVERIFY(numeros > 7); // the older file is full, and nothing is lost between the two
+    QVERIFY(juntos.contains("trabajo " + QByteArray::number(100 - numeros) + '\n'));
+    QCOMPARE(QDir(carpeta.path()).entryList(QDir::Files).size(), 2);
+}
+
+void TstRegistro::unwritableLog_isDoneWithout()
+{
+    Registro("", 1000).anotar("/a.html", "trabajo 1");
+    Registro("/proc/no/print.log", 1000).anotar("/a.html", "trabajo 1");
+}
+
+QTEST_GUILESS_MAIN(TstRegistro)
+#include "tst_registro.moc"

@@ -1,0 +1,75 @@
+#include "worker/Cola.h"
+
+#include <algorithm>
+#include <cassert>
+#include <utility>
+
+Cola::Cola(std::size_t adelanto) : adelanto_(adelanto) {}
+
+void Cola::agregar(std::string ruta)
+{
+    Documento documento;
+    documento.turno = siguiente_++;
+    documento.ruta = std::move(ruta);
+    documentos_.push_back(std::move(documento));
+}
+
+const Cola::Documento *Cola::porDibujar() const
+{
+    const auto limite = std::min(adelanto_, documentos_.size());
+    for (std::size_t i = 0; i < limite; ++i) {
+        if (documentos_[i].estado == Estado::EnEspera)
+            return &documentos_[i];
+    }
+    return nullptr;
+}
+
+void Cola::empezado(Turno turno)
+{
+    con(turno).estado = Estado::Dibujando;
+}
+
+void Cola::dibujado(Turno turno, std::string pdf)
+{
+    Documento &documento = con(turno);
+    documento.estado = Estado::Dibujado;
+    documento.pdf = std::move(pdf);
+}
+
+void Cola::fallido(Turno turno, std::string motivo)
+{
+    Documento &documento = con(turno);
+    documento.estado = Estado::Fallido;
+    documento.motivo = std::move(motivo);
+}
+
+const Cola::Documento *Cola::primero() const
+{
+    if (documentos_.empty())
+        return nullptr;
+    const Documento &cabeza = documentos_.front();
+    const bool resuelto = cabeza.estado == Estado::Dibujado || cabeza.estado == Estado::Fallido;
+    return resuelto ? &cabeza : nullptr;
+}
+
+std::string Cola::retirar()
+{
+    assert(!documentos_.empty());
+    std::string ruta = std::move(documentos_.front().ruta);
+    documentos_.pop_front();
+    return ruta;
+}
+
+std::size_t Cola::enEspera() const
+{
+    return static_cast<std::size_t>(
+        std::count_if(documentos_.begin(), documentos_.end(),
+                      [](const Documento &d) { return d.estado == Estado::EnEspera; }));
+}
+
+Cola::Documento &Cola::con(Turno turno)
+{
+    // Turns are consecutive and only the head is ever taken out.
+    assert(!documentos_.empty() && turno >= documentos_.front().turno);
+    return documentos_.at(static_cast<std::size_t>(turno - documentos_.front().turno));
+}

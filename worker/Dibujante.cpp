@@ -1,0 +1,125 @@
+#include "worker/Dibujante.h"
+
+#include "worker/render/salida.h"
+
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+extern char **environ;
+
+namespace {
+
+// The attributes and file actions of one start, freed together.
+struct Arranque {
+    posix_spawn_file_actions_t archivos{};
+    posix_spawnattr_t atributos{};
+
+    explicit Arranque(int entrada)
+    {
+        posix_spawn_file_actions_init(&archivos);
+        posix_spawn_file_actions_adddup2(&archivos, entrada, STDIN_FILENO);
+        posix_spawn_file_actions_addopen(&archivos, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+        posix_spawn_file_actions_addopen(&archivos, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
+
+        // The worker blocks and ignores signals for itself only.
+        sigset_t ninguna;
+        sigset_t todas;
+        sigemptyset(&ninguna);
+        sigfillset(&todas);
+        posix_spawnattr_init(&atributos);
+        posix_spawnattr_setpgroup(&atributos, 0);
+        posix_spawnattr_setsigmask(&atributos, &ninguna);
+        posix_spawnattr_setsigdefault(&atributos, &todas);
+        posix_spawnattr_setflags(&atributos, POSIX_SPAWN_SETPGROUP | POSIX_SPAWN_SETSIGMASK
+                                                 | POSIX_SPAWN_SETSIGDEF);
+    }
+    ~Arranque()
+    {
+        posix_spawn_file_actions_destroy(&archivos);
+        posix_spawnattr_destroy(&atributos);
+    }
+    Arranque(const Arranque &) = delete;
+    Arranque &operator=(const Arranque &) = delete;
+};
+
+std::string motivoDeCodigo(int codigo)
+{
+    switch (codigo) {
+    case salida::hecho:
+        return {};
+    case salida::sinPagina:
+        return "no se pudo cargar la página";
+    case salida::sinPdf:
+        return "no se pudo escribir el PDF";
+    case salida::motorCaido:
+        return "la página agotó el motor de dibujo";
+    default:
+        return "el dibujante terminó con el código " + std::to_string(codigo);
+    }
+}
+
+} // namespace
+
+std::unique_ptr<Dibujante> Dibujante::nacer(const std::filesystem::path &programa)
+{
+    std::array<int, 2> tubo{};
+    if (pipe2(tubo.data(), O_CLOEXEC) != 0)
+        return nullptr;
+    const Arranque arranque(tubo[0]);
+    std::string nombre = programa.string();
+    std::string modo = "--espera";
+    const std::array<char *, 3> argumentos{nombre.data(), modo.data(), nullptr};
+    pid_t pid = 0;
+    const int error = posix_spawn(&pid, nombre.c_str(), &arranque.archivos, &arranque.atributos,
+                                  argumentos.data(), environ);
+    close(tubo[0]);
+    if (error != 0) {
+        close(tubo[1]);
+        return nullptr;
+    }
+    return std::unique_ptr<Dibujante>(new Dibujante(pid, tubo[1]));
+}
+
+Dibujante::~Dibujante()
+{
+    close(entrada_);
+    kill(-pid_, SIGKILL);
+    // The engine's helper processes become the worker's children when their parents die, and stay
+    // in the group: once none of the group is left, nothing of this renderer is.
+    while (waitpid(-pid_, nullptr, 0) > 0 || errno == EINTR) {
+    }
+}
+
+bool Dibujante::encargar(const Papel &papel, const std::string &html, const std::string &pdf,
+                         Reloj::time_point tope)
+{
+    std::string pedido;
+    for (const int largo :
+         {papel.ancho, papel.alto, papel.izquierdo, papel.arriba, papel.derecho, papel.abajo})
+        pedido += std::to_string(largo) + ' ';
+    pedido += '\n' + html + '\n' + pdf + '\n';
+    // Nothing else was ever written to this pipe, and the longest order is a small part of what a
+    // pipe holds: this neither blocks nor stops half way.
+    if (write(entrada_, pedido.data(), pedido.size()) != static_cast<ssize_t>(pedido.size()))
+        return false;
+    tope_ = tope;
+    return true;
+}
+
+bool Dibujante::terminado(std::string &motivo) const
+{
+    siginfo_t fin{};
+    // WNOWAIT: while the process stays unreaped, no other can take its group's number.
+    if (waitid(P_PID, static_cast<id_t>(pid_), &fin, WEXITED | WNOHANG | WNOWAIT) != 0
+        || fin.si_pid == 0)
+        return false;
+    motivo = fin.si_code == CLD_EXITED
+                 ? motivoDeCodigo(fin.si_status)
+                 : "el dibujante murió por la señal " + std::to_string(fin.si_status);
+    return true;
+}

@@ -1,0 +1,45 @@
+// One renderer process: started ahead of need, given one page, and gone with everything it
+// started when it is destroyed.
+#pragma once
+
+#include "worker/papel.h"
+
+#include <chrono>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string>
+#include <sys/types.h>
+
+class Dibujante {
+public:
+    using Reloj = std::chrono::steady_clock;
+
+    // Starts the program in a process group of its own, where it warms up and waits for its page.
+    // Null when it cannot be started.
+    static std::unique_ptr<Dibujante> nacer(const std::filesystem::path &programa);
+
+    // Kills the group and reaps every process of it, those that outlived the renderer included:
+    // the worker adopts them (see main).
+    ~Dibujante();
+    Dibujante(const Dibujante &) = delete;
+    Dibujante &operator=(const Dibujante &) = delete;
+
+    // Gives it its page, once; it has until `tope`. False when it is not there to take it.
+    bool encargar(const Papel &papel, const std::string &html, const std::string &pdf,
+                  Reloj::time_point tope);
+
+    bool ocupado() const { return tope_.has_value(); }
+    Reloj::time_point tope() const { return tope_.value_or(Reloj::time_point::max()); }
+
+    // Whether the process has ended. `motivo` is empty when it did what it was asked, else a
+    // reason for the log.
+    bool terminado(std::string &motivo) const;
+
+private:
+    Dibujante(pid_t pid, int entrada) : pid_(pid), entrada_(entrada) {}
+
+    pid_t pid_;   // of the process and of its group
+    int entrada_; // the renderer's standard input
+    std::optional<Reloj::time_point> tope_;
+};

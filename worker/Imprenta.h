@@ -1,0 +1,71 @@
+// The worker's loop: takes paths in, has pages drawn ahead, hands the PDFs over in order.
+//
+// It never blocks but in esperar(), so that whoever writes the paths never does either: drawing
+// and talking to the print server happen in other processes, watched by deadlines.
+#pragma once
+
+#include "worker/Cola.h"
+#include "worker/Dibujante.h"
+#include "worker/Encargo.h"
+#include "worker/Lineas.h"
+#include "worker/Registro.h"
+#include "worker/impresora.h"
+#include "worker/opciones.h"
+
+#include <csignal>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <vector>
+
+class Imprenta {
+public:
+    // `entrada` is a non-blocking descriptor; `dibujador` the renderer's program; `carpeta` takes
+    // the PDFs between drawing and printing.
+    Imprenta(int entrada, std::filesystem::path dibujador, std::filesystem::path carpeta,
+             Registro registro, const Opciones &opciones);
+
+    // Until the input has ended and every document of it is printed or logged as failed, or until
+    // `interrumpido` is set by a signal handler. `senales` is the mask to wait under.
+    void trabajar(const sigset_t &senales, const volatile std::sig_atomic_t &interrumpido);
+
+private:
+    using Reloj = std::chrono::steady_clock;
+
+    struct Mesa { // a renderer and the document it has
+        std::unique_ptr<Dibujante> dibujante;
+        std::optional<Cola::Turno> turno;
+    };
+
+    bool avanzar(); // one round of the steps below; false when nothing changed
+    bool prepararSiguiente();
+    bool buscarImpresora(Cola::Turno turno);
+    bool darADibujar(const Cola::Documento &documento);
+    bool despacharPrimero();
+    bool abrirMesas();
+    void cerrarMesasOciosas();
+
+    void esperar(const sigset_t &senales);
+    void leerEntrada();
+    void revisarMesas();
+    void revisarEncargo();
+    void concluirEncargo(const std::string &respuesta, const std::string &siNoHay);
+
+    std::filesystem::path pdfDe(Cola::Turno turno) const;
+    Reloj::time_point proximoTope() const;
+
+    int entrada_;
+    bool abierta_ = true;
+    std::filesystem::path dibujador_;
+    std::filesystem::path carpeta_;
+    Registro registro_;
+    Opciones opciones_;
+
+    Lineas lineas_;
+    Cola cola_;
+    std::vector<Mesa> mesas_;
+    int arranquesFallidos_ = 0;          // renderers in a row that ended before they had a page
+    std::unique_ptr<Encargo> encargo_;   // looking for the printer, or printing the head
+    std::optional<Impresora> impresora_; // known while a batch lasts
+    Reloj::time_point ultimaActividad_;
+};

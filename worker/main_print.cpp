@@ -1,0 +1,91 @@
+// parvanel-print: prints HTML files, in order, on the user's default printer.
+//
+// Standard input: one absolute path for each line, UTF-8, ended by a line feed. It ends by itself,
+// with code 0, when the input has ended and everything handed over has been dealt with.
+
+#include "worker/Imprenta.h"
+#include "worker/temporal.h"
+
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <fcntl.h>
+#include <sys/prctl.h>
+#include <system_error>
+#include <unistd.h>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::uintmax_t bytesDelRegistro = 256 * 1024;
+
+volatile std::sig_atomic_t interrumpido = 0;
+
+fs::path dibujador()
+{
+    constexpr auto nombre = "parvanel-print-render";
+    std::error_code sinImportancia;
+    const fs::path propio = fs::read_symlink("/proc/self/exe", sinImportancia);
+    const fs::path vecino = propio.parent_path() / nombre;
+    return access(vecino.c_str(), X_OK) == 0 ? vecino : fs::path(PARVANEL_LIBEXEC) / nombre;
+}
+
+// Blocks the signals that the loop wants to hear of, and gives the mask to wait under.
+sigset_t prepararSenales()
+{
+    struct sigaction accion {};
+    sigemptyset(&accion.sa_mask);
+    accion.sa_handler = SIG_IGN;
+    sigaction(SIGPIPE, &accion, nullptr); // a renderer that is gone is noticed by its absence
+    accion.sa_handler = [](int) {
+    };
+    sigaction(SIGCHLD, &accion, nullptr); // only to wake the loop
+    accion.sa_handler = [](int) {
+        interrumpido = 1;
+    };
+    sigset_t bloqueadas;
+    sigemptyset(&bloqueadas);
+    sigaddset(&bloqueadas, SIGCHLD);
+    for (const int fin : {SIGTERM, SIGINT, SIGHUP}) {
+        sigaction(fin, &accion, nullptr);
+        sigaddset(&bloqueadas, fin);
+    }
+    sigset_t anteriores;
+    sigprocmask(SIG_BLOCK, &bloqueadas, &anteriores);
+    for (const int senal : {SIGCHLD, SIGTERM, SIGINT, SIGHUP})
+        sigdelset(&anteriores, senal);
+    return anteriores;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    const auto opciones = leerOpciones({argv + 1, argv + argc});
+    if (!opciones) {
+        std::fputs("uso: parvanel-print [--plazo-dibujo SEGUNDOS] [--plazo-servidor SEGUNDOS]\n",
+                   stderr);
+        return 2;
+    }
+    const sigset_t senales = prepararSenales();
+    // A renderer's own children come to the worker when it ends, and are reaped with it.
+    prctl(PR_SET_CHILD_SUBREAPER, 1, 0, 0, 0);
+
+    const CarpetaTemporal carpeta;
+    if (carpeta.ruta().empty()) {
+        std::fputs("parvanel-print: no hay carpeta temporal\n", stderr);
+        return 1;
+    }
+    // What renderers leave about when they are killed goes with the folder.
+    setenv("TMPDIR", carpeta.ruta().c_str(), 1);
+    setenv("XDG_RUNTIME_DIR", carpeta.ruta().c_str(), 0); // the engine makes one up otherwise
+    // The flag belongs to the open file, which the worker shares with nobody that reads it.
+    fcntl(STDIN_FILENO, F_SETFL, fcntl(STDIN_FILENO, F_GETFL) | O_NONBLOCK);
+    fcntl(STDIN_FILENO, F_SETFD, FD_CLOEXEC);
+
+    Imprenta imprenta(STDIN_FILENO, dibujador(), carpeta.ruta(),
+                      Registro(registro::archivoDelUsuario(), bytesDelRegistro), *opciones);
+    imprenta.trabajar(senales, interrumpido);
+    return interrumpido ? 1 : 0;
+}

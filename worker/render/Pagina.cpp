@@ -1,0 +1,67 @@
+#include "worker/render/Pagina.h"
+
+#include <QWebEngineSettings>
+
+Pagina::Pagina(QWebEngineProfile *perfil, QObject *parent) : QWebEnginePage(perfil, parent)
+{
+    QWebEngineSettings *ajustes = settings();
+    ajustes->setDefaultTextEncoding(QStringLiteral("windows-1252"));
+    // Paper with "page not found" on it helps nobody; a page that fails ends in the log.
+    ajustes->setAttribute(QWebEngineSettings::ErrorPageEnabled, false);
+    ajustes->setAttribute(QWebEngineSettings::PrintElementBackgrounds, true);
+    ajustes->setAttribute(QWebEngineSettings::JavascriptCanOpenWindows, false);
+    ajustes->setAttribute(QWebEngineSettings::LocalContentCanAccessRemoteUrls, false);
+    // Files may fetch files: without it the engine refuses a page its own images, too. What a
+    // script reads that way cannot leave the machine.
+    ajustes->setAttribute(QWebEngineSettings::LocalContentCanAccessFileUrls, true);
+    ajustes->setAttribute(QWebEngineSettings::LocalStorageEnabled, false);
+    ajustes->setAttribute(QWebEngineSettings::PluginsEnabled, false);
+    ajustes->setAttribute(QWebEngineSettings::WebRTCPublicInterfacesOnly, true);
+    // A page without a window counts as hidden, and the timers of hidden pages tick once a second.
+    setVisible(true);
+}
+
+void Pagina::abrir(const QString &archivo)
+{
+    documento_ = QUrl::fromLocalFile(archivo);
+    load(documento_);
+}
+
+bool Pagina::acceptNavigationRequest(const QUrl &direccion, NavigationType clase,
+                                     bool esMarcoPrincipal)
+{
+    if (!esMarcoPrincipal)
+        return true; // frames fetch what the interceptor lets through
+    // Neither elsewhere nor round and round: a script that reloads its page would never be done.
+    const bool suya =
+        clase == NavigationTypeTyped && (documento_.isEmpty() || direccion == documento_);
+    retenida_ = retenida_ || !suya;
+    return suya;
+}
+
+QWebEnginePage *Pagina::createWindow(WebWindowType)
+{
+    return nullptr;
+}
+
+QStringList Pagina::chooseFiles(FileSelectionMode, const QStringList &, const QStringList &)
+{
+    return {};
+}
+
+void Pagina::javaScriptAlert(const QUrl &, const QString &) {}
+
+bool Pagina::javaScriptConfirm(const QUrl &, const QString &)
+{
+    return false;
+}
+
+bool Pagina::javaScriptPrompt(const QUrl &, const QString &, const QString &, QString *)
+{
+    return false;
+}
+
+void Pagina::javaScriptConsoleMessage(JavaScriptConsoleMessageLevel, const QString &, int,
+                                      const QString &)
+{
+}

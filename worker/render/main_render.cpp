@@ -1,0 +1,140 @@
+// parvanel-print-render: draws one local page as PDF and ends.
+//
+//     parvanel-print-render [--papel ANCHOxALTO] [--margenes IZQ,ARRIBA,DER,ABAJO] IN.html OUT.pdf
+//     parvanel-print-render --espera
+//
+// Lengths are hundredths of a millimetre. With --espera it starts the engine and waits for three
+// lines on its standard input: the six lengths separated by blanks, the page, the PDF. It ends by
+// itself when the input ends first. Exit codes: see salida.h.
+
+#include "worker/render/Dibujo.h"
+#include "worker/render/motor.h"
+#include "worker/render/salida.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QSocketNotifier>
+
+#include <array>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <optional>
+#include <sys/prctl.h>
+#include <unistd.h>
+
+namespace {
+
+struct Pedido {
+    QString html;
+    QString pdf;
+    QPageLayout hoja;
+};
+
+std::optional<QPageLayout> hoja(const QList<QByteArray> &largos)
+{
+    constexpr int cuantos = 6;
+    if (largos.size() != cuantos)
+        return {};
+    std::array<double, cuantos> mm{};
+    for (qsizetype i = 0; i < cuantos; ++i) {
+        bool bien = false;
+        mm[static_cast<std::size_t>(i)] = largos[i].toInt(&bien) / 100.0;
+        if (!bien)
+            return {};
+    }
+    if (mm[0] <= 0 || mm[1] <= 0)
+        return {};
+    const QPageSize papel(QSizeF(mm[0], mm[1]), QPageSize::Millimeter);
+    return QPageLayout(papel, QPageLayout::Portrait, QMarginsF(mm[2], mm[3], mm[4], mm[5]),
+                       QPageLayout::Millimeter);
+}
+
+std::optional<Pedido> pedido(const QList<QByteArray> &largos, const QByteArray &html,
+                             const QByteArray &pdf)
+{
+    const auto conHoja = hoja(largos);
+    if (!conHoja)
+        return {};
+    return Pedido{QFileInfo(QFile::decodeName(html)).absoluteFilePath(),
+                  QFileInfo(QFile::decodeName(pdf)).absoluteFilePath(), *conHoja};
+}
+
+std::optional<Pedido> deArgumentos(QList<QByteArray> argumentos)
+{
+    QByteArray papel("21000x29700");
+    QByteArray margenes("1000,1000,1000,1000");
+    while (argumentos.size() > 2 && argumentos[0].startsWith("--")) {
+        if (argumentos[0] == "--papel")
+            papel = argumentos[1];
+        else if (argumentos[0] == "--margenes")
+            margenes = argumentos[1];
+        else
+            return {};
+        argumentos.remove(0, 2);
+    }
+    if (argumentos.size() != 2)
+        return {};
+    return pedido(papel.split('x') + margenes.split(','), argumentos[0], argumentos[1]);
+}
+
+// Orderly destruction costs a third of the time that a page takes, and the PDF is on disk: leave.
+[[noreturn]] void salir(int codigo)
+{
+    std::_Exit(codigo);
+}
+
+void atenderEntrada(Dibujo &dibujo, QByteArray &recibido)
+{
+    std::array<char, 4096> trozo{};
+    const ssize_t leidos = read(STDIN_FILENO, trozo.data(), trozo.size());
+    if (leidos <= 0)
+        salir(salida::hecho); // nothing was asked for
+    recibido.append(trozo.data(), leidos);
+    if (recibido.count('\n') < 3)
+        return;
+    const QList<QByteArray> lineas = recibido.split('\n');
+    const auto pedida = pedido(lineas[0].simplified().split(' '), lineas[1], lineas[2]);
+    if (!pedida)
+        salir(salida::malUso);
+    dibujo.dibujar(pedida->html, pedida->pdf, pedida->hoja);
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    const QList<QByteArray> argumentos(argv + 1, argv + argc);
+    const bool espera = argumentos == QList<QByteArray>{"--espera"};
+    const auto pedida = espera ? std::nullopt : deArgumentos(argumentos);
+    if (!espera && !pedida) {
+        std::fputs("uso: parvanel-print-render [--papel ANCHOxALTO]"
+                   " [--margenes IZQ,ARRIBA,DER,ABAJO] IN.html OUT.pdf\n",
+                   stderr);
+        return salida::malUso;
+    }
+    if (espera)
+        prctl(PR_SET_PDEATHSIG, SIGKILL); // of no use without the worker that started it
+
+    motor::prepararEntorno();
+    int sinArgumentos = 1; // the engine would read the command line too
+    const QGuiApplication aplicacion(sinArgumentos, argv);
+    const auto perfil = motor::perfil();
+    Dibujo dibujo(perfil.get());
+    QObject::connect(&dibujo, &Dibujo::terminado, &dibujo, &salir);
+
+    QByteArray recibido;
+    QSocketNotifier entrada(STDIN_FILENO, QSocketNotifier::Read);
+    entrada.setEnabled(espera);
+    if (espera) {
+        QObject::connect(&entrada, &QSocketNotifier::activated, &dibujo, [&] {
+            atenderEntrada(dibujo, recibido);
+            entrada.setEnabled(recibido.count('\n') < 3);
+        });
+        dibujo.calentar();
+    } else {
+        dibujo.dibujar(pedida->html, pedida->pdf, pedida->hoja);
+    }
+    return QGuiApplication::exec();
+}

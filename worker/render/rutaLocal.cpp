@@ -1,0 +1,50 @@
+#include "worker/render/rutaLocal.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+namespace {
+
+// The spelling that `nombre` has in the folder; empty when nothing there has that name.
+QString enCarpeta(const QString &carpeta, const QString &nombre)
+{
+    if (QFileInfo::exists(carpeta + u'/' + nombre))
+        return nombre;
+    const QStringList hay = QDir(carpeta).entryList(
+        QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDir::Name);
+    for (const QString &otro : hay) {
+        if (otro.compare(nombre, Qt::CaseInsensitive) == 0)
+            return otro;
+    }
+    return {};
+}
+
+} // namespace
+
+QString rutaLocal::existente(const QString &ruta)
+{
+    if (QFileInfo::exists(ruta))
+        return ruta;
+    // A name may hold a backslash on this system, which is why the path is tried as it stands
+    // first.
+    QString normal = ruta;
+    normal.replace(u'\\', u'/');
+    QString hallada;
+    for (const QString &nombre : QDir::cleanPath(normal).split(u'/', Qt::SkipEmptyParts)) {
+        const QString suyo = enCarpeta(hallada.isEmpty() ? QStringLiteral("/") : hallada, nombre);
+        if (suyo.isEmpty())
+            return {};
+        hallada += u'/' + suyo;
+    }
+    return hallada;
+}
+
+QUrl rutaLocal::destino(const QUrl &pedido)
+{
+    if (!pedido.isLocalFile() || !pedido.host().isEmpty())
+        return {};
+    const QString hallada = existente(pedido.toLocalFile());
+    if (hallada.isEmpty() || !QFileInfo(hallada).isFile())
+        return {};
+    return QUrl::fromLocalFile(hallada);
+}

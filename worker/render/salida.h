@@ -1,0 +1,12 @@
+// How a renderer tells the worker what became of its page: by its exit code.
+#pragma once
+
+namespace salida {
+
+constexpr int hecho = 0;
+constexpr int malUso = 2;
+constexpr int sinPagina = 3;  // the document could not be loaded
+constexpr int sinPdf = 4;     // the PDF could not be written
+constexpr int motorCaido = 5; // the page's process died, out of memory most likely
+
+} // namespace salida
