@@ -1,5 +1,5 @@
 // The same window, wired to the demonstration school in the same process.
-#include "demo/ServicioDemo.h"
+#include "demostracion/ServicioDemo.h"
 #include "shell/programa.h"
 
 #include <QApplication>

@@ -46,7 +46,7 @@ QString textoDescarga(const QString &prefijo, const QString &id, const QString &
                       int posicion, int cuantos)
 {
     return prefijo + id + QStringLiteral("): ") + nombre + QStringLiteral(" - ")
-        + QString::number(posicion) + QStringLiteral(" de ") + QString::number(cuantos);
+           + QString::number(posicion) + QStringLiteral(" de ") + QString::number(cuantos);
 }
 
 void descargar(const FilaDescarga &fila, tcLista &lista, Servicio &servicio)
@@ -65,7 +65,8 @@ void descargar(const FilaDescarga &fila, tcLista &lista, Servicio &servicio)
         const tcLista::Elemento elemento = lista.elemento(posicion);
         valores.insert(QStringLiteral("id"), elemento.id);
         valores.insert(QStringLiteral("foto"), completar(fila.foto, valores));
-        Q_EMIT lista.nuevaDescarga(
+        Q_EMIT
+        lista.nuevaDescarga(
             textoDescarga(fila.prefijo, elemento.id, elemento.nombre, posicion, lista.Count()));
 
         const QString respuesta = cargador.conectar(completar(fila.url, valores),
@@ -81,12 +82,36 @@ void descargar(const FilaDescarga &fila, tcLista &lista, Servicio &servicio)
     }
 }
 
-void tcSalones::downSalones() { descargar(filasDescarga::salones, *this, m_servicio); }
-void tcSalones::downConsolidadoN() { descargar(filasDescarga::consolidadoN, *this, m_servicio); }
-void tcSalones::downConsolidadoF() { descargar(filasDescarga::consolidadoF, *this, m_servicio); }
+void tcSalones::downSalones()
+{
+    descargar(filasDescarga::salones, *this, m_servicio);
+}
+void tcSalones::downConsolidadoN()
+{
+    descargar(filasDescarga::consolidadoN, *this, m_servicio);
+}
+void tcSalones::downConsolidadoF()
+{
+    descargar(filasDescarga::consolidadoF, *this, m_servicio);
+}
 
-void tcAlumnos::downInfoFinal() { descargar(filasDescarga::infoFinal, *this, m_servicio); }
-void tcAlumnos::downCertificado() { descargar(filasDescarga::certificado, *this, m_servicio); }
-void tcAlumnos::downHojaMat() { descargar(filasDescarga::hojaMat, *this, m_servicio); }
-void tcAlumnos::downInfoAlumno() { descargar(filasDescarga::infoAlumno, *this, m_servicio); }
-void tcAlumnos::downFotosAlumno() { descargar(filasDescarga::fotosAlumno, *this, m_servicio); }
+void tcAlumnos::downInfoFinal()
+{
+    descargar(filasDescarga::infoFinal, *this, m_servicio);
+}
+void tcAlumnos::downCertificado()
+{
+    descargar(filasDescarga::certificado, *this, m_servicio);
+}
+void tcAlumnos::downHojaMat()
+{
+    descargar(filasDescarga::hojaMat, *this, m_servicio);
+}
+void tcAlumnos::downInfoAlumno()
+{
+    descargar(filasDescarga::infoAlumno, *this, m_servicio);
+}
+void tcAlumnos::downFotosAlumno()
+{
+    descargar(filasDescarga::fotosAlumno, *this, m_servicio);
+}

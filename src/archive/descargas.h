@@ -23,7 +23,7 @@ struct FilaDescarga {
     QString (*tipo)() = nullptr; // the document kind, chosen once for the whole call
     QList<Reemplazo> reemplazos{};
     bool conGuion = false; // the script of student documents is appended
-    QString foto{};          // not empty: the reply says whether this file exists, and it is what
+    QString foto{};        // not empty: the reply says whether this file exists, and it is what
                            // gets stored
 };
 

@@ -34,7 +34,7 @@ QStringList distintas(const QStringList &textos)
 namespace {
 
 struct Rotulado {
-    QString texto;  // as the address carries it
+    QString texto; // as the address carries it
     QString archivo;
 };
 
@@ -46,9 +46,9 @@ const QList<Rotulado> titulosFijos = {
 
 void mostrar(const QString &texto, int posicion, int cuantas)
 {
-    elementosProgreso.estadoHS->ponerTexto(QStringLiteral("Label: ") + texto
-                                           + QStringLiteral(" - ") + QString::number(posicion)
-                                           + QStringLiteral(" de ") + QString::number(cuantas));
+    elementosProgreso.estadoHS->ponerTexto(QStringLiteral("Label: ") + texto + QStringLiteral(" - ")
+                                           + QString::number(posicion) + QStringLiteral(" de ")
+                                           + QString::number(cuantas));
 }
 
 } // namespace

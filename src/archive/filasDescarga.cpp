@@ -21,9 +21,8 @@ namespace {
 
 const QString imagenes = QStringLiteral("..\\images\\");
 
-const QStringList todasLasCarpetas = {
-    QStringLiteral("{raiz}"), QStringLiteral("{archivo}\\"), QStringLiteral("{documentos}"),
-    QStringLiteral("{salida}")};
+const QStringList todasLasCarpetas = {QStringLiteral("{raiz}"), QStringLiteral("{archivo}\\"),
+                                      QStringLiteral("{documentos}"), QStringLiteral("{salida}")};
 
 // The consolidated reports rely on the archive folder that the classroom pages have made.
 const QStringList carpetasDeConsolidado = {QStringLiteral("{documentos}"),

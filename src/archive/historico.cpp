@@ -19,7 +19,7 @@ constexpr int pasosMostrados = 8;
 
 class Corrida {
 public:
-    explicit Corrida(Servicio &servicio) : m_servicio(servicio), m_cargador(servicio) { }
+    explicit Corrida(Servicio &servicio) : m_servicio(servicio), m_cargador(servicio) {}
 
     void crearCarpetas()
     {
@@ -33,8 +33,7 @@ public:
         const QString pagina = pedir(QStringLiteral("salones.php"), QStringLiteral("html"));
         const QList<Reemplazo> reemplazos = {
             reemplazos::imagenesDelColegio(QStringLiteral("archivos\\images\\"))};
-        escribirTexto(m_servicio,
-                      localizar(pagina, reemplazos, rutasArchivo::valores(m_servicio)),
+        escribirTexto(m_servicio, localizar(pagina, reemplazos, rutasArchivo::valores(m_servicio)),
                       sinSaltos(rutasArchivo::carpeta()) + QStringLiteral("\\index.html"), true);
     }
 

@@ -47,7 +47,7 @@ QString guionDeConfiguracion(const QList<QPair<QString, QString>> &valores)
     QString guion;
     for (const auto &[nombre, valor] : valores)
         guion += QStringLiteral("var ") + nombre + QStringLiteral(" = \"") + valor
-            + QStringLiteral("\";\r\n");
+                 + QStringLiteral("\";\r\n");
     return guion;
 }
 
@@ -67,7 +67,8 @@ void descargarRecursos(Servicio &servicio, const QString &carpetaArchivos)
         const QString texto = cargador.conectar(
             servicio.ServiceBase + QStringLiteral("/jscript/") + guion, QString(), true);
         // The separator is doubled: the folder's path ends with one already.
-        escribirTexto(servicio, texto, carpetaArchivos + QStringLiteral("\\jscript\\") + guion, true);
+        escribirTexto(servicio, texto, carpetaArchivos + QStringLiteral("\\jscript\\") + guion,
+                      true);
     }
 
     elementosProgreso.estadoTS->ponerTexto(QStringLiteral("Descargando Configuracion"));

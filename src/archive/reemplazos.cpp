@@ -38,14 +38,16 @@ Reemplazo etiqueta()
 // archives have always been written.
 Reemplazo promovido()
 {
-    return {QStringLiteral("{base}/images/promovido.png"), QStringLiteral("..\\images\\promovido.png"),
-            Reemplazo::SoloElPrimero, Qt::CaseSensitive};
+    return {QStringLiteral("{base}/images/promovido.png"),
+            QStringLiteral("..\\images\\promovido.png"), Reemplazo::SoloElPrimero,
+            Qt::CaseSensitive};
 }
 
 Reemplazo reprobado()
 {
-    return {QStringLiteral("{base}/images/reprobado.png"), QStringLiteral("..\\images\\reprobado.png"),
-            Reemplazo::SoloElPrimero, Qt::CaseSensitive};
+    return {QStringLiteral("{base}/images/reprobado.png"),
+            QStringLiteral("..\\images\\reprobado.png"), Reemplazo::SoloElPrimero,
+            Qt::CaseSensitive};
 }
 
 Reemplazo folio()

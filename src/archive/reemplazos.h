@@ -23,12 +23,12 @@ QString localizar(QString pagina, const QList<Reemplazo> &reemplazos, const Valo
 namespace reemplazos {
 
 Reemplazo imagenesDelColegio(const QString &poner); // the school's own images: logo and the like
-Reemplazo etiquetaNota();  // a text drawn as an image, beginning "NOTA:"
-Reemplazo etiqueta();      // any other text drawn as an image
-Reemplazo promovido();     // the stamps of a final report
+Reemplazo etiquetaNota();                           // a text drawn as an image, beginning "NOTA:"
+Reemplazo etiqueta();                               // any other text drawn as an image
+Reemplazo promovido();                              // the stamps of a final report
 Reemplazo reprobado();
-Reemplazo folio();         // the folio of a certificate, to be filled in by hand
-Reemplazo foto();          // student photos
-Reemplazo avatar();        // the picture of a student without a photo
+Reemplazo folio();  // the folio of a certificate, to be filled in by hand
+Reemplazo foto();   // student photos
+Reemplazo avatar(); // the picture of a student without a photo
 
 } // namespace reemplazos

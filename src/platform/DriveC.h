@@ -31,7 +31,8 @@ class DriveC {
 public:
     // `carpetaPersonal` is the native folder that C:\ stands for; `raiz` the one folder in it
     // that the program may write to.
-    explicit DriveC(const QString &carpetaPersonal, const QString &raiz = QStringLiteral("Quorvela"));
+    explicit DriveC(const QString &carpetaPersonal,
+                    const QString &raiz = QStringLiteral("Quorvela"));
     ~DriveC();
     DriveC(const DriveC &) = delete;
     DriveC &operator=(const DriveC &) = delete;

@@ -63,7 +63,7 @@ bool esOtraEscritura(const QFileInfo &entrada)
         return false;
     const QString destino = QFile::symLinkTarget(entrada.filePath());
     return QFileInfo(destino).absolutePath() == entrada.absolutePath()
-        && plegado(QFileInfo(destino).fileName()) == plegado(entrada.fileName());
+           && plegado(QFileInfo(destino).fileName()) == plegado(entrada.fileName());
 }
 
 } // namespace
@@ -91,8 +91,7 @@ public:
         for (const QString &entrada : entradas) {
             // A link of another spelling never stands for the name: the entry it means does.
             const QString clave = plegado(entrada);
-            if (!listado.nombres.contains(clave)
-                || !esEnlace(carpeta + u'/' + entrada))
+            if (!listado.nombres.contains(clave) || !esEnlace(carpeta + u'/' + entrada))
                 listado.nombres.insert(clave, entrada);
         }
         return listado;
@@ -130,8 +129,7 @@ public:
         const auto cambio = cambioDe(carpeta);
         if (!cambio)
             return exacta;
-        const QString hallado =
-            listadoDe(carpeta, *cambio).nombres.value(plegado(nombre), nombre);
+        const QString hallado = listadoDe(carpeta, *cambio).nombres.value(plegado(nombre), nombre);
         return carpeta + u'/' + hallado;
     }
 
@@ -174,7 +172,7 @@ public:
         const QString real = QFileInfo(ruta).canonicalFilePath();
         const QString realRaiz = QFileInfo(buscar(personal, raiz)).canonicalFilePath();
         return !real.isEmpty() && !realRaiz.isEmpty()
-            && (real == realRaiz || real.startsWith(realRaiz + u'/'));
+               && (real == realRaiz || real.startsWith(realRaiz + u'/'));
     }
 
     // A file (or nothing yet) that may be written.
@@ -248,7 +246,8 @@ public:
         const QByteArray destino = QFile::encodeName(m_carpeta + u'/' + m_nombre);
         m_publicado = escrito && m_disco.cambiar(m_carpeta, m_nombre, Queda::Anotado, [&] {
             return std::rename(QFile::encodeName(m_temporal.fileName()).constData(),
-                               destino.constData()) == 0;
+                               destino.constData())
+                   == 0;
         });
         return m_publicado;
     }
@@ -292,9 +291,8 @@ bool DriveC::borrar(const QString &ruta)
     const auto lugar = d->archivo(ruta);
     if (!lugar || QFileInfo(lugar->nativa).isDir())
         return false;
-    return d->cambiar(lugar->carpeta, lugar->nombre, Interno::Queda::Olvidado, [&] {
-        return ::unlink(QFile::encodeName(lugar->nativa).constData()) == 0;
-    });
+    return d->cambiar(lugar->carpeta, lugar->nombre, Interno::Queda::Olvidado,
+                      [&] { return ::unlink(QFile::encodeName(lugar->nativa).constData()) == 0; });
 }
 
 std::optional<qint64> DriveC::largo(const QString &ruta) const
@@ -325,8 +323,8 @@ std::unique_ptr<ArchivoEntrante> DriveC::recibir(const QString &ruta)
     const auto lugar = d->archivo(ruta);
     if (!lugar || QFileInfo(lugar->nativa).isDir())
         return nullptr;
-    auto archivo = std::make_unique<ArchivoEntranteLinux>(*d, lugar->carpeta,
-                                                          lugar->nombreExistente());
+    auto archivo =
+        std::make_unique<ArchivoEntranteLinux>(*d, lugar->carpeta, lugar->nombreExistente());
     if (!archivo->abrir())
         return nullptr;
     return archivo;

@@ -43,6 +43,28 @@ Direccion separar(const QByteArray &direccion)
     return {direccion.left(corte), HttpClient::destinoEnLinea(destino)};
 }
 
+bool esSegura(const QByteArray &direccion)
+{
+    return direccion.left(6).toLower() == "https:";
+}
+
+// Where a redirect leads, absolute and without its fragment. Its bytes stay as they came but for
+// those that cannot stand in a request target: the library's own reading of it would write some
+// of them in another way ("+" for a blank).
+QByteArray direccionDe(const QByteArray &lugar, const QByteArray &desde)
+{
+    QByteArray direccion = HttpClient::destinoEnLinea(lugar.split('#').first());
+    CURLU *partes = curl_url();
+    char *entera = nullptr;
+    if (curl_url_set(partes, CURLUPART_URL, desde.constData(), 0) == CURLUE_OK
+        && curl_url_set(partes, CURLUPART_URL, direccion.constData(), 0) == CURLUE_OK
+        && curl_url_get(partes, CURLUPART_URL, &entera, 0) == CURLUE_OK)
+        direccion = entera;
+    curl_free(entera);
+    curl_url_cleanup(partes);
+    return direccion;
+}
+
 // One request on its way.
 struct Transferencia {
     std::function<bool(const char *, qsizetype)> recibir; // false: give up
@@ -50,14 +72,15 @@ struct Transferencia {
     CURL *easy = nullptr;
     CURLcode resultado = CURLE_OK;
     bool terminada = false;
-    bool conLocation = false; // the reply's headers name another address
+    QByteArray lugar;            // the other address that the reply's headers name
+    bool cabeceraEntera = false; // the empty line after them has come
 
     // The body of a redirect's own reply is nobody's.
     bool cuerpoSobra() const
     {
         long estado = 0;
         curl_easy_getinfo(easy, CURLINFO_RESPONSE_CODE, &estado);
-        return esRedireccion(estado) && conLocation;
+        return esRedireccion(estado) && !lugar.isEmpty();
     }
 };
 
@@ -75,10 +98,15 @@ size_t alRecibirCabecera(char *datos, size_t, size_t cuantos, void *quien)
     auto &transferencia = *static_cast<Transferencia *>(quien);
     transferencia.ultimoByte = Reloj::now();
     const auto linea = QByteArray::fromRawData(datos, static_cast<qsizetype>(cuantos));
-    if (linea.startsWith("HTTP/"))
-        transferencia.conLocation = false;
-    else if (linea.left(9).toLower() == "location:")
-        transferencia.conLocation = true;
+    if (linea.startsWith("HTTP/")) {
+        transferencia.lugar.clear();
+        transferencia.cabeceraEntera = false;
+    } else if (linea.trimmed().isEmpty()) {
+        transferencia.cabeceraEntera = true;
+    } else if (!transferencia.cabeceraEntera && transferencia.lugar.isEmpty()
+               && linea.left(9).toLower() == "location:") {
+        transferencia.lugar = linea.mid(9).trimmed();
+    }
     return cuantos;
 }
 
@@ -114,8 +142,7 @@ public:
         curl_share_setopt(m_comun, CURLSHOPT_SHARE, CURL_LOCK_DATA_SSL_SESSION);
         m_plazo.setSingleShot(true);
         m_plazo.setTimerType(Qt::PreciseTimer);
-        connect(&m_plazo, &QTimer::timeout, this,
-                [this] { actuar(CURL_SOCKET_TIMEOUT, 0); });
+        connect(&m_plazo, &QTimer::timeout, this, [this] { actuar(CURL_SOCKET_TIMEOUT, 0); });
     }
 
     ~Interno() override
@@ -150,12 +177,13 @@ public:
 
         Respuesta respuesta;
         respuesta.resultado = transferencia.resultado;
+        // The library takes headers that break off for a reply with an empty body.
+        if (respuesta.resultado == CURLE_OK && !transferencia.cabeceraEntera)
+            respuesta.resultado = CURLE_GOT_NOTHING;
         curl_easy_getinfo(transferencia.easy, CURLINFO_RESPONSE_CODE, &respuesta.estado);
-        char *otra = nullptr;
-        if (esRedireccion(respuesta.estado)
-            && curl_easy_getinfo(transferencia.easy, CURLINFO_REDIRECT_URL, &otra) == CURLE_OK
-            && otra)
-            respuesta.otraDireccion = otra;
+        if (transferencia.cuerpoSobra())
+            respuesta.otraDireccion =
+                direccionDe(transferencia.lugar, direccion.servidor + direccion.destino);
         curl_slist_free_all(lista);
         m_libres.push_back(transferencia.easy);
         return respuesta;
@@ -166,7 +194,6 @@ public:
     std::optional<long> seguir(const QByteArray &direccion, const Cabeceras &cabeceras,
                                const std::function<bool(const char *, qsizetype)> &recibir)
     {
-        const bool segura = direccion.startsWith("https:");
         Direccion actual = separar(direccion);
         for (int saltos = 0;; ++saltos) {
             const Respuesta respuesta = pedir(actual, cabeceras, recibir);
@@ -174,8 +201,9 @@ public:
                 return std::nullopt;
             if (respuesta.otraDireccion.isEmpty())
                 return respuesta.estado;
-            const QByteArray otra = respuesta.otraDireccion.split('#').first();
-            const bool permitida = otra.startsWith("https:") || (!segura && otra.startsWith("http:"));
+            const QByteArray &otra = respuesta.otraDireccion;
+            const bool permitida =
+                esSegura(otra) || (!esSegura(actual.servidor) && otra.startsWith("http:"));
             if (saltos == redireccionesMaximas || !permitida)
                 return std::nullopt;
             actual = separar(otra);
@@ -326,7 +354,7 @@ private:
     QTimer m_plazo;
 };
 
-HttpClient::HttpClient(const QString &autoridades) : HttpClient(autoridades, Limites()) { }
+HttpClient::HttpClient(const QString &autoridades) : HttpClient(autoridades, Limites()) {}
 
 HttpClient::HttpClient(const QString &autoridades, const Limites &limites)
     : d(std::make_unique<Interno>(autoridades, limites))

@@ -22,7 +22,7 @@ public:
     using Cabeceras = QList<QPair<QByteArray, QByteArray>>;
 
     struct Limites {
-        std::chrono::milliseconds conexion = std::chrono::seconds(60); // to make a connection
+        std::chrono::milliseconds conexion = std::chrono::seconds(60);  // to make a connection
         std::chrono::milliseconds silencio = std::chrono::seconds(120); // without a byte moved
         qint64 texto = qint64(256) * 1024 * 1024; // bytes of a body in memory, decoded
     };

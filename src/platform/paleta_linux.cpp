@@ -88,7 +88,7 @@ private:
     bool m_oscuro = false;
 };
 
-PaletaEscritorio::PaletaEscritorio() : d(std::make_unique<Interno>()) { }
+PaletaEscritorio::PaletaEscritorio() : d(std::make_unique<Interno>()) {}
 
 PaletaEscritorio::~PaletaEscritorio() = default;
 

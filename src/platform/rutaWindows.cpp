@@ -22,7 +22,7 @@ QString sinColaDeBlancosYPuntos(QString nombre)
 bool enUnidadC(const QString &ruta)
 {
     return ruta.size() >= 3 && (ruta[0] == u'C' || ruta[0] == u'c') && ruta[1] == u':'
-        && esSeparador(ruta[2]);
+           && esSeparador(ruta[2]);
 }
 
 bool nombreRefusado(const QString &nombre)

@@ -63,8 +63,8 @@ Obrero arrancar(const QString &programa)
     posix_spawnattr_setflags(&atributos, POSIX_SPAWN_SETSID);
     QByteArray ruta = QFile::encodeName(programa);
     char *argumentos[] = {ruta.data(), nullptr};
-    const int fallo = ::posix_spawn(&obrero.pid, ruta.constData(), &acciones, &atributos,
-                                    argumentos, environ);
+    const int fallo =
+        ::posix_spawn(&obrero.pid, ruta.constData(), &acciones, &atributos, argumentos, environ);
     posix_spawnattr_destroy(&atributos);
     posix_spawn_file_actions_destroy(&acciones);
     ::close(extremos[0]);
@@ -185,7 +185,7 @@ private:
     QTimer m_atasco;
 };
 
-Verbos::Verbos() : d(std::make_unique<Interno>()) { }
+Verbos::Verbos() : d(std::make_unique<Interno>()) {}
 
 Verbos::~Verbos() = default;
 

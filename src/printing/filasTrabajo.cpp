@@ -18,19 +18,16 @@ const QString imagenesDelArchivo = QStringLiteral("..\\images\\");
 // From the job's folder up to the archive root and down again through the archive folder's name.
 const QString porLaRaiz = QStringLiteral("../../../{colegio}-{anio}/archivos\\images\\");
 
-const QStringList carpetasPropias = {
-    QStringLiteral("{raiz}"), QStringLiteral("{archivo}\\"), QStringLiteral("{documentos}"),
-    QStringLiteral("{salida}")};
-const QStringList carpetasRecortadas = {
-    QStringLiteral("{raiz}"), QStringLiteral("{recortado}"), QStringLiteral("{documentos}"),
-    QStringLiteral("{salida}")};
+const QStringList carpetasPropias = {QStringLiteral("{raiz}"), QStringLiteral("{archivo}\\"),
+                                     QStringLiteral("{documentos}"), QStringLiteral("{salida}")};
+const QStringList carpetasRecortadas = {QStringLiteral("{raiz}"), QStringLiteral("{recortado}"),
+                                        QStringLiteral("{documentos}"), QStringLiteral("{salida}")};
 
 const Imagen logo = imagenes::delColegio(QStringLiteral("logo.png"));
-const QList<Imagen> imagenesDeFinales = {
-    logo, imagenes::comun(QStringLiteral("promovido.png")),
-    imagenes::comun(QStringLiteral("reprobado.png")),
-    imagenes::delColegio(QStringLiteral("rector.png")),
-    imagenes::delColegio(QStringLiteral("coordinacion.png"))};
+const QList<Imagen> imagenesDeFinales = {logo, imagenes::comun(QStringLiteral("promovido.png")),
+                                         imagenes::comun(QStringLiteral("reprobado.png")),
+                                         imagenes::delColegio(QStringLiteral("rector.png")),
+                                         imagenes::delColegio(QStringLiteral("coordinacion.png"))};
 
 Reemplazo imagenDelObservador(const QString &archivo)
 {
@@ -66,8 +63,8 @@ const QList<FilaTrabajo> filasTrabajo = {
         .salida = QStringLiteral("{documentos}infofinal\\"),
         .url = QStringLiteral("{base}/salones/{colegio}/2010/{tipo}/{codigo}/tessarin/{azar}"),
         .tipo = &tipoInfoFinal,
-        .reemplazos = {reemplazos::imagenesDelColegio(imagenesDelArchivo),
-                       reemplazos::promovido(), reemplazos::reprobado()},
+        .reemplazos = {reemplazos::imagenesDelColegio(imagenesDelArchivo), reemplazos::promovido(),
+                       reemplazos::reprobado()},
         .guion = &guiones::documento,
         .imagenes = imagenesDeFinales,
     },
@@ -100,8 +97,8 @@ const QList<FilaTrabajo> filasTrabajo = {
         .separador = coma,
         .carpetas = carpetasRecortadas,
         .salida = QStringLiteral("{documentos}observador\\"),
-        .url = QStringLiteral(
-            "{base}/anotador/{colegio}/2010/reporte/{codigo}//-1/tessarin/{azar}"),
+        .url =
+            QStringLiteral("{base}/anotador/{colegio}/2010/reporte/{codigo}//-1/tessarin/{azar}"),
         .reemplazos = {reemplazos::imagenesDelColegio(porLaRaiz),
                        imagenDelObservador(QStringLiteral("apersonal.png")),
                        imagenDelObservador(QStringLiteral("aconvivencia.png")),

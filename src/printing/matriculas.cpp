@@ -28,9 +28,8 @@ void imprimirMatriculas(Servicio &servicio, PanelImpresion &panel, Verbos &verbo
             continue;
         // Whether printing is chosen is not asked: the sheets are there already, and printing
         // them is all that this job does.
-        pasosTrabajo::imprimir(servicio, verbos,
-                               carpeta + matriz::campos(renglon).value(0)
-                                   + QStringLiteral(".html"));
+        pasosTrabajo::imprimir(
+            servicio, verbos, carpeta + matriz::campos(renglon).value(0) + QStringLiteral(".html"));
     }
     crearCarpeta(servicio, rutasArchivo::documentos() + QStringLiteral("images"));
     descargarImagenes(servicio, {imagenes::delColegio(QStringLiteral("logo.png"))});

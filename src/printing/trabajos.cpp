@@ -15,9 +15,9 @@ namespace {
 Valores valoresDe(const FilaTrabajo &fila, const Servicio &servicio, int periodo)
 {
     Valores valores = rutasArchivo::valores(servicio);
-    valores.insert(QStringLiteral("recortado"),
-                   rutasArchivo::raiz() + u'\\' + recortar(Module1::idColegio) + u'-'
-                       + recortar(Module1::anoActual));
+    valores.insert(QStringLiteral("recortado"), rutasArchivo::raiz() + u'\\'
+                                                    + recortar(Module1::idColegio) + u'-'
+                                                    + recortar(Module1::anoActual));
     valores.insert(QStringLiteral("periodo"), QString::number(periodo));
     if (fila.tipo)
         valores.insert(QStringLiteral("tipo"), fila.tipo());
@@ -56,8 +56,7 @@ void correr(const FilaTrabajo &fila, Servicio &servicio, PanelImpresion &panel, 
     const Valores valores = valoresDe(fila, servicio, periodo);
     for (const QString &carpeta : fila.carpetas)
         crearCarpeta(servicio, completar(carpeta, valores));
-    const QStringList filas =
-        matriz::filas(pasosTrabajo::pedirLista(servicio, fila.lista, *salon));
+    const QStringList filas = matriz::filas(pasosTrabajo::pedirLista(servicio, fila.lista, *salon));
     panel.empezar(static_cast<int>(filas.size()) - 1);
     for (const QString &renglon : filas) {
         panel.avanzar();

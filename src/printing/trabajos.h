@@ -17,17 +17,17 @@ struct Servicio;
 // archive folder with the session's values trimmed), {salida} (the row's folder), {tipo} (its
 // document kind), {periodo}, {codigo} (the row's first field) and {azar} (the random number).
 struct FilaTrabajo {
-    QString nombre{};             // the text of ComboTipo
-    bool conPeriodo = false;    // the period is asked for
-    QString lista{};              // the list query's page
-    QString separador{};          // of the fields of its rows
-    QStringList carpetas{};       // created in this order
+    QString nombre{};        // the text of ComboTipo
+    bool conPeriodo = false; // the period is asked for
+    QString lista{};         // the list query's page
+    QString separador{};     // of the fields of its rows
+    QStringList carpetas{};  // created in this order
     QString salida{};
     QString url{};
     QString (*tipo)() = nullptr;
     QList<Reemplazo> reemplazos{};
     QString (*guion)() = nullptr;
-    QList<Imagen> imagenes{};     // fetched after the loop
+    QList<Imagen> imagenes{}; // fetched after the loop
 };
 
 // All of them, in the order in which the kinds are compared.

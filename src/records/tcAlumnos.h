@@ -9,7 +9,7 @@ struct Servicio;
 class tcAlumnos : public tcListaDe<tcUnAlumno> {
     Q_OBJECT
 public:
-    explicit tcAlumnos(Servicio &servicio) : m_servicio(servicio) { }
+    explicit tcAlumnos(Servicio &servicio) : m_servicio(servicio) {}
 
     // Adds a record under the key `sKey` and returns it, also when the key is already there and
     // the record is refused.

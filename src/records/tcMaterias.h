@@ -9,7 +9,7 @@ struct Servicio;
 class tcMaterias : public tcListaDe<tcUnaMateria> {
     Q_OBJECT
 public:
-    explicit tcMaterias(Servicio &servicio) : m_servicio(servicio) { }
+    explicit tcMaterias(Servicio &servicio) : m_servicio(servicio) {}
 
     // Adds a record under the key `sKey` and returns it, also when the key is already there and
     // the record is refused.

@@ -12,7 +12,8 @@ void tcSalones::Fcargar(const QString &rta)
     for (const QStringList &campos : registros) {
         const QString clave = matriz::identificador(campos);
         // The line shows the identifier as it came, line breaks included.
-        Q_EMIT nuevaLinea(campos.value(0) + QStringLiteral("   : ") + campos.value(1));
+        Q_EMIT
+        nuevaLinea(campos.value(0) + QStringLiteral("   : ") + campos.value(1));
         Add(clave, campos.value(1), clave);
     }
 }

@@ -9,7 +9,7 @@ struct Servicio;
 class tcSalones : public tcListaDe<tcUnSalon> {
     Q_OBJECT
 public:
-    explicit tcSalones(Servicio &servicio) : m_servicio(servicio) { }
+    explicit tcSalones(Servicio &servicio) : m_servicio(servicio) {}
 
     // Adds a record under the key `sKey` and returns it, also when the key is already there and
     // the record is refused.

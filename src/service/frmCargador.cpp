@@ -46,8 +46,7 @@ QString frmCargador::conectar(const QString &url, const QString &parametros, boo
     for (int intento = 0; intento < intentosMaximos;) {
         abrir();
         m_servicio.azar.sembrar();
-        const QString direccion =
-            direccionDe(url, parametros, usarAzar, m_servicio.azar.numero());
+        const QString direccion = direccionDe(url, parametros, usarAzar, m_servicio.azar.numero());
         ceder();
         const auto cuerpo = m_servicio.http.get(codepage::aBytes(direccion), cabeceras);
         ceder();

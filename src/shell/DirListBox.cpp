@@ -3,7 +3,7 @@
 
 #include <QDir>
 
-DirListBox::DirListBox(QWidget *padre) : QListWidget(padre) { }
+DirListBox::DirListBox(QWidget *padre) : QListWidget(padre) {}
 
 void DirListBox::ponerDisco(const DriveC *disco)
 {

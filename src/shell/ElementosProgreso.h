@@ -23,10 +23,10 @@ public:
 };
 
 struct ElementosProgreso {
-    Barra *barra1 = nullptr;     // items of the current list
-    Barra *barra2 = nullptr;     // steps of the run
-    Rotulo *estadoTS = nullptr;  // the current step's title
-    Rotulo *estadoHS = nullptr;  // the current item's text
+    Barra *barra1 = nullptr;    // items of the current list
+    Barra *barra2 = nullptr;    // steps of the run
+    Rotulo *estadoTS = nullptr; // the current step's title
+    Rotulo *estadoHS = nullptr; // the current item's text
 };
 
 // Set by the main window when it is created.

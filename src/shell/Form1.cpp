@@ -43,9 +43,11 @@ void Form1::unirElementos()
     ui->Image1->load(QStringLiteral(":/logo.svg"));
     ui->Image1->renderer()->setAspectRatioMode(Qt::KeepAspectRatio);
 
-    const QList<QRadioButton *> modos = {ui->Option1_0, ui->Option1_1, ui->Option1_2, ui->Option1_3};
+    const QList<QRadioButton *> modos = {ui->Option1_0, ui->Option1_1, ui->Option1_2,
+                                         ui->Option1_3};
     for (int indice = 0; indice < modos.size(); ++indice)
-        connect(modos[indice], &QRadioButton::clicked, this, [this, indice] { Option1_Click(indice); });
+        connect(modos[indice], &QRadioButton::clicked, this,
+                [this, indice] { Option1_Click(indice); });
 
     connect(&Salones, &tcSalones::nuevaDescarga, this, &Form1::Salones_nuevaDescarga);
     connect(&Salones, &tcSalones::nuevaLinea, this,
@@ -73,8 +75,8 @@ void Form1::Form_Load()
     resize(anchoTwips / twipsPorPixel, altoTwips / twipsPorPixel);
     // The four panels share one cell of the window's layout: which one is seen is decided by
     // their visibility alone.
-    const QList<QWidget *> ocultos = {ui->Frame2,    ui->Frame3,    ui->Frame4,   ui->Option1_1,
-                                      ui->Option1_2, ui->Option1_3, ui->Label5,   ui->barra1,
+    const QList<QWidget *> ocultos = {ui->Frame2,    ui->Frame3,    ui->Frame4, ui->Option1_1,
+                                      ui->Option1_2, ui->Option1_3, ui->Label5, ui->barra1,
                                       ui->barra2,    ui->Barra3,    ui->Dir1};
     for (QWidget *elemento : ocultos)
         elemento->setVisible(false);
@@ -120,7 +122,8 @@ void Form1::Command1_Click()
 {
     switch (ingreso::conectar(m_servicio, ui->txtUser->text(), ui->txtPwd->text())) {
     case ingreso::Resultado::CredencialesMalas:
-        cuadroMensaje(this, QStringLiteral("Usuario y/o Contraseña incorrectas, intentelo de nuevo"));
+        cuadroMensaje(this,
+                      QStringLiteral("Usuario y/o Contraseña incorrectas, intentelo de nuevo"));
         return;
     case ingreso::Resultado::RolInadecuado:
         cuadroMensaje(this, QStringLiteral("Nivel de acceso inadecuado, se requiere Usuario y "

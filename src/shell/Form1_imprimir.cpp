@@ -19,8 +19,8 @@ struct FilaTipo {
 const QList<FilaTipo> filasTipo = {
     {QStringLiteral("Boletines"), QStringLiteral("Imprimir Boletines del Periodo"), true},
     {QStringLiteral("Informe Final"), QStringLiteral("Imprimir Informes Finales del Salon"), false},
-    {QStringLiteral("Certificado Final"),
-     QStringLiteral("Imprimir Certificados Finales del Salon"), false},
+    {QStringLiteral("Certificado Final"), QStringLiteral("Imprimir Certificados Finales del Salon"),
+     false},
     {QStringLiteral("Paz Y Salvos"), QStringLiteral("Imprimir Paz y salvos"), false},
 };
 
@@ -30,7 +30,7 @@ const FilaTipo otroTipo = {QString(), QStringLiteral("Seleccione que Imprimir"),
 
 class PanelDeForm1 : public PanelImpresion {
 public:
-    PanelDeForm1(QWidget *ventana, Ui::Form1 &ui) : m_ventana(ventana), m_ui(ui) { }
+    PanelDeForm1(QWidget *ventana, Ui::Form1 &ui) : m_ventana(ventana), m_ui(ui) {}
 
     QString lineaSalon() const override { return lineaElegida(*m_ui.List1); }
     int periodo() const override { return m_ui.Combo1->currentIndex() + 1; }

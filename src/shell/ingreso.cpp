@@ -9,9 +9,9 @@ namespace ingreso {
 Resultado conectar(Servicio &servicio, const QString &usuario, const QString &clave)
 {
     frmCargador cargador(servicio);
-    const QString respuesta =
-        cargador.conectar(servicio.ServiceBase + QStringLiteral("/querys/tessarin/login.php"),
-                          QStringLiteral("user=") + usuario + QStringLiteral("&pwd=") + clave, true);
+    const QString respuesta = cargador.conectar(
+        servicio.ServiceBase + QStringLiteral("/querys/tessarin/login.php"),
+        QStringLiteral("user=") + usuario + QStringLiteral("&pwd=") + clave, true);
     if (respuesta == u"ERROR")
         return Resultado::CredencialesMalas;
     return tomarValores(servicio, respuesta) ? Resultado::Aceptado : Resultado::RolInadecuado;
@@ -20,11 +20,9 @@ Resultado conectar(Servicio &servicio, const QString &usuario, const QString &cl
 void cargarSalones(Servicio &servicio, tcSalones &salones)
 {
     frmCargador cargador(servicio);
-    salones.Fcargar(
-        cargador.conectar(servicio.ServiceBase + QStringLiteral("/querys/tessarin/salones.php"),
-                          QStringLiteral("idcolegio=") + Module1::idColegio
-                              + QStringLiteral("&tipo=matrix"),
-                          true));
+    salones.Fcargar(cargador.conectar(
+        servicio.ServiceBase + QStringLiteral("/querys/tessarin/salones.php"),
+        QStringLiteral("idcolegio=") + Module1::idColegio + QStringLiteral("&tipo=matrix"), true));
 }
 
 } // namespace ingreso

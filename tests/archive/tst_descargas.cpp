@@ -28,40 +28,67 @@ const QString otras = QStringLiteral("123-2010");
 
 const QList<QPair<QByteArray, Caso>> casos = {
     {"downSalones",
-     {[](tcSalones &s, tcAlumnos &) { s.downSalones(); }, false, QStringLiteral("Descargando Salones"),
-      QStringLiteral("Descargando Salon (14): 6A - 2 de 2"), QStringLiteral("salones"),
-      QStringLiteral("/querys/tessarin/alumnos.php?azar=#&idcolegio=123&tipo=html&salon=14"), false,
+     {[](tcSalones &s, tcAlumnos &) { s.downSalones(); },
+      false,
+      QStringLiteral("Descargando Salones"),
+      QStringLiteral("Descargando Salon (14): 6A - 2 de 2"),
+      QStringLiteral("salones"),
+      QStringLiteral("/querys/tessarin/alumnos.php?azar=#&idcolegio=123&tipo=html&salon=14"),
+      false,
       {otras}}},
     {"downConsolidadoN",
-     {[](tcSalones &s, tcAlumnos &) { s.downConsolidadoN(); }, false,
+     {[](tcSalones &s, tcAlumnos &) { s.downConsolidadoN(); },
+      false,
       QStringLiteral("Descargando Consolidado Notas"),
-      QStringLiteral("Descargando Consolidado Notas (14): 6A - 2 de 2"), QStringLiteral("consolidadoN"),
-      QStringLiteral("/notas/123/2010/consolidado/14/4/tessarin/?azar=#&"), false, {}}},
+      QStringLiteral("Descargando Consolidado Notas (14): 6A - 2 de 2"),
+      QStringLiteral("consolidadoN"),
+      QStringLiteral("/notas/123/2010/consolidado/14/4/tessarin/?azar=#&"),
+      false,
+      {}}},
     {"downConsolidadoF",
-     {[](tcSalones &s, tcAlumnos &) { s.downConsolidadoF(); }, false,
+     {[](tcSalones &s, tcAlumnos &) { s.downConsolidadoF(); },
+      false,
       QStringLiteral("Descargando Consolidado Fallas"),
-      QStringLiteral("Descargando Consolidado Fallas (14): 6A - 2 de 2"), QStringLiteral("consolidadoF"),
-      QStringLiteral("/notas/123/2010/consolidadof/14/4/tessarin/?azar=#&"), false, {}}},
+      QStringLiteral("Descargando Consolidado Fallas (14): 6A - 2 de 2"),
+      QStringLiteral("consolidadoF"),
+      QStringLiteral("/notas/123/2010/consolidadof/14/4/tessarin/?azar=#&"),
+      false,
+      {}}},
     {"downInfoFinal",
-     {[](tcSalones &, tcAlumnos &a) { a.downInfoFinal(); }, true,
-      QStringLiteral("Descargando Informes Finales"), QStringLiteral("Informe Final (14): 6A - 2 de 2"),
-      QStringLiteral("infoFinal"), QStringLiteral("/salones/123/2010/infoFinal/14/tessarin/?azar=#&"),
-      true, {otras}}},
+     {[](tcSalones &, tcAlumnos &a) { a.downInfoFinal(); },
+      true,
+      QStringLiteral("Descargando Informes Finales"),
+      QStringLiteral("Informe Final (14): 6A - 2 de 2"),
+      QStringLiteral("infoFinal"),
+      QStringLiteral("/salones/123/2010/infoFinal/14/tessarin/?azar=#&"),
+      true,
+      {otras}}},
     {"downCertificado",
-     {[](tcSalones &, tcAlumnos &a) { a.downCertificado(); }, true,
-      QStringLiteral("Descargando Certificados Finales"), QStringLiteral("Certificado (14): 6A - 2 de 2"),
+     {[](tcSalones &, tcAlumnos &a) { a.downCertificado(); },
+      true,
+      QStringLiteral("Descargando Certificados Finales"),
+      QStringLiteral("Certificado (14): 6A - 2 de 2"),
       QStringLiteral("certificados"),
-      QStringLiteral("/salones/123/2010/certificado/14/tessarin/?azar=#&"), true, {otras}}},
+      QStringLiteral("/salones/123/2010/certificado/14/tessarin/?azar=#&"),
+      true,
+      {otras}}},
     {"downHojaMat",
-     {[](tcSalones &, tcAlumnos &a) { a.downHojaMat(); }, true,
-      QStringLiteral("Descargando Hojas de Matricula"), QStringLiteral("Hoja Matricula (14): 6A - 2 de 2"),
+     {[](tcSalones &, tcAlumnos &a) { a.downHojaMat(); },
+      true,
+      QStringLiteral("Descargando Hojas de Matricula"),
+      QStringLiteral("Hoja Matricula (14): 6A - 2 de 2"),
       QStringLiteral("matriculas"),
-      QStringLiteral("/alumnos/123/2010/hojaMatricula/14/tessarin/?azar=#&"), true, {otras}}},
+      QStringLiteral("/alumnos/123/2010/hojaMatricula/14/tessarin/?azar=#&"),
+      true,
+      {otras}}},
     {"downInfoAlumno",
-     {[](tcSalones &, tcAlumnos &a) { a.downInfoAlumno(); }, true,
-      QStringLiteral("Descargando Informacion de Alumnos"), QStringLiteral("InfoAlumno (14): 6A - 2 de 2"),
+     {[](tcSalones &, tcAlumnos &a) { a.downInfoAlumno(); },
+      true,
+      QStringLiteral("Descargando Informacion de Alumnos"),
+      QStringLiteral("InfoAlumno (14): 6A - 2 de 2"),
       QStringLiteral("infoAlumnos"),
-      QStringLiteral("/querys/tessarin/infoAlumno.php?azar=#&idcolegio=123&idalumno=14"), false,
+      QStringLiteral("/querys/tessarin/infoAlumno.php?azar=#&idcolegio=123&idalumno=14"),
+      false,
       {otras}}},
 };
 
@@ -69,10 +96,13 @@ const QList<QPair<QByteArray, Caso>> casos = {
 QByteArray paginaCompleta(const QByteArray &base)
 {
     return "<a " + base.toUpper() + "/images/colegios/123/logo.png>" + "<b " + base
-        + "/imgTXT.php?txt=NOTA:X><c " + base + "/IMGTXT.php?txt=Puesto><d " + base
-        + "/images/promovido.png><d2 " + base + "/images/promovido.png><e " + base
-        + "/images/reprobado.png><e2 " + base + "/images/reprobado.png><f Folio: \xAE" "FOLIO\xAE><g "
-        + base + "/jup/images/123/14-alumno.jpg><h " + base + "/images/default-avatar.png>\xF1\x81";
+           + "/imgTXT.php?txt=NOTA:X><c " + base + "/IMGTXT.php?txt=Puesto><d " + base
+           + "/images/promovido.png><d2 " + base + "/images/promovido.png><e " + base
+           + "/images/reprobado.png><e2 " + base
+           + "/images/reprobado.png><f Folio: \xAE"
+             "FOLIO\xAE><g "
+           + base + "/jup/images/123/14-alumno.jpg><h " + base
+           + "/images/default-avatar.png>\xF1\x81";
 }
 
 } // namespace
@@ -118,9 +148,8 @@ private Q_SLOTS:
         QCOMPARE(avisos.size(), 2);
         QCOMPARE(avisos[1][0].toString(), caso.texto);
         QCOMPARE(e.estadoTS.historia, QStringList({caso.titulo}));
-        QCOMPARE(e.barra1.historia,
-                 QStringList({QStringLiteral("max 2"), QStringLiteral("0"), QStringLiteral("1"),
-                              QStringLiteral("2")}));
+        QCOMPARE(e.barra1.historia, QStringList({QStringLiteral("max 2"), QStringLiteral("0"),
+                                                 QStringLiteral("1"), QStringLiteral("2")}));
         QCOMPARE(e.barra2.historia, QStringList({QStringLiteral("1")}));
         QCOMPARE(e.listar(QStringLiteral("123-2010/archivos")), QStringList({caso.carpeta}));
         QCOMPARE(e.listar(QStringLiteral("123-2010/archivos/") + caso.carpeta),
@@ -134,11 +163,12 @@ private Q_SLOTS:
     {
         QTest::addColumn<int>("indice");
         QTest::addColumn<QByteArray>("esperada"); // with @ for the service's address
-        const QByteArray sellos =
-            "<d @/images/promovido.png><d2 @/images/promovido.png>"
-            "<e @/images/reprobado.png><e2 @/images/reprobado.png>";
-        const QByteArray folio = "<f Folio: \xAE" "FOLIO\xAE>";
-        const QByteArray fotos = "<g @/jup/images/123/14-alumno.jpg><h @/images/default-avatar.png>\xF1\x81";
+        const QByteArray sellos = "<d @/images/promovido.png><d2 @/images/promovido.png>"
+                                  "<e @/images/reprobado.png><e2 @/images/reprobado.png>";
+        const QByteArray folio = "<f Folio: \xAE"
+                                 "FOLIO\xAE>";
+        const QByteArray fotos =
+            "<g @/jup/images/123/14-alumno.jpg><h @/images/default-avatar.png>\xF1\x81";
         const QByteArray etiquetas = "<b @/imgTXT.php?txt=NOTA:X><c @/IMGTXT.php?txt=Puesto>";
         const QByteArray locales = "<b ../images/labels/NOTAX><c ../images/labels/Puesto>";
         const QByteArray logo = "<a ..\\images\\logo.png>";
@@ -146,19 +176,20 @@ private Q_SLOTS:
         QTest::newRow("downConsolidadoN") << 1 << logo + locales + sellos + folio + fotos;
         QTest::newRow("downConsolidadoF keeps the colon of NOTA:")
             << 2
-            << logo + "<b ../images/labels/NOTA:X><c ../images/labels/Puesto>" + sellos + folio + fotos;
+            << logo + "<b ../images/labels/NOTA:X><c ../images/labels/Puesto>" + sellos + folio
+                   + fotos;
         QTest::newRow("downInfoFinal, the first of each stamp")
             << 3
             << logo + etiquetas
-                + "<d ..\\images\\promovido.png><d2 @/images/promovido.png>"
-                  "<e ..\\images\\reprobado.png><e2 @/images/reprobado.png>"
-                + folio + fotos;
+                   + "<d ..\\images\\promovido.png><d2 @/images/promovido.png>"
+                     "<e ..\\images\\reprobado.png><e2 @/images/reprobado.png>"
+                   + folio + fotos;
         QTest::newRow("downCertificado")
             << 4 << logo + etiquetas + sellos + "<f Folio: _______>" + fotos;
         QTest::newRow("downHojaMat, the avatar among the photos")
             << 5
             << logo + etiquetas + sellos + folio
-                + "<g ..\\fotos\\14-alumno.jpg><h ..\\fotos\\default-avatar.png>\xF1\x81";
+                   + "<g ..\\fotos\\14-alumno.jpg><h ..\\fotos\\default-avatar.png>\xF1\x81";
         QTest::newRow("downInfoAlumno, as it came")
             << 6 << "<a %/images/colegios/123/logo.png>" + etiquetas + sellos + folio + fotos;
     }
@@ -270,8 +301,9 @@ private Q_SLOTS:
         alumnos.downInfoFinal();
         alumnos.downCertificado();
         QCOMPARE(e.destinos(),
-                 QStringList({QStringLiteral("/salones/123/2010/%1/14/tessarin/?azar=#&").arg(tipoInfo),
-                              QStringLiteral("/salones/123/2010/%1/14/tessarin/?azar=#&").arg(tipoCerti)}));
+                 QStringList(
+                     {QStringLiteral("/salones/123/2010/%1/14/tessarin/?azar=#&").arg(tipoInfo),
+                      QStringLiteral("/salones/123/2010/%1/14/tessarin/?azar=#&").arg(tipoCerti)}));
     }
 
     void anoDeLaSesion_noCambiaElDeLasDirecciones()
@@ -282,8 +314,9 @@ private Q_SLOTS:
         tcAlumnos alumnos(e.servicio);
         alumnos.Fcargar(QStringLiteral("14,6A"));
         alumnos.downHojaMat();
-        QCOMPARE(e.destinos(),
-                 QStringList({QStringLiteral("/alumnos/123/2010/hojaMatricula/14/tessarin/?azar=#&")}));
+        QCOMPARE(
+            e.destinos(),
+            QStringList({QStringLiteral("/alumnos/123/2010/hojaMatricula/14/tessarin/?azar=#&")}));
         QVERIFY(e.existe(QStringLiteral("123-2024/archivos/matriculas/14.html")));
     }
 
@@ -309,7 +342,8 @@ private Q_SLOTS:
                  QByteArray("la ficha anterior\r\n"));
         e.responder("infoAlumno.php", "");
         alumnos.downInfoAlumno();
-        QCOMPARE(e.leer(QStringLiteral("123-2010/archivos/infoAlumnos/14.html")), QByteArray("\r\n"));
+        QCOMPARE(e.leer(QStringLiteral("123-2010/archivos/infoAlumnos/14.html")),
+                 QByteArray("\r\n"));
     }
 
     void idNoPermitidoEnArchivos_seSaltaYSigueElProximo()
@@ -345,10 +379,12 @@ private Q_SLOTS:
         alumnos.downInfoAlumno();
         alumnos.downFotosAlumno();
         const QString base = e.demo.base();
-        QCOMPARE(e.destinos(),
-                 QStringList({QStringLiteral("/querys/tessarin/infoAlumno.php?azar=#&idcolegio=123&idalumno=a&b=c"),
-                              QStringLiteral("/querys/tessarin/existe.php?azar=#&f=") + base
-                                  + QStringLiteral("/jup/images/123/a&b=c-alumno.jpg")}));
+        QCOMPARE(
+            e.destinos(),
+            QStringList({QStringLiteral(
+                             "/querys/tessarin/infoAlumno.php?azar=#&idcolegio=123&idalumno=a&b=c"),
+                         QStringLiteral("/querys/tessarin/existe.php?azar=#&f=") + base
+                             + QStringLiteral("/jup/images/123/a&b=c-alumno.jpg")}));
     }
 
     void foto_seGuardaSoloSiElServicioDiceSi_data()
@@ -376,12 +412,15 @@ private Q_SLOTS:
         QSignalSpy avisos(&alumnos, &tcLista::nuevaDescarga);
         alumnos.downFotosAlumno();
         const QString foto = QStringLiteral("/jup/images/123/%1-alumno.jpg").arg(alumno.id);
-        const QString consulta = QStringLiteral("/querys/tessarin/existe.php?azar=#&f=") + e.demo.base() + foto;
+        const QString consulta =
+            QStringLiteral("/querys/tessarin/existe.php?azar=#&f=") + e.demo.base() + foto;
         QCOMPARE(e.destinos().first(), consulta);
         QCOMPARE(e.destinos().count(foto), guardada ? 1 : 0);
         QCOMPARE(e.listar(QStringLiteral("123-2010/archivos/fotos")),
-                 guardada ? QStringList({alumno.id + QStringLiteral("-alumno.jpg")}) : QStringList());
-        QCOMPARE(e.estadoTS.historia, QStringList({QStringLiteral("Descargando Imagenes de Alumnos")}));
+                 guardada ? QStringList({alumno.id + QStringLiteral("-alumno.jpg")})
+                          : QStringList());
+        QCOMPARE(e.estadoTS.historia,
+                 QStringList({QStringLiteral("Descargando Imagenes de Alumnos")}));
         QCOMPARE(avisos.size(), 1);
         QCOMPARE(avisos[0][0].toString(),
                  QStringLiteral("Foto de alumno (%1): %2 - 1 de 1").arg(alumno.id, alumno.nombre));

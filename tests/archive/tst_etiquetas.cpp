@@ -7,9 +7,10 @@
 namespace {
 const QString direccion = QStringLiteral("/imgTXT.php?txt=");
 const QStringList fijas = {direccion + QStringLiteral("Nro%20Perdidas"),
-                           direccion + QStringLiteral("Promedio"), direccion + QStringLiteral("Puesto")};
+                           direccion + QStringLiteral("Promedio"),
+                           direccion + QStringLiteral("Puesto")};
 const QString labels = QStringLiteral("123-2010/archivos/images/labels");
-}
+} // namespace
 
 class tst_etiquetas : public QObject {
     Q_OBJECT
@@ -20,14 +21,15 @@ private Q_SLOTS:
         tcMaterias materias(e.servicio);
         materias.Fcargar(QStringLiteral("1,CIENCIAS-NATURALES,CIENCIAS-EXACTAS"));
         materias.downLabels();
-        QCOMPARE(e.destinos(),
-                 QStringList({direccion + QStringLiteral("CIENCIAS%20NATURALES"),
-                              direccion + QStringLiteral("CIENCIAS%20EXACTAS"),
-                              direccion + QStringLiteral("Total%20Fallas")}) + fijas);
-        QCOMPARE(e.listar(labels),
-                 QStringList({QStringLiteral("CIENCIAS EXACTAS"), QStringLiteral("CIENCIAS NATURALES"),
-                              QStringLiteral("Nro Perdidas"), QStringLiteral("Promedio"),
-                              QStringLiteral("Puesto"), QStringLiteral("Total Fallas")}));
+        QCOMPARE(e.destinos(), QStringList({direccion + QStringLiteral("CIENCIAS%20NATURALES"),
+                                            direccion + QStringLiteral("CIENCIAS%20EXACTAS"),
+                                            direccion + QStringLiteral("Total%20Fallas")})
+                                   + fijas);
+        QCOMPARE(
+            e.listar(labels),
+            QStringList({QStringLiteral("CIENCIAS EXACTAS"), QStringLiteral("CIENCIAS NATURALES"),
+                         QStringLiteral("Nro Perdidas"), QStringLiteral("Promedio"),
+                         QStringLiteral("Puesto"), QStringLiteral("Total Fallas")}));
         QVERIFY(e.leer(labels + QStringLiteral("/CIENCIAS NATURALES")).startsWith("\x89PNG"));
     }
 
@@ -39,9 +41,10 @@ private Q_SLOTS:
         tcMaterias materias(e.servicio);
         materias.Fcargar(QStringLiteral("1,A B,C D"));
         materias.downLabels();
-        QCOMPARE(e.estadoHS.historia, QStringList({QStringLiteral("Label: A B - 1 de 1"),
-                                                   QStringLiteral("Label: C D - 1 de 2"),
-                                                   QStringLiteral("Label: Total Fallas - 2 de 2")}));
+        QCOMPARE(e.estadoHS.historia,
+                 QStringList({QStringLiteral("Label: A B - 1 de 1"),
+                              QStringLiteral("Label: C D - 1 de 2"),
+                              QStringLiteral("Label: Total Fallas - 2 de 2")}));
     }
 
     void areasRepetidas_danUnaSolaEtiqueta()
@@ -50,10 +53,12 @@ private Q_SLOTS:
         tcMaterias materias(e.servicio);
         materias.Fcargar(QStringLiteral("1,ÁLGEBRA,MATEMÁTICAS®2,CÁLCULO,Matemáticas®3,ARTE,"));
         materias.downLabels();
-        QCOMPARE(e.destinos(),
-                 QStringList({direccion + QStringLiteral("%C1LGEBRA"), direccion + QStringLiteral("C%C1LCULO"),
-                              direccion + QStringLiteral("ARTE"), direccion + QStringLiteral("MATEM%C1TICAS"),
-                              direccion, direccion + QStringLiteral("Total%20Fallas")}) + fijas);
+        QCOMPARE(e.destinos(), QStringList({direccion + QStringLiteral("%C1LGEBRA"),
+                                            direccion + QStringLiteral("C%C1LCULO"),
+                                            direccion + QStringLiteral("ARTE"),
+                                            direccion + QStringLiteral("MATEM%C1TICAS"), direccion,
+                                            direccion + QStringLiteral("Total%20Fallas")})
+                                   + fijas);
         QVERIFY(e.existe(labels + QStringLiteral("/MATEMÁTICAS")));
     }
 
@@ -62,8 +67,9 @@ private Q_SLOTS:
         Escenario e;
         tcMaterias materias(e.servicio);
         materias.downLabels();
-        QCOMPARE(e.listar(labels), QStringList({QStringLiteral("Nro Perdidas"), QStringLiteral("Promedio"),
-                                                QStringLiteral("Puesto"), QStringLiteral("Total Fallas")}));
+        QCOMPARE(e.listar(labels),
+                 QStringList({QStringLiteral("Nro Perdidas"), QStringLiteral("Promedio"),
+                              QStringLiteral("Puesto"), QStringLiteral("Total Fallas")}));
     }
 
     void avance_vaPorMateriasYLuegoPorAreas()
@@ -72,11 +78,13 @@ private Q_SLOTS:
         tcMaterias materias(e.servicio);
         materias.Fcargar(QStringLiteral("1,A,X®2,B,X"));
         materias.downLabels();
-        QCOMPARE(e.estadoTS.historia, QStringList({QStringLiteral("Descargando Labels de Materias")}));
-        QCOMPARE(e.estadoHS.historia,
-                 QStringList({QStringLiteral("Label: A - 1 de 2"), QStringLiteral("Label: B - 2 de 2"),
-                              QStringLiteral("Label: X - 1 de 2"),
-                              QStringLiteral("Label: Total Fallas - 2 de 2")}));
+        QCOMPARE(e.estadoTS.historia,
+                 QStringList({QStringLiteral("Descargando Labels de Materias")}));
+        QCOMPARE(
+            e.estadoHS.historia,
+            QStringList({QStringLiteral("Label: A - 1 de 2"), QStringLiteral("Label: B - 2 de 2"),
+                         QStringLiteral("Label: X - 1 de 2"),
+                         QStringLiteral("Label: Total Fallas - 2 de 2")}));
         QCOMPARE(e.barra1.historia,
                  QStringList({QStringLiteral("max 2"), QStringLiteral("0"), QStringLiteral("1"),
                               QStringLiteral("2"), QStringLiteral("max 2"), QStringLiteral("0"),
@@ -101,9 +109,10 @@ private Q_SLOTS:
 
     void distintas_guardaLaPrimeraDeCadaUna()
     {
-        QCOMPARE(etiquetas::distintas({QStringLiteral("B"), QStringLiteral("a"), QStringLiteral("b"), QString(),
-                                       QString(), QStringLiteral("A")}),
-                 QStringList({QStringLiteral("B"), QStringLiteral("a"), QString()}));
+        QCOMPARE(
+            etiquetas::distintas({QStringLiteral("B"), QStringLiteral("a"), QStringLiteral("b"),
+                                  QString(), QString(), QStringLiteral("A")}),
+            QStringList({QStringLiteral("B"), QStringLiteral("a"), QString()}));
     }
 };
 

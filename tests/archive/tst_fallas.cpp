@@ -26,7 +26,8 @@ QMap<QString, qint64> contenido(const Escenario &e)
     QDirIterator it(e.personal.path(), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
     while (it.hasNext()) {
         it.next();
-        archivos.insert(QDir(e.personal.path()).relativeFilePath(it.filePath()), it.fileInfo().size());
+        archivos.insert(QDir(e.personal.path()).relativeFilePath(it.filePath()),
+                        it.fileInfo().size());
     }
     return archivos;
 }
@@ -89,7 +90,8 @@ private Q_SLOTS:
         QTest::newRow("short") << int(Falla::Cuerpo) << QByteArray("no") << QByteArray("no\r\n");
         QTest::newRow("garbage") << int(Falla::Basura) << QByteArray() << QByteArray("\r\n");
         QTest::newRow("cut off") << int(Falla::CierraEnMedio) << QByteArray() << QByteArray("\r\n");
-        QTest::newRow("closed at once") << int(Falla::CierraAntes) << QByteArray() << QByteArray("\r\n");
+        QTest::newRow("closed at once")
+            << int(Falla::CierraAntes) << QByteArray() << QByteArray("\r\n");
         QTest::newRow("status 500") << int(Falla::Estado) << QByteArray("<h1>Error 500</h1>")
                                     << QByteArray("<h1>Error 500</h1>\r\n");
     }
@@ -136,7 +138,8 @@ private Q_SLOTS:
         correr(e);
         QCOMPARE(e.leer(QStringLiteral("123-2010/index.html")), QByteArray("\r\n"));
         QCOMPARE(e.leer(QStringLiteral("123-2010/archivos/salones/501.html")), QByteArray("\r\n"));
-        QVERIFY(e.leer(QStringLiteral("123-2010/configuracion.txt")).startsWith("var rector = \"\";\r\n"));
+        QVERIFY(e.leer(QStringLiteral("123-2010/configuracion.txt"))
+                    .startsWith("var rector = \"\";\r\n"));
         QCOMPARE(e.listar(QStringLiteral("123-2010/archivos/images/labels")), QStringList());
     }
 
@@ -145,7 +148,11 @@ private Q_SLOTS:
         Escenario e;
         const QByteArray buena = e.demo.escuela().alumnos.first().id.toLatin1();
         // A missing field, a duplicate, line breaks, an empty row, and names that Windows refuses.
-        e.responder("alumnos.php?", buena + "\xAE" + buena + ",OTRO\xAE" "77\r\n,ANA\xAE\xAE" "a:b,X\xAE" "con,X");
+        e.responder("alumnos.php?", buena + "\xAE" + buena
+                                        + ",OTRO\xAE"
+                                          "77\r\n,ANA\xAE\xAE"
+                                          "a:b,X\xAE"
+                                          "con,X");
         e.responder("&tipo=html&salon=", "la pagina del salon");
         correr(e);
         const QStringList paginas = {QString::fromLatin1(buena) + QStringLiteral(".html"),
@@ -163,12 +170,14 @@ private Q_SLOTS:
         testigo.close();
         e.responder("alumnos.php?",
                     "..\\..\\..\\..\\testigo,A\xAE../../../../testigo,B\xAE/testigo,C\xAE"
-                    "..\\..\\..\\..\\..\\..\\testigo,D\xAE" "C:\\testigo,E");
+                    "..\\..\\..\\..\\..\\..\\testigo,D\xAE"
+                    "C:\\testigo,E");
         e.responder("&tipo=html&salon=", "la pagina del salon");
         correr(e);
         QVERIFY(testigo.open(QIODevice::ReadOnly));
         QCOMPARE(testigo.readAll(), QByteArray("intacto"));
-        QCOMPARE(QDir(e.personal.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+        QCOMPARE(QDir(e.personal.path())
+                     .entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
                  QStringList({QStringLiteral("Quorvela"), QStringLiteral("testigo.html")}));
     }
 
@@ -179,7 +188,8 @@ private Q_SLOTS:
         QVERIFY(QDir().mkpath(e.nativa(QStringLiteral("123-2010/archivos"))));
         QVERIFY(QFile::link(fuera.path(), e.nativa(QStringLiteral("123-2010/archivos/salones"))));
         correr(e);
-        QCOMPARE(QDir(fuera.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList());
+        QCOMPARE(QDir(fuera.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
+                 QStringList());
         QVERIFY(e.existe(QStringLiteral("123-2010/archivos/consolidadoN/501.html")));
     }
 
@@ -247,7 +257,8 @@ private Q_SLOTS:
         // What is there of the images is whole; what did not fit is missing.
         int imagenesQueFaltan = 0;
         for (auto it = m_completo.cbegin(); it != m_completo.cend(); ++it) {
-            if (!it.key().contains(QStringLiteral("/images/")) && !it.key().contains(QStringLiteral("/fotos/")))
+            if (!it.key().contains(QStringLiteral("/images/"))
+                && !it.key().contains(QStringLiteral("/fotos/")))
                 continue;
             if (archivos.contains(it.key()))
                 QCOMPARE(archivos.value(it.key()), it.value());

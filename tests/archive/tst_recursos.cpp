@@ -25,26 +25,23 @@ private Q_SLOTS:
         prepararArchivo(e);
         e.responder("campo=", "un valor largo"); // a short one would be asked for again
         descargarRecursos(e.servicio, documentos);
-        const QString valor = QStringLiteral("/querys/tessarin/tomarValor.php?azar=#&idcolegio=123&campo=");
+        const QString valor =
+            QStringLiteral("/querys/tessarin/tomarValor.php?azar=#&idcolegio=123&campo=");
         const QString fin = QStringLiteral("&acutes=SI");
-        QCOMPARE(e.destinos(),
-                 QStringList({QStringLiteral("/jscript/jquery.tools.min.js?azar=#&"),
-                              QStringLiteral("/jscript/jquery.tablesorter.min.js?azar=#&"),
-                              valor + QStringLiteral("RECTOR") + fin,
-                              valor + QStringLiteral("SECRETARIA") + fin,
-                              valor + QStringLiteral("SLOGAN") + fin,
-                              valor + QStringLiteral("MICOLEGIO") + fin,
-                              valor + QStringLiteral("DIRECCION") + fin,
-                              valor + QStringLiteral("TELEFONO") + fin,
-                              valor + QStringLiteral("CDANE") + fin,
-                              QStringLiteral("/images/colegios/123/logo.png"),
-                              QStringLiteral("/images/default-avatar.png"),
-                              QStringLiteral("/images/bg.gif"),
-                              QStringLiteral("/images/asc.gif"),
-                              QStringLiteral("/images/desc.gif"),
-                              QStringLiteral("/images/promovido.png"),
-                              QStringLiteral("/images/reprobado.png"),
-                              QStringLiteral("/images/colegios/123/rector.png")}));
+        QCOMPARE(
+            e.destinos(),
+            QStringList(
+                {QStringLiteral("/jscript/jquery.tools.min.js?azar=#&"),
+                 QStringLiteral("/jscript/jquery.tablesorter.min.js?azar=#&"),
+                 valor + QStringLiteral("RECTOR") + fin, valor + QStringLiteral("SECRETARIA") + fin,
+                 valor + QStringLiteral("SLOGAN") + fin, valor + QStringLiteral("MICOLEGIO") + fin,
+                 valor + QStringLiteral("DIRECCION") + fin,
+                 valor + QStringLiteral("TELEFONO") + fin, valor + QStringLiteral("CDANE") + fin,
+                 QStringLiteral("/images/colegios/123/logo.png"),
+                 QStringLiteral("/images/default-avatar.png"), QStringLiteral("/images/bg.gif"),
+                 QStringLiteral("/images/asc.gif"), QStringLiteral("/images/desc.gif"),
+                 QStringLiteral("/images/promovido.png"), QStringLiteral("/images/reprobado.png"),
+                 QStringLiteral("/images/colegios/123/rector.png")}));
     }
 
     void recursos_quedanEnSusCarpetas()
@@ -53,8 +50,9 @@ private Q_SLOTS:
         prepararArchivo(e);
         descargarRecursos(e.servicio, documentos);
         const QString archivos = QStringLiteral("123-2010/archivos");
-        QCOMPARE(e.listar(archivos), QStringList({QStringLiteral("config"), QStringLiteral("images"),
-                                                  QStringLiteral("jscript")}));
+        QCOMPARE(e.listar(archivos),
+                 QStringList({QStringLiteral("config"), QStringLiteral("images"),
+                              QStringLiteral("jscript")}));
         QCOMPARE(e.listar(archivos + QStringLiteral("/config")), QStringList());
         QCOMPARE(e.listar(archivos + QStringLiteral("/jscript")),
                  QStringList({QStringLiteral("jquery.tablesorter.min.js"),
@@ -87,7 +85,8 @@ private Q_SLOTS:
     {
         Escenario e;
         prepararArchivo(e);
-        e.responder("campo=RECTOR", "  Jos\xE9 Nu\xF1" "ez  ");
+        e.responder("campo=RECTOR", "  Jos\xE9 Nu\xF1"
+                                    "ez  ");
         e.responder("campo=SECRETARIA", "Ana\r\n de la O");
         e.responder("campo=SLOGAN", "");
         e.responder("campo=MICOLEGIO", " Colegio \"El Roble\" ");
@@ -96,7 +95,8 @@ private Q_SLOTS:
         e.responder("campo=CDANE", "1123");
         descargarRecursos(e.servicio, documentos);
         QCOMPARE(e.leer(QStringLiteral("123-2010/configuracion.txt")),
-                 QByteArray("var rector = \"Jos\xE9 Nu\xF1" "ez\";\r\n"
+                 QByteArray("var rector = \"Jos\xE9 Nu\xF1"
+                            "ez\";\r\n"
                             "var secretaria = \"Ana de la O\";\r\n"
                             "var slogan = \"\";\r\n"
                             "var micolegio = \"Colegio \"El Roble\"\";\r\n"

@@ -27,11 +27,13 @@ private Q_SLOTS:
             << QStringLiteral("https://s.co/images/colegios/1234/logo.png");
         QTest::newRow("label NOTA:, all, any case")
             << reemplazos::etiquetaNota()
-            << QStringLiteral("https://s.co/imgTXT.php?txt=NOTA:FINAL HTTPS://s.CO/IMGtxt.php?TXT=nota:x")
+            << QStringLiteral(
+                   "https://s.co/imgTXT.php?txt=NOTA:FINAL HTTPS://s.CO/IMGtxt.php?TXT=nota:x")
             << QStringLiteral("../images/labels/NOTAFINAL ../images/labels/NOTAx");
         QTest::newRow("label, all, any case")
             << reemplazos::etiqueta()
-            << QStringLiteral("https://s.co/imgTXT.php?txt=Puesto HTTPS://s.CO/IMGtxt.php?TXT=NOTA:x")
+            << QStringLiteral(
+                   "https://s.co/imgTXT.php?txt=Puesto HTTPS://s.CO/IMGtxt.php?TXT=NOTA:x")
             << QStringLiteral("../images/labels/Puesto ../images/labels/NOTA:x");
         QTest::newRow("stamp, the first only")
             << reemplazos::promovido()
@@ -55,11 +57,13 @@ private Q_SLOTS:
                                   << QStringLiteral("Folio: 12");
         QTest::newRow("photos, all, any case")
             << reemplazos::foto()
-            << QStringLiteral("https://s.co/jup/images/123/9-alumno.jpg https://s.co/JUP/images/123/")
+            << QStringLiteral(
+                   "https://s.co/jup/images/123/9-alumno.jpg https://s.co/JUP/images/123/")
             << QStringLiteral("..\\fotos\\9-alumno.jpg ..\\fotos\\");
         QTest::newRow("avatar, all, any case")
             << reemplazos::avatar()
-            << QStringLiteral("https://s.co/images/default-avatar.png HTTPS://s.co/images/Default-Avatar.png")
+            << QStringLiteral(
+                   "https://s.co/images/default-avatar.png HTTPS://s.co/images/Default-Avatar.png")
             << QStringLiteral("..\\fotos\\default-avatar.png ..\\fotos\\default-avatar.png");
     }
     void fila_cambiaLoSuyo()
@@ -83,19 +87,19 @@ private Q_SLOTS:
     {
         QCOMPARE(
             guiones::documento(),
-            QStringLiteral(
-                "<script language='javascript' src='../../archivos/jscript/jquery.tools.min.js'></script>"
-                "<script language='javascript' src='../../configuracion.txt'></script>"
-                "<script type='text/javascript'>"
-                "$(document).ready(function() {"
-                "$('span span #cfgMICOLEGIO').html('micolegio');"
-                "$('span span #cfgSLOGAN').html('slogan');"
-                "$('#cfgCDANE').html(cdane);"
-                "$('#cfgDIRECCION').html(direccion);"
-                "$('#cfgTELEFONO').html(telefono); "
-                "$('#cfgSECRETARIA').html(secretaria); "
-                "$('#cfgRECTOR').html(rector); "
-                "});</script>"));
+            QStringLiteral("<script language='javascript' "
+                           "src='../../archivos/jscript/jquery.tools.min.js'></script>"
+                           "<script language='javascript' src='../../configuracion.txt'></script>"
+                           "<script type='text/javascript'>"
+                           "$(document).ready(function() {"
+                           "$('span span #cfgMICOLEGIO').html('micolegio');"
+                           "$('span span #cfgSLOGAN').html('slogan');"
+                           "$('#cfgCDANE').html(cdane);"
+                           "$('#cfgDIRECCION').html(direccion);"
+                           "$('#cfgTELEFONO').html(telefono); "
+                           "$('#cfgSECRETARIA').html(secretaria); "
+                           "$('#cfgRECTOR').html(rector); "
+                           "});</script>"));
     }
 };
 

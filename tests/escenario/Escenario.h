@@ -3,7 +3,7 @@
 // that remember what was written to them. Only the pause is a pretence: it notes its length.
 #pragma once
 
-#include "demo/ServicioDemo.h"
+#include "demostracion/ServicioDemo.h"
 #include "service/Servicio.h"
 #include "shell/ElementosProgreso.h"
 

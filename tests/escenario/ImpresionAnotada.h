@@ -14,7 +14,10 @@ public:
     QString lineaSalon() const override { return salon; }
     int periodo() const override { return elegido; }
     bool descargarEImprimir() const override { return imprimir; }
-    void mensaje(const QString &texto) override { historia.append(QStringLiteral("mensaje: ") + texto); }
+    void mensaje(const QString &texto) override
+    {
+        historia.append(QStringLiteral("mensaje: ") + texto);
+    }
     void empezar(int maximo) override { historia.append(QStringLiteral("empezar %1").arg(maximo)); }
     void avanzar() override { historia.append(QStringLiteral("avanzar")); }
     void terminar() override { historia.append(QStringLiteral("terminar")); }

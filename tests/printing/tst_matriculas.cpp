@@ -39,15 +39,22 @@ private Q_SLOTS:
         panel.imprimir = imprimir;
         guardarHoja(e, QStringLiteral("77"));
         guardarHoja(e, QStringLiteral("79"));
-        e.responder("tipo=matrix&salon=501", "77,ANA PE\xD1" "A\xAE" "78,SIN HOJA\xAE" "79,EVA\xAE");
+        e.responder("tipo=matrix&salon=501", "77,ANA PE\xD1"
+                                             "A\xAE"
+                                             "78,SIN HOJA\xAE"
+                                             "79,EVA\xAE");
         correr(e, panel);
         QCOMPARE(panel.historia,
                  QStringList({QStringLiteral("mensaje: 77,ANA PEÑA®78,SIN HOJA®79,EVA®"),
-                              QStringLiteral("empezar 3"), QStringLiteral("avanzar"), QStringLiteral("avanzar"),
-                              QStringLiteral("avanzar"), QStringLiteral("avanzar"), QStringLiteral("terminar")}));
-        QCOMPARE(e.destinos(),
-                 QStringList({QStringLiteral("/querys/tessarin/alumnos.php?azar=#&idcolegio=123&tipo=matrix&salon=501"),
-                              QStringLiteral("/images/colegios/123/logo.png")}));
+                              QStringLiteral("empezar 3"), QStringLiteral("avanzar"),
+                              QStringLiteral("avanzar"), QStringLiteral("avanzar"),
+                              QStringLiteral("avanzar"), QStringLiteral("terminar")}));
+        QCOMPARE(
+            e.destinos(),
+            QStringList(
+                {QStringLiteral(
+                     "/querys/tessarin/alumnos.php?azar=#&idcolegio=123&tipo=matrix&salon=501"),
+                 QStringLiteral("/images/colegios/123/logo.png")}));
         QTRY_VERIFY(obrero.terminado());
         QCOMPARE(obrero.documentos(),
                  QStringList({e.nativa(QStringLiteral("123-2010/archivos/matriculas/77.html")),
@@ -59,11 +66,13 @@ private Q_SLOTS:
         const ObreroAnotado obrero;
         Escenario e;
         PanelAnotado panel;
-        e.responder("tipo=matrix&salon=501", "77,ANA\xAE" "78,EVA");
+        e.responder("tipo=matrix&salon=501", "77,ANA\xAE"
+                                             "78,EVA");
         correr(e, panel);
         QCOMPARE(panel.historia,
                  QStringList({QStringLiteral("mensaje: 77,ANA®78,EVA"), QStringLiteral("empezar 1"),
-                              QStringLiteral("avanzar"), QStringLiteral("avanzar"), QStringLiteral("terminar")}));
+                              QStringLiteral("avanzar"), QStringLiteral("avanzar"),
+                              QStringLiteral("terminar")}));
         QVERIFY(!obrero.arrancado());
         QCOMPARE(e.listar(QString()), QStringList()); // and makes no folder of its own
     }

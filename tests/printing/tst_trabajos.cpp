@@ -1,6 +1,6 @@
+#include "archive/guiones.h"
 #include "escenario/Escenario.h"
 #include "escenario/ImpresionAnotada.h"
-#include "archive/guiones.h"
 #include "printing/guionBoletin.h"
 #include "printing/trabajos.h"
 #include "shell/Module1.h"
@@ -11,30 +11,34 @@ namespace {
 
 struct Caso {
     QString nombre;
-    QString lista;      // the list query's page
-    QString carpeta;    // below the document folder
-    QString destino;    // for the code 77
-    QByteArray pagina;  // of paginaCompleta, with @ for the service's address, without the script
+    QString lista;     // the list query's page
+    QString carpeta;   // below the document folder
+    QString destino;   // for the code 77
+    QByteArray pagina; // of paginaCompleta, with @ for the service's address, without the script
     QByteArray guion;
     QStringList imagenes; // targets, in order
 };
 
 const QStringList soloLogo = {QStringLiteral("/images/colegios/123/logo.png")};
-const QStringList deFinales = soloLogo
+const QStringList deFinales =
+    soloLogo
     + QStringList{QStringLiteral("/images/promovido.png"), QStringLiteral("/images/reprobado.png"),
                   QStringLiteral("/images/colegios/123/rector.png"),
                   QStringLiteral("/images/colegios/123/coordinacion.png")};
 const QStringList delObservador = soloLogo
-    + QStringList{QStringLiteral("/images/apersonal.png"), QStringLiteral("/images/aconvivencia.png"),
-                  QStringLiteral("/images/aacademico.png")};
+                                  + QStringList{QStringLiteral("/images/apersonal.png"),
+                                                QStringLiteral("/images/aconvivencia.png"),
+                                                QStringLiteral("/images/aacademico.png")};
 
 // Everything that any row of the table rewrites, the prefix of the school in capitals.
 const QByteArray sellos = "<b @/images/promovido.png><b2 @/images/promovido.png>"
                           "<c @/images/reprobado.png><c2 @/images/reprobado.png>";
-const QByteArray folio = "<d Folio: \xAE" "folio\xAE>";
+const QByteArray folio = "<d Folio: \xAE"
+                         "folio\xAE>";
 const QByteArray iconos = "<e @/images/apersonal.png><e2 @/IMAGES/apersonal.png>"
                           "<f @/images/aconvivencia.png><g @/images/aacademico.png>\xF1\x81";
-const QByteArray pagina = "<a %/IMAGES/COLEGIOS/123/logo.png><a2 @/images/colegios/123/x.png>" + sellos + folio + iconos;
+const QByteArray pagina =
+    "<a %/IMAGES/COLEGIOS/123/logo.png><a2 @/images/colegios/123/x.png>" + sellos + folio + iconos;
 
 QByteArray escuela(const QByteArray &prefijo)
 {
@@ -49,27 +53,42 @@ QList<Caso> casos()
     return {
         {QStringLiteral("Boletines"), QStringLiteral("alumnos"), QStringLiteral("boletines/P2"),
          QStringLiteral("/salones/123/2010/boletin/77/2/tessarin/#"),
-         escuela("../../../archivos\\images\\") + sellos + folio + iconos, guionBoletin().toLatin1(), soloLogo},
+         escuela("../../../archivos\\images\\") + sellos + folio + iconos,
+         guionBoletin().toLatin1(), soloLogo},
         {QStringLiteral("Informe Final"), QStringLiteral("alumnos"), QStringLiteral("infofinal"),
          QStringLiteral("/salones/123/2010/infoFinal/77/tessarin/#"),
          escuela("..\\images\\")
              + "<b ..\\images\\promovido.png><b2 @/images/promovido.png>"
-               "<c ..\\images\\reprobado.png><c2 @/images/reprobado.png>" + folio + iconos,
+               "<c ..\\images\\reprobado.png><c2 @/images/reprobado.png>"
+             + folio + iconos,
          documento, deFinales},
-        {QStringLiteral("Certificado Final"), QStringLiteral("alumnos"), QStringLiteral("certificados"),
+        {QStringLiteral("Certificado Final"), QStringLiteral("alumnos"),
+         QStringLiteral("certificados"),
          QStringLiteral("/salones/123/2010/certificado/77/tessarin/#"),
          escuela("..\\images\\") + sellos + "<d Folio: _______>" + iconos, documento, deFinales},
-        {QStringLiteral("Paz Y Salvos"), QStringLiteral("alumnos"), QStringLiteral("pazysalvos"),
+        {QStringLiteral("Paz Y Salvos"),
+         QStringLiteral("alumnos"),
+         QStringLiteral("pazysalvos"),
          QStringLiteral("/alumnos/123/2010/pazYsalvo/77/tessarin/#"),
-         escuela("..\\images\\") + sellos + folio + iconos, {}, soloLogo},
-        {QStringLiteral("Observador"), QStringLiteral("alumnos"), QStringLiteral("observador"),
+         escuela("..\\images\\") + sellos + folio + iconos,
+         {},
+         soloLogo},
+        {QStringLiteral("Observador"),
+         QStringLiteral("alumnos"),
+         QStringLiteral("observador"),
          QStringLiteral("/anotador/123/2010/reporte/77//-1/tessarin/#"),
          escuela(porLaRaiz) + sellos + folio + "<e " + porLaRaiz + "apersonal.png><e2 " + porLaRaiz
-             + "apersonal.png><f " + porLaRaiz + "aconvivencia.png><g " + porLaRaiz + "aacademico.png>\xF1\x81",
-         {}, delObservador},
-        {QStringLiteral("Planilla Trabajo"), QStringLiteral("asignaturas"), QStringLiteral("planillaT"),
+             + "apersonal.png><f " + porLaRaiz + "aconvivencia.png><g " + porLaRaiz
+             + "aacademico.png>\xF1\x81",
+         {},
+         delObservador},
+        {QStringLiteral("Planilla Trabajo"),
+         QStringLiteral("asignaturas"),
+         QStringLiteral("planillaT"),
          QStringLiteral("/notas/123/2010/planillaAsignatura/77/tessarin/#"),
-         escuela(porLaRaiz) + sellos + folio + iconos, {}, soloLogo},
+         escuela(porLaRaiz) + sellos + folio + iconos,
+         {},
+         soloLogo},
     };
 }
 
@@ -106,27 +125,36 @@ private Q_SLOTS:
             return texto.replace('%', base.toUpper()).replace('@', base);
         };
         e.responder("/2010/", enEscenario(pagina));
-        e.responder("tipo=matrix&salon=501",
-                    indice == 5 ? "77@|@ARTES, DANZA@|@x\xAE" "78@|@Y\xAE" : "77,ANA\xAE" "78,EVA\xAE");
+        e.responder("tipo=matrix&salon=501", indice == 5 ? "77@|@ARTES, DANZA@|@x\xAE"
+                                                           "78@|@Y\xAE"
+                                                         : "77,ANA\xAE"
+                                                           "78,EVA\xAE");
 
         correr(caso.nombre, e, panel);
 
-        const QString otro = QString(caso.destino).replace(QStringLiteral("/77/"), QStringLiteral("/78/"));
-        QCOMPARE(e.destinos(),
-                 QStringList({QStringLiteral("/querys/tessarin/%1.php?azar=#&idcolegio=123&tipo=matrix&salon=501")
-                                  .arg(caso.lista),
-                              caso.destino, otro})
-                     + caso.imagenes);
+        const QString otro =
+            QString(caso.destino).replace(QStringLiteral("/77/"), QStringLiteral("/78/"));
+        QCOMPARE(
+            e.destinos(),
+            QStringList({QStringLiteral(
+                             "/querys/tessarin/%1.php?azar=#&idcolegio=123&tipo=matrix&salon=501")
+                             .arg(caso.lista),
+                         caso.destino, otro})
+                + caso.imagenes);
         const QString carpeta = QStringLiteral("123-2010/archivos/") + caso.carpeta;
-        QCOMPARE(e.listar(carpeta), QStringList({QStringLiteral("77.html"), QStringLiteral("78.html")}));
-        QCOMPARE(e.leer(carpeta + QStringLiteral("/77.html")), enEscenario(caso.pagina) + caso.guion + "\r\n");
-        QCOMPARE(panel.historia, QStringList({QStringLiteral("empezar 2"), QStringLiteral("avanzar"),
-                                              QStringLiteral("avanzar"), QStringLiteral("avanzar"),
-                                              QStringLiteral("terminar")}));
+        QCOMPARE(e.listar(carpeta),
+                 QStringList({QStringLiteral("77.html"), QStringLiteral("78.html")}));
+        QCOMPARE(e.leer(carpeta + QStringLiteral("/77.html")),
+                 enEscenario(caso.pagina) + caso.guion + "\r\n");
+        QCOMPARE(panel.historia,
+                 QStringList({QStringLiteral("empezar 2"), QStringLiteral("avanzar"),
+                              QStringLiteral("avanzar"), QStringLiteral("avanzar"),
+                              QStringLiteral("terminar")}));
         QTRY_VERIFY(obrero.terminado());
         QCOMPARE(obrero.arranques(), 1);
-        QCOMPARE(obrero.documentos(), QStringList({e.nativa(carpeta + QStringLiteral("/77.html")),
-                                                   e.nativa(carpeta + QStringLiteral("/78.html"))}));
+        QCOMPARE(obrero.documentos(),
+                 QStringList({e.nativa(carpeta + QStringLiteral("/77.html")),
+                              e.nativa(carpeta + QStringLiteral("/78.html"))}));
         QStringList imagenes;
         for (const QString &destino : caso.imagenes)
             imagenes.append(destino.section(u'/', -1));
@@ -214,7 +242,8 @@ private Q_SLOTS:
         panel.imprimir = false;
         e.responder("tipo=matrix&salon=501", "1234,ANA COMPLETA");
         correr(QStringLiteral("Boletines"), e, panel);
-        QVERIFY(e.destinos().contains(QStringLiteral("/salones/123/2010/boletin/1234/4/tessarin/#")));
+        QVERIFY(
+            e.destinos().contains(QStringLiteral("/salones/123/2010/boletin/1234/4/tessarin/#")));
         QCOMPARE(e.listar(QStringLiteral("123-2010/archivos/boletines/P4")),
                  QStringList({QStringLiteral("1234.html")}));
     }
@@ -227,15 +256,21 @@ private Q_SLOTS:
         const auto boletines = QStringLiteral("Boletines");
         const auto informe = QStringLiteral("Informe Final");
         const auto certi = QStringLiteral("Certificado Final");
-        QTest::newRow("boletin SI") << boletines << QStringLiteral("SI") << QStringLiteral("boletin2");
-        QTest::newRow("boletin si") << boletines << QStringLiteral("si") << QStringLiteral("boletin");
+        QTest::newRow("boletin SI")
+            << boletines << QStringLiteral("SI") << QStringLiteral("boletin2");
+        QTest::newRow("boletin si")
+            << boletines << QStringLiteral("si") << QStringLiteral("boletin");
         QTest::newRow("boletin empty") << boletines << QString() << QStringLiteral("boletin");
-        QTest::newRow("final SI") << informe << QStringLiteral("SI") << QStringLiteral("infoFinal2");
+        QTest::newRow("final SI") << informe << QStringLiteral("SI")
+                                  << QStringLiteral("infoFinal2");
         QTest::newRow("final empty") << informe << QString() << QStringLiteral("infoFinal");
         QTest::newRow("final NO") << informe << QStringLiteral("NO") << QStringLiteral("infoFinal");
-        QTest::newRow("certificate 3") << certi << QStringLiteral("3") << QStringLiteral("certificado3");
-        QTest::newRow("certificate 2") << certi << QStringLiteral("2") << QStringLiteral("certificado2");
-        QTest::newRow("certificate 1") << certi << QStringLiteral("1") << QStringLiteral("certificado");
+        QTest::newRow("certificate 3")
+            << certi << QStringLiteral("3") << QStringLiteral("certificado3");
+        QTest::newRow("certificate 2")
+            << certi << QStringLiteral("2") << QStringLiteral("certificado2");
+        QTest::newRow("certificate 1")
+            << certi << QStringLiteral("1") << QStringLiteral("certificado");
         QTest::newRow("certificate empty") << certi << QString() << QStringLiteral("certificado");
     }
     void clasesDeDocumento_siguenALosAjustes()
@@ -275,7 +310,8 @@ private Q_SLOTS:
         PanelAnotado panel;
         e.responder("tipo=matrix&salon=501", "");
         correr(QStringLiteral("Boletines"), e, panel);
-        QCOMPARE(panel.historia, QStringList({QStringLiteral("empezar -1"), QStringLiteral("terminar")}));
+        QCOMPARE(panel.historia,
+                 QStringList({QStringLiteral("empezar -1"), QStringLiteral("terminar")}));
         QCOMPARE(e.destinos().last(), QStringLiteral("/images/colegios/123/logo.png"));
         QCOMPARE(e.listar(QStringLiteral("123-2010/archivos/boletines/P2")), QStringList());
         QVERIFY(e.existe(QStringLiteral("123-2010/archivos/boletines/P2")));
@@ -289,9 +325,12 @@ private Q_SLOTS:
         Falla falla;
         falla.clase = Falla::CierraAntes;
         e.demo.fallar("/pazYsalvo/77/", falla);
-        e.responder("tipo=matrix&salon=501", "77,ANA\xAE" "a|b,MALA\xAE" "1002,LUIS");
+        e.responder("tipo=matrix&salon=501", "77,ANA\xAE"
+                                             "a|b,MALA\xAE"
+                                             "1002,LUIS");
         correr(QStringLiteral("Paz Y Salvos"), e, panel);
-        QCOMPARE(e.leer(QStringLiteral("123-2010/archivos/pazysalvos/77.html")), QByteArray("\r\n"));
+        QCOMPARE(e.leer(QStringLiteral("123-2010/archivos/pazysalvos/77.html")),
+                 QByteArray("\r\n"));
         QVERIFY(e.leer(QStringLiteral("123-2010/archivos/pazysalvos/1002.html")).size() > 200);
         QTRY_VERIFY(obrero.terminado());
         // A document that could not be stored is not there to print.
@@ -332,7 +371,8 @@ private Q_SLOTS:
         qputenv("PATH", "/nada");
         Escenario e;
         PanelAnotado panel;
-        e.responder("tipo=matrix&salon=501", "77,ANA\xAE" "78,EVA");
+        e.responder("tipo=matrix&salon=501", "77,ANA\xAE"
+                                             "78,EVA");
         e.responder("/2010/", "la pagina de cada uno");
         correr(QStringLiteral("Paz Y Salvos"), e, panel);
         qputenv("PATH", antes);
@@ -343,12 +383,14 @@ private Q_SLOTS:
     void guionDelBoletin_tieneSus307Caracteres()
     {
         QCOMPARE(guionBoletin().size(), 307);
-        QCOMPARE(guionBoletin(),
-                 QStringLiteral("<script language='javascript' src='../../configuracion.txt'></script><script "
-                                "type='text/javascript'>$(document).ready(function() {    "
-                                "$('#cfgMICOLEGIO').html(micolegio); $('#cfgSLOGAN').html(slogan);$('#cfgCDANE')."
-                                "html(cdane);$('#cfgDIRECCION').html(direccion);$('#cfgTELEFONO').html(telefono); "
-                                "});</script>"));
+        QCOMPARE(
+            guionBoletin(),
+            QStringLiteral(
+                "<script language='javascript' src='../../configuracion.txt'></script><script "
+                "type='text/javascript'>$(document).ready(function() {    "
+                "$('#cfgMICOLEGIO').html(micolegio); $('#cfgSLOGAN').html(slogan);$('#cfgCDANE')."
+                "html(cdane);$('#cfgDIRECCION').html(direccion);$('#cfgTELEFONO').html(telefono); "
+                "});</script>"));
     }
 };
 

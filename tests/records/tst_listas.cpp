@@ -111,7 +111,8 @@ private Q_SLOTS:
     {
         tcAlumnos alumnos(e->servicio);
         alumnos.Add(QStringLiteral("1"), QStringLiteral("ANA"), QStringLiteral("1"));
-        const auto otro = alumnos.Add(QStringLiteral("1"), QStringLiteral("EVA"), QStringLiteral("1"));
+        const auto otro =
+            alumnos.Add(QStringLiteral("1"), QStringLiteral("EVA"), QStringLiteral("1"));
         QCOMPARE(otro->nombre, QStringLiteral("EVA"));
         QCOMPARE(alumnos.Item(1)->nombre, QStringLiteral("ANA"));
     }

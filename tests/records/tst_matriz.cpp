@@ -14,7 +14,8 @@ private Q_SLOTS:
         QTest::newRow("trailing sign keeps an empty row")
             << QStringLiteral("5,A®") << QStringList({QStringLiteral("5,A"), QString()});
         QTest::newRow("empty reply has none") << QString() << QStringList();
-        QTest::newRow("no sign") << QStringLiteral("ERROR") << QStringList({QStringLiteral("ERROR")});
+        QTest::newRow("no sign") << QStringLiteral("ERROR")
+                                 << QStringList({QStringLiteral("ERROR")});
     }
     void filas_seSeparanEnCadaSigno()
     {
@@ -40,7 +41,8 @@ private Q_SLOTS:
     void otroSeparador_dejaLasComasEnSuCampo()
     {
         QCOMPARE(matriz::campos(QStringLiteral("9@|@ARTES, DANZA@|@x"), QStringLiteral("@|@")),
-                 QStringList({QStringLiteral("9"), QStringLiteral("ARTES, DANZA"), QStringLiteral("x")}));
+                 QStringList(
+                     {QStringLiteral("9"), QStringLiteral("ARTES, DANZA"), QStringLiteral("x")}));
     }
 
     void identificador_pierdeSusSaltos()

@@ -34,7 +34,8 @@ private Q_SLOTS:
         Escenario e;
         hacerCarpeta(e);
         e.responder("/f.png", cuerpo);
-        QCOMPARE(descargarArchivo(e.servicio, e.demo.base() + QStringLiteral("/f.png"), destino), llego);
+        QCOMPARE(descargarArchivo(e.servicio, e.demo.base() + QStringLiteral("/f.png"), destino),
+                 llego);
         QCOMPARE(e.leer(QStringLiteral("a/f.png")), cuerpo);
         QVERIFY(e.existe(QStringLiteral("a/f.png")));
     }
@@ -46,8 +47,8 @@ private Q_SLOTS:
         e.responder("/f.png", "123456789");
         descargarArchivo(e.servicio, e.demo.base() + QStringLiteral("/f.png"), destino);
         descargarArchivo(e.servicio, e.demo.base() + QStringLiteral("/nada.png"), destino);
-        QCOMPARE(e.pausas, QList<std::chrono::milliseconds>({std::chrono::milliseconds(500),
-                                                             std::chrono::milliseconds(500)}));
+        QCOMPARE(e.pausas, QList<std::chrono::milliseconds>(
+                               {std::chrono::milliseconds(500), std::chrono::milliseconds(500)}));
     }
 
     void rutaConSaltos_recibeElArchivoPeroDaFalso()
@@ -131,16 +132,20 @@ private Q_SLOTS:
         hacerCarpeta(e);
         escribirTexto(e.servicio, QStringLiteral("Ñandú \u20AC \u4E2D"),
                       QStringLiteral("c:\\Quorvela\\a\\t.txt"), true);
-        QCOMPARE(e.leer(QStringLiteral("a/t.txt")), QByteArray("\xD1" "and\xFA \x80 ?\r\n"));
+        QCOMPARE(e.leer(QStringLiteral("a/t.txt")), QByteArray("\xD1"
+                                                               "and\xFA \x80 ?\r\n"));
     }
 
     void escribirDondeNoSePuede_noDejaNadaNiSeQueja()
     {
         Escenario e;
         hacerCarpeta(e);
-        escribirTexto(e.servicio, QStringLiteral("x"), QStringLiteral("c:\\Quorvela\\no\\t.txt"), true);
-        escribirTexto(e.servicio, QStringLiteral("x"), QStringLiteral("c:\\Quorvela\\a\\a|b.html"), true);
-        escribirTexto(e.servicio, QStringLiteral("x"), QStringLiteral("c:\\Quorvela\\..\\f.html"), true);
+        escribirTexto(e.servicio, QStringLiteral("x"), QStringLiteral("c:\\Quorvela\\no\\t.txt"),
+                      true);
+        escribirTexto(e.servicio, QStringLiteral("x"), QStringLiteral("c:\\Quorvela\\a\\a|b.html"),
+                      true);
+        escribirTexto(e.servicio, QStringLiteral("x"), QStringLiteral("c:\\Quorvela\\..\\f.html"),
+                      true);
         QCOMPARE(e.listar(QString()), QStringList({QStringLiteral("a")}));
         QCOMPARE(e.listar(QStringLiteral("a")), QStringList());
         QCOMPARE(QDir(e.personal.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),

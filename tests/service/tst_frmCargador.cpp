@@ -18,14 +18,14 @@ private Q_SLOTS:
         QTest::addColumn<QString>("parametros");
         QTest::addColumn<bool>("usarAzar");
         QTest::addColumn<QString>("direccion");
-        QTest::newRow("azar first") << QStringLiteral("a=1&b=2") << true
-                                    << QStringLiteral("http://s/p?azar=4711&a=1&b=2");
+        QTest::newRow("azar first")
+            << QStringLiteral("a=1&b=2") << true << QStringLiteral("http://s/p?azar=4711&a=1&b=2");
         QTest::newRow("azar with an empty query leaves a trailing &")
             << QString() << true << QStringLiteral("http://s/p?azar=4711&");
-        QTest::newRow("two characters are dropped") << QStringLiteral("ab") << false
-                                                    << QStringLiteral("http://s/p");
-        QTest::newRow("three characters are sent") << QStringLiteral("abc") << false
-                                                   << QStringLiteral("http://s/p?abc");
+        QTest::newRow("two characters are dropped")
+            << QStringLiteral("ab") << false << QStringLiteral("http://s/p");
+        QTest::newRow("three characters are sent")
+            << QStringLiteral("abc") << false << QStringLiteral("http://s/p?abc");
         QTest::newRow("nothing") << QString() << false << QStringLiteral("http://s/p");
     }
     void direccion_seArmaSegunAzarYLargoDeLosParametros()
@@ -42,20 +42,23 @@ private Q_SLOTS:
         Escenario e;
         e.responder("/p.php", "respuesta larga");
         frmCargador cargador(e.servicio);
-        QCOMPARE(cargador.conectar(e.demo.base() + QStringLiteral("/p.php"), QStringLiteral("x=1"), false),
+        QCOMPARE(cargador.conectar(e.demo.base() + QStringLiteral("/p.php"), QStringLiteral("x=1"),
+                                   false),
                  QStringLiteral("respuesta larga"));
         const auto peticiones = e.demo.peticiones();
         QCOMPARE(peticiones.size(), 1);
         const QByteArray servidor = e.demo.base().mid(7).toLatin1();
         QCOMPARE(peticiones.first().bytes,
                  QByteArray("GET /p.php?x=1 HTTP/1.1\r\n"
-                            "Host: " + servidor + "\r\n"
-                            "User-Agent: Parvanel/4.0\r\n"
-                            "Accept: */*\r\n"
-                            "Accept-Encoding: gzip, deflate\r\n"
-                            "Content-type: application/x-www-form-urlencoded\r\n"
-                            "Content-length: 0\r\n"
-                            "Connection: close\r\n\r\n"));
+                            "Host: "
+                            + servidor
+                            + "\r\n"
+                              "User-Agent: Parvanel/4.0\r\n"
+                              "Accept: */*\r\n"
+                              "Accept-Encoding: gzip, deflate\r\n"
+                              "Content-type: application/x-www-form-urlencoded\r\n"
+                              "Content-length: 0\r\n"
+                              "Connection: close\r\n\r\n"));
     }
 
     void respuesta_seRepiteSegunSuLargo_data()
@@ -183,7 +186,8 @@ private Q_SLOTS:
         Escenario e;
         e.responder("/p.php", todos);
         frmCargador cargador(e.servicio);
-        const QString texto = cargador.conectar(e.demo.base() + QStringLiteral("/p.php"), {}, false);
+        const QString texto =
+            cargador.conectar(e.demo.base() + QStringLiteral("/p.php"), {}, false);
         QCOMPARE(texto.size(), 256);
         QCOMPARE(texto[0x00], QChar(0));
         QCOMPARE(texto[0x80], QChar(0x20AC));
@@ -224,8 +228,10 @@ private Q_SLOTS:
         QVERIFY(!cargador.abierto());
         bool abiertoAlPedir = false;
         QTimer::singleShot(10, &cargador, [&] { abiertoAlPedir = cargador.abierto(); });
-        QVERIFY(!cargador.conectar(e.demo.base() + QStringLiteral("/querys/tessarin/salones.php"),
-                                   QStringLiteral("idcolegio=123&tipo=html"), true).isEmpty());
+        QVERIFY(!cargador
+                     .conectar(e.demo.base() + QStringLiteral("/querys/tessarin/salones.php"),
+                               QStringLiteral("idcolegio=123&tipo=html"), true)
+                     .isEmpty());
         QVERIFY(abiertoAlPedir);
         QVERIFY(!cargador.abierto());
     }
@@ -253,7 +259,8 @@ private Q_SLOTS:
                 QMetaObject::invokeMethod(vigilante, "timeout", Qt::DirectConnection,
                                           QGenericArgument());
             abiertoEnNoventa = cargador.abierto();
-            QMetaObject::invokeMethod(vigilante, "timeout", Qt::DirectConnection, QGenericArgument());
+            QMetaObject::invokeMethod(vigilante, "timeout", Qt::DirectConnection,
+                                      QGenericArgument());
             abiertoDespues = cargador.abierto();
         });
         const QString texto =

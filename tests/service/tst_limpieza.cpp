@@ -27,8 +27,10 @@ private Q_SLOTS:
         QTest::addColumn<QString>("recortado");
         QTest::newRow("both ends") << QStringLiteral("  a b ") << QStringLiteral("a b");
         QTest::newRow("tab stays") << QStringLiteral("\ta ") << QStringLiteral("\ta");
-        QTest::newRow("no-break space stays") << QStringLiteral("\u00A0a") << QStringLiteral("\u00A0a");
-        QTest::newRow("line end stays") << QStringLiteral(" 2010\r\n") << QStringLiteral("2010\r\n");
+        QTest::newRow("no-break space stays")
+            << QStringLiteral("\u00A0a") << QStringLiteral("\u00A0a");
+        QTest::newRow("line end stays")
+            << QStringLiteral(" 2010\r\n") << QStringLiteral("2010\r\n");
         QTest::newRow("only blanks") << QStringLiteral("   ") << QString();
     }
     void recortar_quitaSoloElBlanco32DeLosExtremos()

@@ -46,7 +46,8 @@ private Q_SLOTS:
         Escenario e;
         e.responder("campo=", "un valor largo");
         QVERIFY(tomarValores(e.servicio, QStringLiteral("12\r\n,SECRETARIA")));
-        const QString pagina = QStringLiteral("/querys/tessarin/tomarValor.php?azar=#&idcolegio=12");
+        const QString pagina =
+            QStringLiteral("/querys/tessarin/tomarValor.php?azar=#&idcolegio=12");
         QCOMPARE(e.destinos(), QStringList({pagina + QStringLiteral("%0D%0A&campo=ANOACTUAL"),
                                             pagina + QStringLiteral("&campo=USABOLETA2"),
                                             pagina + QStringLiteral("&campo=USAINFOFIN2"),
@@ -59,13 +60,15 @@ private Q_SLOTS:
         QTest::addColumn<QByteArray>("respuesta");
         QTest::addColumn<QString>("boletin");
         QTest::addColumn<QString>("certificado");
-        QTest::newRow("1 with blanks") << QByteArray(" 1 ") << QStringLiteral("SI") << QStringLiteral("1");
+        QTest::newRow("1 with blanks")
+            << QByteArray(" 1 ") << QStringLiteral("SI") << QStringLiteral("1");
         QTest::newRow("si") << QByteArray("si") << QStringLiteral("SI") << QStringLiteral("si");
         QTest::newRow("SI") << QByteArray("SI") << QStringLiteral("SI") << QStringLiteral("SI");
         QTest::newRow("0") << QByteArray("0") << QStringLiteral("0") << QStringLiteral("0");
-        QTest::newRow("accented letters") << QByteArray("s\xED") << QStringLiteral("SÍ") << QStringLiteral("sí");
-        QTest::newRow("1 with a line end") << QByteArray("1\r\n") << QStringLiteral("1\r\n")
-                                           << QStringLiteral("1\r\n");
+        QTest::newRow("accented letters")
+            << QByteArray("s\xED") << QStringLiteral("SÍ") << QStringLiteral("sí");
+        QTest::newRow("1 with a line end")
+            << QByteArray("1\r\n") << QStringLiteral("1\r\n") << QStringLiteral("1\r\n");
     }
     void interruptor_seGuardaComoSuReglaDice()
     {

@@ -31,10 +31,7 @@ public:
 
     bool visible(const char *nombre) const { return elemento(nombre)->isVisible(); }
 
-    void clic(const char *nombre) const
-    {
-        QTest::mouseClick(elemento(nombre), Qt::LeftButton);
-    }
+    void clic(const char *nombre) const { QTest::mouseClick(elemento(nombre), Qt::LeftButton); }
 
     // A radio button answers to a click on its indicator or text only.
     void elegir(const char *nombre) const

@@ -12,7 +12,7 @@
 namespace {
 const char *const paneles[] = {"Frame1", "Frame2", "Frame3", "Frame4"};
 const char *const modos[] = {"Option1_0", "Option1_1", "Option1_2", "Option1_3"};
-}
+} // namespace
 
 class tst_Form1 : public QObject {
     Q_OBJECT
@@ -30,8 +30,10 @@ private Q_SLOTS:
             {"Label2", QStringLiteral("Contraseña")},
             {"Command1", QStringLiteral("Conectar")},
             {"Label5", QStringLiteral("Conectado OK:")},
-            {"Label4", QStringLiteral("Con esta opcion usted descarga los archivos historicos de su colegio para "
-                                      "que los revise sin necesidad de estar conectado al Internet.")},
+            {"Label4",
+             QStringLiteral(
+                 "Con esta opcion usted descarga los archivos historicos de su colegio para "
+                 "que los revise sin necesidad de estar conectado al Internet.")},
             {"Label7_0", QStringLiteral("Archivos a descargar del año actual")},
             {"Label6_0", QStringLiteral("Listado de Sedes y Salones")},
             {"Label6_1", QStringLiteral("Listado de Alumnos por Salon")},
@@ -41,8 +43,10 @@ private Q_SLOTS:
             {"Label6_7", QStringLiteral("Hoja de matricula")},
             {"Label6_10", QStringLiteral("Importante")},
             {"Label6_9", QStringLiteral("Los archivos historicos existentes, se sobreescriben")},
-            {"Label6_8", QStringLiteral("El tiempo de descarga es de 99 minutos por cada 500 alumnos (aprox)")},
-            {"Label6_3", QStringLiteral("El historico sera almacenado en la carpeta: C:\\Quorvela")},
+            {"Label6_8",
+             QStringLiteral("El tiempo de descarga es de 99 minutos por cada 500 alumnos (aprox)")},
+            {"Label6_3",
+             QStringLiteral("El historico sera almacenado en la carpeta: C:\\Quorvela")},
             {"Command3", QStringLiteral("Descargar")},
             {"estadoTS", QStringLiteral("..")},
             {"estadoHS", QStringLiteral("..")},
@@ -51,7 +55,8 @@ private Q_SLOTS:
             {"Command2", QStringLiteral("Imprimir")},
             {"Label7_1", QStringLiteral("1. Seleccione un Salon")},
             {"Label7_2", QStringLiteral("2. Imprimir Boletines del Periodo")},
-            {"Label6_2", QStringLiteral("Los Boletines descargados se almacenan en la carpeta Historicos")},
+            {"Label6_2",
+             QStringLiteral("Los Boletines descargados se almacenan en la carpeta Historicos")},
             {"Label3", QStringLiteral("Usuario")},
             {"Label10", QStringLiteral("Seleccione el historico del año que desea consultar")},
             {"Command4", QStringLiteral("Ver Historico Año Seleccionado")},
@@ -89,11 +94,13 @@ private Q_SLOTS:
                               QStringLiteral("Certificado Final"), QStringLiteral("Paz Y Salvos"),
                               QStringLiteral("Observador"), QStringLiteral("Hoja Matricula"),
                               QStringLiteral("Planilla Trabajo")}));
-        QCOMPARE(opciones("Combo1"), QStringList({QStringLiteral("Periodo 1"), QStringLiteral("Periodo 2"),
-                                                  QStringLiteral("Periodo 3"), QStringLiteral("Periodo 4")}));
+        QCOMPARE(opciones("Combo1"),
+                 QStringList({QStringLiteral("Periodo 1"), QStringLiteral("Periodo 2"),
+                              QStringLiteral("Periodo 3"), QStringLiteral("Periodo 4")}));
         QCOMPARE(v.elemento<QComboBox>("ComboTipo")->placeholderText(),
                  QStringLiteral("Seleccione que Imprimir"));
-        QCOMPARE(v.elemento<QComboBox>("Combo1")->placeholderText(), QStringLiteral("Seleccione..."));
+        QCOMPARE(v.elemento<QComboBox>("Combo1")->placeholderText(),
+                 QStringLiteral("Seleccione..."));
         QCOMPARE(v.elemento<QComboBox>("ComboTipo")->currentIndex(), -1);
         QCOMPARE(v.elemento<QComboBox>("Combo1")->currentIndex(), -1);
         QVERIFY(!v.elemento<QComboBox>("ComboTipo")->isEditable());
@@ -127,10 +134,11 @@ private Q_SLOTS:
         for (const char *nombre : {"barra1", "barra2", "Barra3", "Dir1", "Label5"})
             QVERIFY2(v.elemento(nombre)->isHidden(), nombre);
         for (const char *nombre :
-             {"Label4", "Label7_0", "Label6_0", "Label6_3", "Label6_8", "Label6_9", "Label6_10", "Command3",
-              "estadoTS", "estadoHS", "Line1", "Shape1_0", "Shape1_5", "ComboTipo", "Combo1", "List1",
-              "Option2_0", "Option2_1", "Command2", "Label7_1", "Label7_2", "Label6_2", "Label3", "Line2",
-              "Label10", "lstHistoricos", "Command4"})
+             {"Label4",    "Label7_0",      "Label6_0", "Label6_3", "Label6_8",  "Label6_9",
+              "Label6_10", "Command3",      "estadoTS", "estadoHS", "Line1",     "Shape1_0",
+              "Shape1_5",  "ComboTipo",     "Combo1",   "List1",    "Option2_0", "Option2_1",
+              "Command2",  "Label7_1",      "Label7_2", "Label6_2", "Label3",    "Line2",
+              "Label10",   "lstHistoricos", "Command4"})
             QVERIFY2(!v.elemento(nombre)->isHidden(), nombre);
         QVERIFY(!v.elemento("Command4")->isEnabled());
         QVERIFY(v.elemento<QRadioButton>("Option2_0")->isChecked());
@@ -143,19 +151,20 @@ private Q_SLOTS:
         QTest::addColumn<QByteArray>("panel");
         QTest::addColumn<QList<QByteArray>>("nombres");
         QTest::newRow("Frame1") << QByteArray("Frame1")
-                                << QList<QByteArray>{"Label1", "Label2", "txtUser", "txtPwd", "Command1", "Label5"};
-        QTest::newRow("Frame2")
-            << QByteArray("Frame2")
-            << QList<QByteArray>{"Label4", "Label7_0", "Label6_0", "Label6_1", "Label6_4", "Label6_5",
-                                 "Label6_6", "Label6_7", "Shape1_0", "Shape1_5", "Label6_10", "Label6_9",
-                                 "Label6_8", "Label6_3", "Command3", "barra1", "barra2", "estadoTS", "estadoHS",
-                                 "Line1"};
-        QTest::newRow("Frame3")
-            << QByteArray("Frame3")
-            << QList<QByteArray>{"ComboTipo", "Combo1", "List1", "Option2_0", "Option2_1", "Barra3", "Command2",
-                                 "Label7_1", "Label7_2", "Label6_2", "Label3", "Line2"};
-        QTest::newRow("Frame4") << QByteArray("Frame4")
-                                << QList<QByteArray>{"Label10", "Dir1", "lstHistoricos", "Command4"};
+                                << QList<QByteArray>{"Label1", "Label2",   "txtUser",
+                                                     "txtPwd", "Command1", "Label5"};
+        QTest::newRow("Frame2") << QByteArray("Frame2")
+                                << QList<QByteArray>{
+                                       "Label4",    "Label7_0", "Label6_0", "Label6_1", "Label6_4",
+                                       "Label6_5",  "Label6_6", "Label6_7", "Shape1_0", "Shape1_5",
+                                       "Label6_10", "Label6_9", "Label6_8", "Label6_3", "Command3",
+                                       "barra1",    "barra2",   "estadoTS", "estadoHS", "Line1"};
+        QTest::newRow("Frame3") << QByteArray(
+            "Frame3") << QList<QByteArray>{"ComboTipo", "Combo1",   "List1",    "Option2_0",
+                                           "Option2_1", "Barra3",   "Command2", "Label7_1",
+                                           "Label7_2",  "Label6_2", "Label3",   "Line2"};
+        QTest::newRow("Frame4") << QByteArray(
+            "Frame4") << QList<QByteArray>{"Label10", "Dir1", "lstHistoricos", "Command4"};
     }
     void cadaElemento_esHijoDeSuPanel()
     {
@@ -229,10 +238,12 @@ private Q_SLOTS:
         QTimer turno;
         connect(&turno, &QTimer::timeout, this, [&] { ++vueltas; });
         turno.start(0);
-        Q_EMIT v.form.Alumnos.nuevaDescarga(QStringLiteral("alumno"));
+        Q_EMIT
+        v.form.Alumnos.nuevaDescarga(QStringLiteral("alumno"));
         QCOMPARE(v.elemento<QLabel>("estadoHS")->text(), QStringLiteral("alumno"));
         QCOMPARE(vueltas, 0);
-        Q_EMIT v.form.Salones.nuevaDescarga(QStringLiteral("salon"));
+        Q_EMIT
+        v.form.Salones.nuevaDescarga(QStringLiteral("salon"));
         QCOMPARE(v.elemento<QLabel>("estadoHS")->text(), QStringLiteral("salon"));
         QVERIFY(vueltas > 0);
     }
@@ -241,7 +252,8 @@ private Q_SLOTS:
     {
         VentanaDePrueba v;
         v.form.Materias = std::make_unique<tcMaterias>(v.e.servicio);
-        Q_EMIT v.form.Materias->nuevaDescarga(QStringLiteral("materia"));
+        Q_EMIT
+        v.form.Materias->nuevaDescarga(QStringLiteral("materia"));
         QCOMPARE(v.elemento<QLabel>("estadoHS")->text(), QStringLiteral(".."));
         QCOMPARE(v.elemento<QLabel>("estadoTS")->text(), QStringLiteral(".."));
     }

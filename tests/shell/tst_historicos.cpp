@@ -24,8 +24,8 @@ public:
     {
         QFile guion(m_carpeta.filePath(QStringLiteral("xdg-open")));
         [[maybe_unused]] const bool abierto = guion.open(QIODevice::WriteOnly);
-        guion.write("#!/bin/sh\nprintf '%s\\n' \"$#\" \"$@\" > '" + nota().toUtf8() + ".nueva'\nmv '"
-                    + nota().toUtf8() + ".nueva' '" + nota().toUtf8() + "'\n");
+        guion.write("#!/bin/sh\nprintf '%s\\n' \"$#\" \"$@\" > '" + nota().toUtf8()
+                    + ".nueva'\nmv '" + nota().toUtf8() + ".nueva' '" + nota().toUtf8() + "'\n");
         guion.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
         guion.close();
         qputenv("PATH", m_carpeta.path().toUtf8() + ':' + m_antes);
@@ -57,10 +57,10 @@ private Q_SLOTS:
         bool durante = false;
         connect(&v.form.Salones, &tcLista::nuevaDescarga, this, [&] {
             durante = !v.visible("Command3") && v.visible("barra1") && v.visible("barra2")
-                && !v.visible("Label6_3") && !v.visible("Label6_8") && !v.visible("Label6_9")
-                && !v.visible("Label6_10") && v.visible("Label6_0") && v.visible("Option1_2")
-                && v.elemento("Option1_2")->isEnabled() && !v.elemento("Command2")->isHidden()
-                && !v.elemento("Command4")->isHidden();
+                      && !v.visible("Label6_3") && !v.visible("Label6_8") && !v.visible("Label6_9")
+                      && !v.visible("Label6_10") && v.visible("Label6_0") && v.visible("Option1_2")
+                      && v.elemento("Option1_2")->isEnabled() && !v.elemento("Command2")->isHidden()
+                      && !v.elemento("Command4")->isHidden();
         });
         v.conCuadros([&] { v.clic("Command3"); });
         QVERIFY(durante);
@@ -73,8 +73,11 @@ private Q_SLOTS:
         QVERIFY(v.visible("barra1"));
         QCOMPARE(v.elemento<QProgressBar>("barra2")->maximum(), 8);
         QCOMPARE(v.elemento<QProgressBar>("barra2")->value(), 8);
-        QCOMPARE(v.elemento<QLabel>("estadoTS")->text(), QStringLiteral("Descargando Labels de Materias"));
-        QVERIFY(v.elemento<QLabel>("estadoHS")->text().startsWith(QStringLiteral("Label: Total Fallas - ")));
+        QCOMPARE(v.elemento<QLabel>("estadoTS")->text(),
+                 QStringLiteral("Descargando Labels de Materias"));
+        QVERIFY(v.elemento<QLabel>("estadoHS")
+                    ->text()
+                    .startsWith(QStringLiteral("Label: Total Fallas - ")));
         QCOMPARE(lineas(v.elemento<QListWidget>("lstHistoricos")),
                  QStringList({QStringLiteral("C:\\Quorvela\\123-2010")}));
         QVERIFY(v.e.existe(QStringLiteral("123-2010/index.html")));
@@ -125,7 +128,8 @@ private Q_SLOTS:
             QVERIFY(QDir().mkpath(v.e.nativa(QString::fromLatin1(nombre))));
         v.form.cargaListaHistoricos();
         QCOMPARE(lineas(v.elemento<QListWidget>("lstHistoricos")),
-                 QStringList({QStringLiteral("C:\\Quorvela\\A-2010"), QStringLiteral("C:\\Quorvela\\b-2011"),
+                 QStringList({QStringLiteral("C:\\Quorvela\\A-2010"),
+                              QStringLiteral("C:\\Quorvela\\b-2011"),
                               QStringLiteral("C:\\Quorvela\\no es un archivo")}));
     }
 
@@ -139,7 +143,8 @@ private Q_SLOTS:
         auto *lista = v.elemento<QListWidget>("lstHistoricos");
         lista->setFocus(); // the focus alone chooses nothing
         QVERIFY(!v.elemento("Command4")->isEnabled());
-        QTest::mouseClick(lista->viewport(), Qt::LeftButton, {}, lista->visualItemRect(lista->item(0)).center());
+        QTest::mouseClick(lista->viewport(), Qt::LeftButton, {},
+                          lista->visualItemRect(lista->item(0)).center());
         QVERIFY(v.elemento("Command4")->isEnabled());
         v.form.cargaListaHistoricos();
         QVERIFY(v.elemento("Command4")->isEnabled());
@@ -155,9 +160,11 @@ private Q_SLOTS:
         v.ingresar();
         v.elegir("Option1_3");
         auto *lista = v.elemento<QListWidget>("lstHistoricos");
-        QTest::mouseClick(lista->viewport(), Qt::LeftButton, {}, lista->visualItemRect(lista->item(1)).center());
+        QTest::mouseClick(lista->viewport(), Qt::LeftButton, {},
+                          lista->visualItemRect(lista->item(1)).center());
         v.clic("Command4");
-        QTRY_COMPARE(abridor.anotado(), "1\n" + v.e.nativa(QStringLiteral("456-2011/index.html")).toUtf8() + '\n');
+        QTRY_COMPARE(abridor.anotado(),
+                     "1\n" + v.e.nativa(QStringLiteral("456-2011/index.html")).toUtf8() + '\n');
     }
 
     void verHistoricoSinElegir_abreLaPortadaSinCarpeta()
@@ -169,7 +176,8 @@ private Q_SLOTS:
         v.ingresar();
         v.elegir("Option1_3");
         auto *lista = v.elemento<QListWidget>("lstHistoricos");
-        QTest::mouseClick(lista->viewport(), Qt::LeftButton, {}, lista->visualItemRect(lista->item(0)).center());
+        QTest::mouseClick(lista->viewport(), Qt::LeftButton, {},
+                          lista->visualItemRect(lista->item(0)).center());
         v.form.cargaListaHistoricos(); // filled again: nothing is chosen any more
         v.clic("Command4");
         QTRY_COMPARE(abridor.anotado(), QByteArray("1\n/index.html\n"));

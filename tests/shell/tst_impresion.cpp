@@ -46,14 +46,17 @@ private Q_SLOTS:
         QTest::addColumn<bool>("conPeriodo");
         QTest::newRow("Boletines") << QStringLiteral("Boletines")
                                    << QStringLiteral("Imprimir Boletines del Periodo") << true;
-        QTest::newRow("Informe Final") << QStringLiteral("Informe Final")
-                                       << QStringLiteral("Imprimir Informes Finales del Salon") << false;
-        QTest::newRow("Certificado Final") << QStringLiteral("Certificado Final")
-                                           << QStringLiteral("Imprimir Certificados Finales del Salon") << false;
-        QTest::newRow("Paz Y Salvos") << QStringLiteral("Paz Y Salvos")
-                                      << QStringLiteral("Imprimir Paz y salvos") << false;
+        QTest::newRow("Informe Final")
+            << QStringLiteral("Informe Final")
+            << QStringLiteral("Imprimir Informes Finales del Salon") << false;
+        QTest::newRow("Certificado Final")
+            << QStringLiteral("Certificado Final")
+            << QStringLiteral("Imprimir Certificados Finales del Salon") << false;
+        QTest::newRow("Paz Y Salvos")
+            << QStringLiteral("Paz Y Salvos") << QStringLiteral("Imprimir Paz y salvos") << false;
         for (const char *tipo : {"Observador", "Hoja Matricula", "Planilla Trabajo"})
-            QTest::newRow(tipo) << QString::fromLatin1(tipo) << QStringLiteral("Seleccione que Imprimir") << false;
+            QTest::newRow(tipo) << QString::fromLatin1(tipo)
+                                << QStringLiteral("Seleccione que Imprimir") << false;
     }
     void tipo_cambiaElTituloYElPeriodo()
     {
@@ -62,7 +65,8 @@ private Q_SLOTS:
         QFETCH(bool, conPeriodo);
         VentanaDePrueba v;
         abrir(v);
-        QCOMPARE(v.elemento<QLabel>("Label7_2")->text(), QStringLiteral("2. Imprimir Boletines del Periodo"));
+        QCOMPARE(v.elemento<QLabel>("Label7_2")->text(),
+                 QStringLiteral("2. Imprimir Boletines del Periodo"));
         QVERIFY(v.visible("Combo1"));
         elegirEnLista(v, "ComboTipo", tipo);
         QCOMPARE(v.elemento<QLabel>("Label7_2")->text(), titulo);
@@ -129,8 +133,9 @@ private Q_SLOTS:
         v.e.demo.fallar("/boletin", demora);
         bool escondidos = false;
         QTimer::singleShot(100, &v.form, [&] {
-            escondidos = !v.visible("Command2") && !v.visible("Option2_0") && !v.visible("Option2_1")
-                && v.visible("Barra3") && v.elemento<QProgressBar>("Barra3")->maximum() == 1;
+            escondidos = !v.visible("Command2") && !v.visible("Option2_0")
+                         && !v.visible("Option2_1") && v.visible("Barra3")
+                         && v.elemento<QProgressBar>("Barra3")->maximum() == 1;
         });
         v.conCuadros([&] { v.clic("Command2"); });
         QVERIFY(escondidos);

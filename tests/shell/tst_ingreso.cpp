@@ -47,9 +47,11 @@ private Q_SLOTS:
     {
         VentanaDePrueba v;
         v.ingresar(QStringLiteral("secretaria"), QStringLiteral("otra"));
-        QCOMPARE(v.mensajes, QStringList({QStringLiteral("Usuario y/o Contraseña incorrectas, intentelo de nuevo")}));
+        QCOMPARE(v.mensajes, QStringList({QStringLiteral(
+                                 "Usuario y/o Contraseña incorrectas, intentelo de nuevo")}));
         QCOMPARE(v.e.destinos(),
-                 QStringList(4, QStringLiteral("/querys/tessarin/login.php?azar=#&user=secretaria&pwd=otra")));
+                 QStringList(4, QStringLiteral(
+                                    "/querys/tessarin/login.php?azar=#&user=secretaria&pwd=otra")));
         QVERIFY(v.elemento("Command1")->isEnabled());
         QVERIFY(!v.visible("Option1_1"));
         QCOMPARE(Module1::idColegio, QStringLiteral("ERROR"));
@@ -63,8 +65,9 @@ private Q_SLOTS:
     {
         VentanaDePrueba v;
         v.ingresar(QStringLiteral("docente"));
-        QCOMPARE(v.mensajes, QStringList({QStringLiteral("Nivel de acceso inadecuado, se requiere Usuario y "
-                                                         "Pasword de Secretaria")}));
+        QCOMPARE(v.mensajes,
+                 QStringList({QStringLiteral("Nivel de acceso inadecuado, se requiere Usuario y "
+                                             "Pasword de Secretaria")}));
         QVERIFY(!v.visible("Option1_1"));
         QCOMPARE(Module1::idColegio, QStringLiteral("ERROR"));
     }
@@ -74,8 +77,9 @@ private Q_SLOTS:
         VentanaDePrueba v;
         v.e.responder("login.php", "error");
         v.ingresar();
-        QCOMPARE(v.mensajes, QStringList({QStringLiteral("Nivel de acceso inadecuado, se requiere Usuario y "
-                                                         "Pasword de Secretaria")}));
+        QCOMPARE(v.mensajes,
+                 QStringList({QStringLiteral("Nivel de acceso inadecuado, se requiere Usuario y "
+                                             "Pasword de Secretaria")}));
     }
 
     void servicioMudo_avisaComoRolInadecuado()

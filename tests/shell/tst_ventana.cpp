@@ -13,8 +13,9 @@ class tst_ventana : public QObject {
 private:
     static const QStringList &modos()
     {
-        static const QStringList nombres = {QStringLiteral("Option1_0"), QStringLiteral("Option1_1"),
-                                            QStringLiteral("Option1_2"), QStringLiteral("Option1_3")};
+        static const QStringList nombres = {
+            QStringLiteral("Option1_0"), QStringLiteral("Option1_1"), QStringLiteral("Option1_2"),
+            QStringLiteral("Option1_3")};
         return nombres;
     }
 
@@ -32,15 +33,16 @@ private:
                     necesario = QSize(0, rotulo->heightForWidth(rotulo->width()));
                     const QStringList palabras = rotulo->text().split(u' ');
                     for (const QString &palabra : palabras)
-                        necesario.setWidth(std::max(necesario.width(),
-                                                    rotulo->fontMetrics().horizontalAdvance(palabra)));
+                        necesario.setWidth(std::max(
+                            necesario.width(), rotulo->fontMetrics().horizontalAdvance(palabra)));
                 }
             } else if (const auto *boton = qobject_cast<const QAbstractButton *>(elemento)) {
                 necesario = boton->minimumSizeHint();
             } else {
                 continue;
             }
-            const bool cabe = elemento->width() >= necesario.width() && elemento->height() >= necesario.height();
+            const bool cabe =
+                elemento->width() >= necesario.width() && elemento->height() >= necesario.height();
             const bool dentro = elemento->parentWidget()->rect().contains(elemento->geometry());
             if (!cabe || !dentro)
                 return elemento->objectName();
@@ -86,8 +88,10 @@ private Q_SLOTS:
         int revisados = 0;
         for (const QWidget *elemento : elementos) {
             const bool control = qobject_cast<const QAbstractButton *>(elemento)
-                || qobject_cast<const QLineEdit *>(elemento) || qobject_cast<const QComboBox *>(elemento)
-                || qobject_cast<const QListWidget *>(elemento) || qobject_cast<const QProgressBar *>(elemento);
+                                 || qobject_cast<const QLineEdit *>(elemento)
+                                 || qobject_cast<const QComboBox *>(elemento)
+                                 || qobject_cast<const QListWidget *>(elemento)
+                                 || qobject_cast<const QProgressBar *>(elemento);
             if (!control || elemento->objectName().startsWith(QStringLiteral("qt_")))
                 continue;
             QVERIFY2(!elemento->accessibleName().isEmpty(), qPrintable(elemento->objectName()));

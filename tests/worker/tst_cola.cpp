@@ -5,7 +5,7 @@
 class TstCola : public QObject {
     Q_OBJECT
 
-private slots:
+private Q_SLOTS:
     void drawnOutOfOrder_comesOutInOrder();
     void headStillDrawing_holdsUpTheOthers();
     void failedHead_comesOutWithItsReason();

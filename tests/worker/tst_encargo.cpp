@@ -11,7 +11,7 @@ using namespace std::chrono_literals;
 class TstEncargo : public QObject {
     Q_OBJECT
 
-private slots:
+private Q_SLOTS:
     void answer_comesBackWhole();
     void childThatDies_givesNoAnswer();
     void childThatHangs_isGoneWithTheErrand();

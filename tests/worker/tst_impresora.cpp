@@ -5,7 +5,7 @@
 class TstImpresora : public QObject {
     Q_OBJECT
 
-private slots:
+private Q_SLOTS:
     void printer_survivesTheTrip();
     void reason_isNoPrinter();
     void garbage_isNoPrinter_data();

@@ -7,7 +7,7 @@ using Rutas = std::vector<std::string>;
 class TstLineas : public QObject {
     Q_OBJECT
 
-private slots:
+private Q_SLOTS:
     void severalLinesAtOnce_areCut();
     void lineInPieces_isPutTogether();
     void emptyLines_areLeftOut();

@@ -8,7 +8,7 @@ using namespace std::chrono_literals;
 class TstOpciones : public QObject {
     Q_OBJECT
 
-private slots:
+private Q_SLOTS:
     void noArguments_giveTheUsualDeadlines();
     void deadlines_areTaken();
     void nonsense_isRefused_data();

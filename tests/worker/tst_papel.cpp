@@ -5,7 +5,7 @@
 class TstPapel : public QObject {
     Q_OBJECT
 
-private slots:
+private Q_SLOTS:
     void mediaName_givesItsSize_data();
     void mediaName_givesItsSize();
     void noSize_givesNothing_data();

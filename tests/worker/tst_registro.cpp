@@ -9,7 +9,7 @@
 class TstRegistro : public QObject {
     Q_OBJECT
 
-private slots:
+private Q_SLOTS:
     void text_isEscaped_data();
     void text_isEscaped();
     void line_holdsTimePathAndResult();

@@ -8,7 +8,7 @@
 class TstRutaLocal : public QObject {
     Q_OBJECT
 
-private slots:
+private Q_SLOTS:
     void initTestCase();
     void path_findsTheExistingFile_data();
     void path_findsTheExistingFile();

@@ -49,10 +49,13 @@ Dibujo::Dibujo(QWebEngineProfile *perfil, QObject *parent) : QObject(parent), pa
     connect(&pagina_, &QWebEnginePage::loadFinished, this, &Dibujo::cargada);
     connect(&pagina_, &QWebEnginePage::pdfPrintingFinished, this,
             [this](const QString &, bool bien) {
-                emit terminado(bien ? salida::hecho : salida::sinPdf);
+                Q_EMIT
+                terminado(bien ? salida::hecho : salida::sinPdf);
             });
-    connect(&pagina_, &QWebEnginePage::renderProcessTerminated, this,
-            [this] { emit terminado(salida::motorCaido); });
+    connect(&pagina_, &QWebEnginePage::renderProcessTerminated, this, [this] {
+        Q_EMIT
+        terminado(salida::motorCaido);
+    });
 }
 
 void Dibujo::calentar()
@@ -81,7 +84,8 @@ void Dibujo::cargada(bool bien)
     if (html_.isEmpty())
         return;
     if (!bien && !pagina_.retenida()) {
-        emit terminado(salida::sinPagina);
+        Q_EMIT
+        terminado(salida::sinPagina);
         return;
     }
     if (!desdeCarga_.isValid()) {

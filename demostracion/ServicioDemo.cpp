@@ -1,0 +1,282 @@
+#include "demostracion/ServicioDemo.h"
+
+#include "demostracion/conexion.h"
+#include "demostracion/identidadTls.h"
+#include "demostracion/mensajes.h"
+#include "demostracion/relevo.h"
+
+#include <QMutex>
+#include <QMutexLocker>
+
+#include <atomic>
+#include <list>
+#include <optional>
+#include <stdexcept>
+#include <thread>
+
+#include <arpa/inet.h>
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+namespace {
+
+using namespace demo;
+
+struct Regla {
+    QByteArray fragmento;
+    Falla falla;
+    int veces;
+};
+
+} // namespace
+
+class ServicioDemo::Interno {
+public:
+    Interno(const TamanoEscuela &tamano, Modo modo);
+    ~Interno();
+
+    Escuela escuela;
+    QString base;
+    IdentidadTls identidad;
+
+    mutable QMutex cerrojo; // guards the two lists
+    QList<Peticion> peticiones;
+    QList<Regla> reglas; // the one given last is first
+
+private:
+    struct Hilo {
+        std::thread hilo;
+        std::atomic<bool> terminado = false;
+    };
+
+    int abrirPuerto();
+    void escuchar();
+    void recoger(bool todos);
+    void atender(Conexion &conexion);
+    std::optional<Falla> anotar(const Peticion &peticion);
+    void fallarCon(const Falla &falla, const Peticion &peticion, Conexion &conexion);
+    QByteArray ordinaria(const Peticion &peticion, const QByteArray &comprimir) const;
+
+    int oido = -1;
+    int parada[2] = {-1, -1};
+    std::unique_ptr<Rutas> rutas;
+    std::unique_ptr<Relevo> relevo;
+    std::list<Hilo> hilos; // only the listener's thread touches it, until it has ended
+    std::thread oyente;
+};
+
+ServicioDemo::Interno::Interno(const TamanoEscuela &tamano, Modo modo)
+    : escuela(generarEscuela(tamano))
+{
+    if (modo == Modo::Https)
+        identidad = crearIdentidadTls();
+    if (pipe2(parada, O_CLOEXEC) != 0)
+        throw std::runtime_error("no pipe for the demonstration service");
+    const int puerto = abrirPuerto();
+    base = QStringLiteral("%1://127.0.0.1:%2")
+               .arg(modo == Modo::Https ? QStringLiteral("https") : QStringLiteral("http"))
+               .arg(puerto);
+    rutas = std::make_unique<Rutas>(escuela, base);
+    relevo = std::make_unique<Relevo>(*rutas);
+    oyente = std::thread([this] { escuchar(); });
+}
+
+ServicioDemo::Interno::~Interno()
+{
+    // Never read: every wait on the other end sees it, now and later.
+    [[maybe_unused]] const ssize_t escrito = write(parada[1], "x", 1);
+    oyente.join();
+    recoger(true);
+    relevo.reset();
+    close(oido);
+    close(parada[0]);
+    close(parada[1]);
+}
+
+int ServicioDemo::Interno::abrirPuerto()
+{
+    oido = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
+    sockaddr_in donde{};
+    donde.sin_family = AF_INET;
+    donde.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    socklen_t largo = sizeof donde;
+    auto *direccion = reinterpret_cast<sockaddr *>(&donde);
+    if (bind(oido, direccion, largo) != 0 || listen(oido, 128) != 0
+        || getsockname(oido, direccion, &largo) != 0)
+        throw std::runtime_error("no loopback port for the demonstration service");
+    return ntohs(donde.sin_port);
+}
+
+void ServicioDemo::Interno::escuchar()
+{
+    for (;;) {
+        pollfd esperas[] = {{oido, POLLIN, 0}, {parada[0], POLLIN, 0}};
+        poll(esperas, 2, -1);
+        if (esperas[1].revents != 0)
+            return;
+        const int zocalo = accept4(oido, nullptr, nullptr, SOCK_CLOEXEC);
+        if (zocalo < 0)
+            continue;
+        recoger(false);
+        Hilo &hilo = hilos.emplace_back();
+        hilo.hilo = std::thread([this, &hilo, zocalo] {
+            {
+                Conexion conexion(zocalo, parada[0], identidad.contexto.get());
+                atender(conexion);
+            }
+            hilo.terminado = true;
+        });
+    }
+}
+
+void ServicioDemo::Interno::recoger(bool todos)
+{
+    for (auto it = hilos.begin(); it != hilos.end();) {
+        if (!todos && !it->terminado) {
+            ++it;
+            continue;
+        }
+        it->hilo.join();
+        it = hilos.erase(it);
+    }
+}
+
+std::optional<Falla> ServicioDemo::Interno::anotar(const Peticion &peticion)
+{
+    const QMutexLocker guardia(&cerrojo);
+    peticiones.append(peticion);
+    for (Regla &regla : reglas) {
+        if (regla.veces == 0 || !peticion.destino.contains(regla.fragmento))
+            continue;
+        if (regla.veces > 0)
+            --regla.veces;
+        return regla.falla;
+    }
+    return {};
+}
+
+void ServicioDemo::Interno::atender(Conexion &conexion)
+{
+    if (!conexion.saludar())
+        return;
+    const QByteArray bytes = conexion.leerCabecera();
+    if (bytes.isEmpty())
+        return;
+    const Peticion peticion = leida(bytes);
+    if (const std::optional<Falla> falla = anotar(peticion)) {
+        fallarCon(*falla, peticion, conexion);
+        return;
+    }
+    if (conexion.enviar(ordinaria(peticion, valor(peticion, "Accept-Encoding"))))
+        conexion.despedir();
+}
+
+QByteArray ServicioDemo::Interno::ordinaria(const Peticion &peticion,
+                                            const QByteArray &comprimir) const
+{
+    if (peticion.destino.isEmpty())
+        return respuesta(400, "<html><body>Petici\xF3n incomprensible</body></html>");
+    if (peticion.metodo != "GET" && peticion.metodo != "HEAD")
+        return respuesta(405, "<html><body>M\xE9todo no permitido</body></html>");
+    return relevo->pedir(peticion.metodo, peticion.destino, comprimir);
+}
+
+void ServicioDemo::Interno::fallarCon(const Falla &falla, const Peticion &peticion,
+                                      Conexion &conexion)
+{
+    // Uncompressed, so that half a body is half of what a test knows.
+    const auto partes = [&] {
+        return separar(ordinaria(peticion, {}));
+    };
+    QByteArray envio;
+    bool despedida = true;
+    switch (falla.clase) {
+    case Falla::Demora:
+        if (!conexion.esperar(falla.demora))
+            return;
+        envio = ordinaria(peticion, valor(peticion, "Accept-Encoding"));
+        break;
+    case Falla::Muda:
+        conexion.esperarFin();
+        return;
+    case Falla::Vacia:
+        envio = respuesta(200, {});
+        break;
+    case Falla::Cuerpo:
+        envio = respuesta(200, falla.cuerpo);
+        break;
+    case Falla::Estado:
+        envio = respuesta(falla.estado, falla.cuerpo);
+        break;
+    case Falla::CierraAntes:
+        return;
+    case Falla::CierraEnMedio: {
+        const Partes p = partes();
+        envio = conLargo(p, p.cuerpo.size(), p.cuerpo.left(p.cuerpo.size() / 2));
+        despedida = false;
+        break;
+    }
+    case Falla::LargoErrado: {
+        const Partes p = partes();
+        envio = conLargo(p, p.cuerpo.size() / 2, p.cuerpo);
+        break;
+    }
+    case Falla::Basura:
+        envio = basura();
+        break;
+    case Falla::Redireccion:
+        envio = respuesta(falla.estado == 0 ? 302 : falla.estado, {},
+                          "Location: " + falla.cuerpo + "\r\n");
+        break;
+    }
+    if (conexion.enviar(envio) && despedida)
+        conexion.despedir();
+}
+
+ServicioDemo::ServicioDemo(const TamanoEscuela &tamano, Modo modo)
+    : d(std::make_unique<Interno>(tamano, modo))
+{
+}
+
+ServicioDemo::~ServicioDemo() = default;
+
+QString ServicioDemo::base() const
+{
+    return d->base;
+}
+
+QByteArray ServicioDemo::autoridad() const
+{
+    return d->identidad.autoridad;
+}
+
+const Escuela &ServicioDemo::escuela() const
+{
+    return d->escuela;
+}
+
+QList<Peticion> ServicioDemo::peticiones() const
+{
+    const QMutexLocker guardia(&d->cerrojo);
+    return d->peticiones;
+}
+
+void ServicioDemo::olvidarPeticiones()
+{
+    const QMutexLocker guardia(&d->cerrojo);
+    d->peticiones.clear();
+}
+
+void ServicioDemo::fallar(const QByteArray &fragmento, const Falla &falla, int veces)
+{
+    const QMutexLocker guardia(&d->cerrojo);
+    d->reglas.prepend({fragmento, falla, veces});
+}
+
+void ServicioDemo::quitarFallas()
+{
+    const QMutexLocker guardia(&d->cerrojo);
+    d->reglas.clear();
+}

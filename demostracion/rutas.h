@@ -1,0 +1,44 @@
+// Address -> reply: what the service answers, without any network.
+#pragma once
+
+#include "demostracion/Escuela.h"
+
+#include <QByteArray>
+#include <QHash>
+#include <QMutex>
+
+namespace demo {
+
+struct Respuesta {
+    int estado = 200;
+    QByteArray tipo = "text/html; charset=windows-1252";
+    QByteArray cuerpo;
+};
+
+// Query parameters and path segments arrive as the bytes of Windows-1252, some of them as %XX.
+using Parametros = QList<QPair<QString, QString>>;
+QString parametro(const Parametros &parametros, const QString &nombre);
+
+class Rutas {
+public:
+    // `base`: scheme, host and port of the service's own addresses, without a trailing slash.
+    Rutas(const Escuela &escuela, const QString &base);
+
+    // For a request target as it came over the wire. Callable from several threads at once;
+    // images are drawn once and kept.
+    Respuesta responder(const QByteArray &destino);
+
+private:
+    Respuesta consulta(const QString &pagina, const Parametros &parametros) const;
+    Respuesta documento(const QStringList &tramos) const;
+    Respuesta imagen(const QString &ruta);
+    bool existe(const QString &direccion) const;
+    const AlumnoDemo *alumnoDeFoto(const QString &ruta) const;
+
+    const Escuela &escuela;
+    QString base;
+    QMutex cerrojo;
+    QHash<QString, QByteArray> dibujadas;
+};
+
+} // namespace demo

@@ -1,0 +1,194 @@
+#include "demostracion/calificaciones.h"
+#include "demostracion/paginas.h"
+
+#include <QRegularExpression>
+#include <QSet>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+using namespace demo;
+
+class tst_paginas : public QObject {
+    Q_OBJECT
+
+    const Escuela escuela = generarEscuela({2010, 3, 8, 15});
+    const QString base = u"http://127.0.0.1:4000"_s;
+    const Contexto contexto{escuela, base};
+
+    QStringList rotulos(const QString &pagina) const
+    {
+        QStringList hallados;
+        static const QRegularExpression uno(
+            u"src=\"http://127.0.0.1:4000/imgTXT\\.php\\?txt=([^\"]*)\""_s);
+        for (auto it = uno.globalMatch(pagina); it.hasNext();)
+            hallados << it.next().captured(1);
+        return hallados;
+    }
+
+private Q_SLOTS:
+    void consolidados_soloTraenRotulosQueSeGuardan();
+    void consolidadoFallas_noTraeRotuloDeNota();
+    void indice_enlazaCadaSalon();
+    void salon_enlazaCadaDocumento();
+    void informeFinal_traeUnSoloSello();
+    void certificado_traeUnFolioYLaFirma();
+    void hojaMatricula_traeFotoOSilueta();
+    void infoAlumno_noNombraAlServicio();
+    void documentos_dejanDatosAlGuion();
+    void boletin_dejaTodoAlGuionYTraeLosSuyos();
+    void direccionesAbsolutas_sonSoloLasQueSeReemplazan();
+};
+
+// What an archive stores: subjects and areas with hyphens as blanks, and the fixed headings; a
+// "NOTA:" loses its colon on the way.
+void tst_paginas::consolidados_soloTraenRotulosQueSeGuardan()
+{
+    QSet<QString> guardados = {u"Total Fallas"_s, u"Nro Perdidas"_s, u"Promedio"_s, u"Puesto"_s};
+    for (const MateriaDemo &m : escuela.materias)
+        for (QString nombre : {m.nombre, m.area})
+            guardados.insert(nombre.replace(u'-', u' '));
+    for (const SalonDemo &salon : escuela.salones) {
+        QStringList notas = rotulos(consolidadoNotas(contexto, salon));
+        QVERIFY(notas.contains(u"NOTA:DEFINITIVA"_s));
+        notas.replaceInStrings(u"NOTA:"_s, u"NOTA"_s);
+        for (const QString &rotulo : notas + rotulos(consolidadoFallas(contexto, salon)))
+            QVERIFY2(guardados.contains(rotulo), qPrintable(rotulo));
+        for (const char *fijo : {"Total Fallas", "Nro Perdidas", "Promedio", "Puesto"})
+            QVERIFY(notas.contains(QLatin1String(fijo)));
+    }
+}
+
+void tst_paginas::consolidadoFallas_noTraeRotuloDeNota()
+{
+    const QStringList fallas = rotulos(consolidadoFallas(contexto, escuela.salones.first()));
+    QVERIFY(fallas.contains(u"Total Fallas"_s));
+    QVERIFY(fallas.contains(u"CIENCIAS NATURALES"_s));
+    QVERIFY(fallas.filter(u"NOTA"_s).isEmpty());
+}
+
+void tst_paginas::indice_enlazaCadaSalon()
+{
+    const QString pagina = indiceSalones(contexto);
+    for (const SalonDemo &salon : escuela.salones) {
+        QCOMPARE(pagina.count(u"href=\"archivos/salones/"_s + salon.id + u".html\""_s), 1);
+        QVERIFY(pagina.contains(u"<h2>"_s + salon.sede + u"</h2>"_s));
+    }
+    QVERIFY(pagina.contains(base + u"/images/colegios/123/logo.png"_s));
+}
+
+void tst_paginas::salon_enlazaCadaDocumento()
+{
+    const SalonDemo &salon = escuela.salones.first();
+    const QString pagina = listaSalon(contexto, salon);
+    for (const AlumnoDemo &alumno : alumnosDe(escuela, salon.id))
+        for (const char *carpeta : {"infoFinal", "certificados", "matriculas", "infoAlumnos"})
+            QVERIFY(pagina.contains(
+                u"href=\"../%1/%2.html\""_s.arg(QLatin1String(carpeta), alumno.id)));
+    for (const QString &enlace :
+         {u"../consolidadoN/501.html"_s, u"../consolidadoF/501.html"_s, u"../../index.html"_s,
+          u"../jscript/jquery.tools.min.js"_s, u"../jscript/jquery.tablesorter.min.js"_s})
+        QVERIFY2(pagina.contains(u'"' + enlace + u'"'), qPrintable(enlace));
+    for (const QString &flecha : {u"bg"_s, u"asc"_s, u"desc"_s})
+        QVERIFY(pagina.contains(u"url(../images/%1.gif)"_s.arg(flecha)));
+}
+
+void tst_paginas::informeFinal_traeUnSoloSello()
+{
+    for (const AlumnoDemo &alumno : escuela.alumnos)
+        for (const int clase : {1, 2}) {
+            const QString pagina = informeFinal(contexto, alumno, clase);
+            const qsizetype si = pagina.count(base + u"/images/promovido.png"_s);
+            const qsizetype no = pagina.count(base + u"/images/reprobado.png"_s);
+            QCOMPARE(si + no, 1);
+            QCOMPARE(si == 1, promovido(alumno));
+        }
+}
+
+void tst_paginas::certificado_traeUnFolioYLaFirma()
+{
+    for (const int clase : {1, 2, 3}) {
+        const QString pagina = certificado(contexto, escuela.alumnos.first(), clase);
+        QCOMPARE(pagina.count(u"Folio: ®folio®"_s), 1);
+        QCOMPARE(pagina.count(u'®'), 2);
+        QVERIFY(pagina.contains(base + u"/images/colegios/123/rector.png"_s));
+    }
+}
+
+void tst_paginas::hojaMatricula_traeFotoOSilueta()
+{
+    for (const AlumnoDemo &alumno : escuela.alumnos) {
+        const QString pagina = hojaMatricula(contexto, alumno);
+        QCOMPARE(pagina.contains(base + u"/jup/images/123/"_s + alumno.id + u"-alumno.jpg"_s),
+                 alumno.conFoto);
+        QCOMPARE(pagina.contains(base + u"/images/default-avatar.png"_s), !alumno.conFoto);
+    }
+}
+
+void tst_paginas::infoAlumno_noNombraAlServicio()
+{
+    for (const AlumnoDemo &alumno : escuela.alumnos)
+        QVERIFY(!infoAlumno(contexto, alumno).contains(u"http"_s));
+}
+
+void tst_paginas::documentos_dejanDatosAlGuion()
+{
+    const AlumnoDemo &alumno = escuela.alumnos.first();
+    for (const QString &pagina :
+         {informeFinal(contexto, alumno, 1), informeFinal(contexto, alumno, 2),
+          certificado(contexto, alumno, 1), certificado(contexto, alumno, 2),
+          certificado(contexto, alumno, 3), hojaMatricula(contexto, alumno)}) {
+        for (const char *campo : {"CDANE", "DIRECCION", "TELEFONO", "SECRETARIA", "RECTOR"}) {
+            QCOMPARE(pagina.count(u"id=\"cfg%1\"></"_s.arg(QLatin1String(campo))), 1);
+            QVERIFY(!pagina.contains(escuela.ajustes.value(QLatin1String(campo)).toHtmlEscaped()));
+        }
+        QVERIFY(pagina.contains(u"<div class=\"colegio\" id=\"cfgMICOLEGIO\">Institución"_s));
+        QVERIFY(pagina.contains(u"<div class=\"lema\" id=\"cfgSLOGAN\">Educación"_s));
+    }
+}
+
+void tst_paginas::boletin_dejaTodoAlGuionYTraeLosSuyos()
+{
+    for (const int clase : {1, 2}) {
+        const QString pagina = boletin(contexto, escuela.alumnos.first(), 2, clase);
+        for (const char *campo : {"MICOLEGIO", "SLOGAN", "CDANE", "DIRECCION", "TELEFONO"})
+            QCOMPARE(pagina.count(u"id=\"cfg%1\"></"_s.arg(QLatin1String(campo))), 1);
+        const qsizetype biblioteca =
+            pagina.indexOf(u"<script src=\"../../jscript/jquery.tools.min.js\">"_s);
+        const qsizetype datos = pagina.indexOf(u"<script src=\"../../../configuracion.txt\">"_s);
+        QVERIFY(biblioteca > 0 && datos > biblioteca && datos < pagina.indexOf(u"</head>"_s));
+    }
+}
+
+// Any other address of the service would still lead there from a stored page.
+void tst_paginas::direccionesAbsolutas_sonSoloLasQueSeReemplazan()
+{
+    const AlumnoDemo &alumno = escuela.alumnos.first();
+    const SalonDemo &salon = escuela.salones.first();
+    const QString colegio = u"/images/colegios/123/"_s;
+    const QList<QPair<QString, QStringList>> casos = {
+        {indiceSalones(contexto), {colegio}},
+        {listaSalon(contexto, salon), {colegio}},
+        {consolidadoNotas(contexto, salon), {colegio, u"/imgTXT.php?txt="_s}},
+        {consolidadoFallas(contexto, salon), {colegio, u"/imgTXT.php?txt="_s}},
+        {informeFinal(contexto, alumno, 2),
+         {colegio, u"/images/promovido.png"_s, u"/images/reprobado.png"_s}},
+        {certificado(contexto, alumno, 2), {colegio}},
+        {hojaMatricula(contexto, alumno),
+         {colegio, u"/jup/images/123/"_s, u"/images/default-avatar.png"_s}},
+        {boletin(contexto, alumno, 1, 2), {colegio}},
+        {pazYsalvo(contexto, alumno), {colegio}},
+        {planillaAsignatura(contexto, salon, 0), {colegio}},
+        {observador(contexto, alumno),
+         {colegio, u"/images/apersonal.png"_s, u"/images/aconvivencia.png"_s,
+          u"/images/aacademico.png"_s}}};
+    for (auto [pagina, prefijos] : casos) {
+        QVERIFY(pagina.contains(base));
+        for (const QString &prefijo : prefijos)
+            pagina.remove(base + prefijo);
+        QVERIFY2(!pagina.contains(u"http"_s),
+                 qPrintable(pagina.mid(pagina.indexOf(u"http"_s), 80)));
+    }
+}
+
+QTEST_GUILESS_MAIN(tst_paginas)
+#include "tst_paginas.moc"
