@@ -3,7 +3,9 @@
 #include <QApplication>
 #include <QEvent>
 #include <QEventLoop>
+#include <QGridLayout>
 #include <QMessageBox>
+#include <QPushButton>
 
 namespace {
 
@@ -58,6 +60,16 @@ private:
     QMessageBox *m_cuadro;
 };
 
+// A short text alone would make a box too narrow for its own title.
+void ensanchar(QMessageBox &cuadro)
+{
+    auto *rejilla = qobject_cast<QGridLayout *>(cuadro.layout());
+    if (!rejilla)
+        return;
+    const int ancho = cuadro.fontMetrics().averageCharWidth() * 40;
+    rejilla->addItem(new QSpacerItem(ancho, 0), rejilla->rowCount(), 0, 1, rejilla->columnCount());
+}
+
 } // namespace
 
 void cuadroMensaje(QWidget *ventana, const QString &texto)
@@ -67,6 +79,8 @@ void cuadroMensaje(QWidget *ventana, const QString &texto)
     cuadro.setTextFormat(Qt::PlainText);
     cuadro.setText(texto);
     cuadro.setWindowModality(Qt::NonModal);
+    cuadro.button(QMessageBox::Ok)->setIcon(QIcon());
+    ensanchar(cuadro);
 
     const EntradaRetenida retenida(ventana, &cuadro);
     QEventLoop espera;
