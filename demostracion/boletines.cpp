@@ -22,7 +22,7 @@ const QString estiloBoletin = uR"(
   break-inside: avoid; }
 .tarjeta.roja { border-left-color: #b3261e; }
 .tarjeta .valor { float: right; font-size: 22px; font-weight: 700; color: #1f3a68; }
-.tarjeta small { display: block; color: #53606f; }
+.tarjeta small { display: block; color: #53606f; margin-right: 3em; }
 .planilla td { height: 25px; border: 1px solid #b9c4d1; padding: 2px 7px; }
 .planilla th { border: 1px solid #b9c4d1; padding: 5px 4px; background: #eef2f8; color: #1f3a68; font-size: 11.5px; }
 .planilla td.casilla { width: 42px; }

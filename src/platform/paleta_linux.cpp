@@ -2,6 +2,7 @@
 
 #include <QDBusConnection>
 #include <QDBusMessage>
+#include <QDBusMetaType>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QDBusVariant>
@@ -19,11 +20,14 @@ constexpr uint prefiereOscuro = 1;
 
 QPalette paletaOscura()
 {
-    const QColor ventana(0x2d, 0x2d, 0x30);
-    const QColor base(0x1f, 0x1f, 0x22);
+    const QColor ventana(0x2b, 0x2b, 0x2e);
+    const QColor base(0x3d, 0x3d, 0x42);
     const QColor texto(0xee, 0xee, 0xee);
-    const QColor apagado(0x8a, 0x8a, 0x8f);
-    QPalette paleta(texto, ventana);
+    const QColor apagado(0xa0, 0xa0, 0xa6);
+    const QColor boton(0x50, 0x50, 0x56);
+    QPalette paleta(boton, ventana);
+    paleta.setColor(QPalette::WindowText, texto);
+    paleta.setColor(QPalette::ButtonText, texto);
     paleta.setColor(QPalette::Base, base);
     paleta.setColor(QPalette::AlternateBase, ventana.darker(110));
     paleta.setColor(QPalette::Text, texto);
@@ -51,8 +55,12 @@ public:
         QDBusConnection bus = QDBusConnection::sessionBus();
         if (!bus.isConnected())
             return;
-        bus.connect(servicio, objeto, interfaz, QStringLiteral("SettingChanged"), this,
-                    SLOT(alCambiar(QString, QString, QDBusVariant)));
+        // Without it the bus does not know the slot's last argument and refuses the connection.
+        qDBusRegisterMetaType<QDBusVariant>();
+        // A desktop without this service changes nothing later either.
+        [[maybe_unused]] const bool avisara =
+            bus.connect(servicio, objeto, interfaz, QStringLiteral("SettingChanged"), this,
+                        SLOT(alCambiar(QString, QString, QDBusVariant)));
         QDBusMessage pregunta =
             QDBusMessage::createMethodCall(servicio, objeto, interfaz, QStringLiteral("Read"));
         pregunta << espacio << clave;

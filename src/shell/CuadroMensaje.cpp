@@ -79,6 +79,8 @@ void cuadroMensaje(QWidget *ventana, const QString &texto)
     cuadro.setTextFormat(Qt::PlainText);
     cuadro.setText(texto);
     cuadro.setWindowModality(Qt::NonModal);
+    cuadro.setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint
+                          | Qt::WindowCloseButtonHint);
     cuadro.button(QMessageBox::Ok)->setIcon(QIcon());
     ensanchar(cuadro);
 

@@ -1,0 +1,70 @@
+"""The window at the desktop's scales and in its light and dark colours.
+
+PARVANEL_RETRATOS names a folder for pictures of every mode in each of them, to be looked at.
+"""
+
+import os
+import signal
+import subprocess
+import sys
+import unittest
+from pathlib import Path
+
+from escena import Escena
+from secretaria import MODOS
+
+RETRATOS = os.environ.get("PARVANEL_RETRATOS")
+PORTAL = Path(__file__).resolve().with_name("portal.py")
+ANCHO, ALTO = 623, 484
+
+
+class Apariencia(Escena):
+    def abrir_a(self, escala, colores):
+        self.preparar(ancho=1400, alto=1100, entorno={"QT_SCALE_FACTOR": str(escala)})
+        self.portal = self.escritorio.lanzar([sys.executable, "-B", PORTAL, colores],
+                                             stdout=subprocess.PIPE)
+        self.addCleanup(self.portal.stdout.close)
+        self.portal.stdout.readline()
+        self.abrir_programa()
+
+    def claridad(self):
+        """Of the whole window, from 0 to 1."""
+        imagen = self.escritorio.carpeta / "claridad.png"
+        self.ventana.retratar(imagen, quieta=False)
+        return float(self.escritorio.pantalla.orden(
+            "convert", imagen, "-colorspace", "Gray", "-format", "%[fx:mean]", "info:"))
+
+    def esperar_colores(self, colores):
+        self.ventana.esperar(lambda: (self.claridad() < 0.5) == (colores == "dark"),
+                             f"the colours are not {colores}")
+
+    def test_escalas_y_colores_son_los_del_escritorio(self):
+        for escala in (1, 1.5, 2):
+            for colores in ("light", "dark"):
+                with self.subTest(escala=escala, colores=colores):
+                    self.abrir_a(escala, colores)
+                    self.esperar_colores(colores)
+                    ancho, alto = self.ventana.tamano()
+                    self.assertAlmostEqual(ancho, ANCHO * escala, delta=1)
+                    self.assertAlmostEqual(alto, ALTO * escala, delta=1)
+                    self.secretaria.entrar()
+                    for modo in MODOS:
+                        self.secretaria.ir_a(modo)
+                        self.retratar(f"{colores}-{escala}-{modo}")
+                    self.ventana.cerrar()
+
+    def test_cambio_de_colores_del_escritorio_se_sigue_al_momento(self):
+        self.abrir_a(1, "light")
+        self.esperar_colores("light")
+        for colores in ("dark", "light"):
+            self.portal.send_signal(signal.SIGUSR1)
+            self.esperar_colores(colores)
+
+    def retratar(self, nombre):
+        if RETRATOS:
+            Path(RETRATOS).mkdir(parents=True, exist_ok=True)
+            self.ventana.retratar(Path(RETRATOS) / f"{nombre.replace(' ', '-').lower()}.png")
+
+
+if __name__ == "__main__":
+    unittest.main(verbosity=2)
