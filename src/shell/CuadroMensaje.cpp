@@ -81,6 +81,7 @@ void cuadroMensaje(QWidget *ventana, const QString &texto)
     cuadro.setWindowModality(Qt::NonModal);
     cuadro.setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint
                           | Qt::WindowCloseButtonHint);
+    cuadro.button(QMessageBox::Ok)->setText(QStringLiteral("OK")); // in every language
     cuadro.button(QMessageBox::Ok)->setIcon(QIcon());
     ensanchar(cuadro);
 

@@ -8,6 +8,9 @@
 #include <QApplication>
 #include <QDir>
 #include <QIcon>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QTranslator>
 
 #include <cstdlib>
 
@@ -15,6 +18,12 @@ int correrPrograma(const QString &ServiceBase)
 {
     QApplication::setApplicationName(QStringLiteral("Parvanel"));
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/logo.svg")));
+
+    // The menus of text boxes and the like; without the file they stay in English.
+    QTranslator traductor;
+    if (traductor.load(QLocale(QLocale::Spanish), QStringLiteral("qtbase"), QStringLiteral("_"),
+                       QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QApplication::installTranslator(&traductor);
 
     const PaletaEscritorio paleta;
     HttpClient http;

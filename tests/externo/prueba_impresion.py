@@ -121,11 +121,7 @@ class Impresion(Escena):
         self.secretaria.preparar_impresion(self.salon, "Paz Y Salvos")
         self.ventana.pulsar("radio button", "Solo Descargar")
         self.secretaria.imprimir()
-        carpeta = self.archivo / "archivos" / "pazysalvos"
-        self.ventana.esperar(lambda: len(list(carpeta.glob("*.html"))) == len(self.alumnos()),
-                             "not all are stored")
-        self.ventana.esperar(lambda: self.ventana.a_la_vista("push button", "Imprimir"),
-                             "the buttons do not come back")
+        self.esperar_paz_y_salvos()
         self.assertEqual(self.hijos("parvanel-print"), [])
         self.ventana.cerrar()
         self.assertEqual(self.cups.capturados(), [])
@@ -136,11 +132,7 @@ class Impresion(Escena):
         self.abrir_con_historico()
         self.secretaria.preparar_impresion(self.salon, "Paz Y Salvos")
         self.secretaria.imprimir()
-        carpeta = self.archivo / "archivos" / "pazysalvos"
-        self.ventana.esperar(lambda: len(list(carpeta.glob("*.html"))) == len(self.alumnos()),
-                             "not all are stored")
-        self.ventana.esperar(lambda: self.ventana.a_la_vista("push button", "Imprimir"),
-                             "the buttons do not come back")
+        self.esperar_paz_y_salvos()
         self.assertIsNone(self.ventana.a_la_vista("label", "Error"))
         self.ventana.cerrar()
         registro = self.escritorio.xdg("STATE_HOME") / "parvanel" / "print.log"
@@ -148,6 +140,14 @@ class Impresion(Escena):
         while not registro.exists() or len(registro.read_text().splitlines()) < len(self.alumnos()):
             self.assertLess(time.monotonic(), tope, "the log is not complete")
             time.sleep(0.05)
+
+    def esperar_paz_y_salvos(self):
+        """Waits until the job has stored one for each student and has ended."""
+        carpeta = self.archivo / "archivos" / "pazysalvos"
+        self.ventana.esperar(lambda: len(list(carpeta.glob("*.html"))) == len(self.alumnos()),
+                             "not all are stored")
+        self.ventana.esperar(lambda: self.ventana.a_la_vista("push button", "Imprimir"),
+                             "the buttons do not come back")
 
     def hijos(self, nombre):
         """Processes that the program has started and that bear this name."""
