@@ -15,6 +15,16 @@ QString textoDe(const QString &nombre)
     return QString(nombre).replace(u'-', u' ');
 }
 
+QString direccionDeMateria(const QString &ServiceBase, const QString &texto)
+{
+    return ServiceBase + QStringLiteral("/imgTXT.php?txt=") + texto;
+}
+
+QString direccionDeArea(const QString &ServiceBase, const QString &texto)
+{
+    return direccionDeMateria(ServiceBase, texto).replace(u' ', QStringLiteral("%20"));
+}
+
 QStringList distintas(const QStringList &textos)
 {
     QStringList resultado;
@@ -33,16 +43,8 @@ QStringList distintas(const QStringList &textos)
 
 namespace {
 
-struct Rotulado {
-    QString texto; // as the address carries it
-    QString archivo;
-};
-
-const QList<Rotulado> titulosFijos = {
-    {QStringLiteral("Nro%20Perdidas"), QStringLiteral("Nro Perdidas")},
-    {QStringLiteral("Promedio"), QStringLiteral("Promedio")},
-    {QStringLiteral("Puesto"), QStringLiteral("Puesto")},
-};
+const QStringList titulosFijos = {QStringLiteral("Nro Perdidas"), QStringLiteral("Promedio"),
+                                  QStringLiteral("Puesto")};
 
 void mostrar(const QString &texto, int posicion, int cuantas)
 {
@@ -61,7 +63,7 @@ void tcMaterias::downLabels()
           QStringLiteral("{imagenes}"), QStringLiteral("{imagenes}labels\\")})
         crearCarpeta(m_servicio, completar(carpeta, valores));
     const QString carpeta = sinSaltos(completar(QStringLiteral("{imagenes}labels\\"), valores));
-    const QString direccion = completar(QStringLiteral("{base}/imgTXT.php?txt="), valores);
+    const QString &base = m_servicio.ServiceBase;
     // A label that does not arrive is missing in the archive, and the next one follows.
     const auto guardar = [&](const QString &url, const QString &archivo) {
         [[maybe_unused]] const bool llego = descargarArchivo(m_servicio, url, carpeta + archivo);
@@ -76,28 +78,27 @@ void tcMaterias::downLabels()
         const auto materia = Item(posicion);
         const QString texto = etiquetas::textoDe(materia->nombre);
         mostrar(texto, posicion, Count());
-        // Blanks go into a subject's address as they are; only those of areas are escaped.
-        guardar(direccion + texto, texto);
+        guardar(etiquetas::direccionDeMateria(base, texto), texto);
         areas.append(etiquetas::textoDe(materia->area));
         elementosProgreso.barra1->avanzar();
         ceder();
     }
 
-    areas = etiquetas::distintas(areas);
+    // The heading of the total-absences column comes last, unless an area has that very text.
     areas.append(QStringLiteral("Total Fallas"));
+    areas = etiquetas::distintas(areas);
     const int cuantas = static_cast<int>(areas.size());
     elementosProgreso.barra1->ponerMaximo(cuantas);
     elementosProgreso.barra1->ponerValor(0);
     for (int posicion = 1; posicion <= cuantas; ++posicion) {
         const QString area = areas[posicion - 1];
-        const QString url = QString(direccion + area).replace(u' ', QStringLiteral("%20"));
         mostrar(area, posicion, cuantas);
         // The colon is replaced by itself: file names have always been built so, and a label
         // with a colon cannot be stored.
-        guardar(url, QString(area).replace(u':', u':'));
+        guardar(etiquetas::direccionDeArea(base, area), QString(area).replace(u':', u':'));
         elementosProgreso.barra1->avanzar();
     }
 
-    for (const Rotulado &titulo : titulosFijos)
-        guardar(direccion + titulo.texto, titulo.archivo);
+    for (const QString &titulo : titulosFijos)
+        guardar(etiquetas::direccionDeArea(base, titulo), titulo);
 }

@@ -101,7 +101,9 @@ public:
 
     // Changes a folder through `hacer` and takes the change over into the remembered listing, so
     // that a folder of many files is not read again for each of them. A listing that somebody
-    // else has overtaken stays out of date and is read again at its next use.
+    // else has overtaken stays out of date and is read again at its next use; one overtaken
+    // within the file system's clock tick may be believed until the folder's next change. Names
+    // in their exact spelling are always looked up on the disk.
     template <typename Hacer>
     bool cambiar(const QString &carpeta, const QString &nombre, Queda queda, Hacer hacer)
     {
@@ -343,7 +345,8 @@ std::optional<QStringList> DriveC::carpetas(const QString &ruta) const
     const QDir directorio(carpeta);
     if (!QFileInfo(carpeta).isDir())
         return std::nullopt;
-    const QFileInfoList entradas = directorio.entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot);
+    const QFileInfoList entradas = directorio.entryInfoList(
+        QDir::Dirs | QDir::NoDotAndDotDot | (enC ? QDir::Hidden : QDir::Filters()));
     QStringList nombres;
     for (const QFileInfo &entrada : entradas) {
         if (!esOtraEscritura(entrada))

@@ -1,5 +1,6 @@
 #include "platform/HttpClient.h"
 #include "platform/HttpClientSistema.h"
+#include "platform/direccionHttp.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
@@ -20,51 +21,6 @@ using Reloj = std::chrono::steady_clock;
 
 constexpr int redireccionesMaximas = 10;
 
-bool esRedireccion(long estado)
-{
-    return estado == 301 || estado == 302 || estado == 303 || estado == 307 || estado == 308;
-}
-
-// An address apart: what names the server, and the target asked of it.
-struct Direccion {
-    QByteArray servidor; // "https://host:port"
-    QByteArray destino;  // "/path?query", as it goes over the wire
-};
-
-Direccion separar(const QByteArray &direccion)
-{
-    const qsizetype autoridad = direccion.indexOf("://");
-    qsizetype corte = autoridad < 0 ? 0 : autoridad + 3;
-    while (corte < direccion.size() && direccion[corte] != '/' && direccion[corte] != '?')
-        ++corte;
-    QByteArray destino = direccion.mid(corte);
-    if (!destino.startsWith('/'))
-        destino.prepend('/');
-    return {direccion.left(corte), HttpClient::destinoEnLinea(destino)};
-}
-
-bool esSegura(const QByteArray &direccion)
-{
-    return direccion.left(6).toLower() == "https:";
-}
-
-// Where a redirect leads, absolute and without its fragment. Its bytes stay as they came but for
-// those that cannot stand in a request target: the library's own reading of it would write some
-// of them in another way ("+" for a blank).
-QByteArray direccionDe(const QByteArray &lugar, const QByteArray &desde)
-{
-    QByteArray direccion = HttpClient::destinoEnLinea(lugar.split('#').first());
-    CURLU *partes = curl_url();
-    char *entera = nullptr;
-    if (curl_url_set(partes, CURLUPART_URL, desde.constData(), 0) == CURLUE_OK
-        && curl_url_set(partes, CURLUPART_URL, direccion.constData(), 0) == CURLUE_OK
-        && curl_url_get(partes, CURLUPART_URL, &entera, 0) == CURLUE_OK)
-        direccion = entera;
-    curl_free(entera);
-    curl_url_cleanup(partes);
-    return direccion;
-}
-
 // One request on its way.
 struct Transferencia {
     std::function<bool(const char *, qsizetype)> recibir; // false: give up
@@ -80,7 +36,7 @@ struct Transferencia {
     {
         long estado = 0;
         curl_easy_getinfo(easy, CURLINFO_RESPONSE_CODE, &estado);
-        return esRedireccion(estado) && !lugar.isEmpty();
+        return direccionHttp::esRedireccion(estado) && !lugar.isEmpty();
     }
 };
 
@@ -108,6 +64,13 @@ size_t alRecibirCabecera(char *datos, size_t, size_t cuantos, void *quien)
         transferencia.lugar = linea.mid(9).trimmed();
     }
     return cuantos;
+}
+
+// The silence of a transfer counts from its connection, which has a limit of its own.
+int alConectar(void *quien, char *, char *, int, int)
+{
+    static_cast<Transferencia *>(quien)->ultimoByte = Reloj::now();
+    return CURL_PREREQFUNC_OK;
 }
 
 int alAbrirConexion(void *, curl_socket_t conexion, curlsocktype)
@@ -160,7 +123,7 @@ public:
     };
 
     // Sends one request and waits for its reply.
-    Respuesta pedir(const Direccion &direccion, const Cabeceras &cabeceras,
+    Respuesta pedir(const direccionHttp::Partes &direccion, const Cabeceras &cabeceras,
                     const std::function<bool(const char *, qsizetype)> &recibir)
     {
         Transferencia transferencia;
@@ -182,8 +145,8 @@ public:
             respuesta.resultado = CURLE_GOT_NOTHING;
         curl_easy_getinfo(transferencia.easy, CURLINFO_RESPONSE_CODE, &respuesta.estado);
         if (transferencia.cuerpoSobra())
-            respuesta.otraDireccion =
-                direccionDe(transferencia.lugar, direccion.servidor + direccion.destino);
+            respuesta.otraDireccion = direccionHttp::direccionDe(
+                transferencia.lugar, direccion.servidor + direccion.destino);
         curl_slist_free_all(lista);
         m_libres.push_back(transferencia.easy);
         return respuesta;
@@ -194,7 +157,7 @@ public:
     std::optional<long> seguir(const QByteArray &direccion, const Cabeceras &cabeceras,
                                const std::function<bool(const char *, qsizetype)> &recibir)
     {
-        Direccion actual = separar(direccion);
+        direccionHttp::Partes actual = direccionHttp::separar(direccion);
         for (int saltos = 0;; ++saltos) {
             const Respuesta respuesta = pedir(actual, cabeceras, recibir);
             if (respuesta.resultado != CURLE_OK)
@@ -203,10 +166,11 @@ public:
                 return respuesta.estado;
             const QByteArray &otra = respuesta.otraDireccion;
             const bool permitida =
-                esSegura(otra) || (!esSegura(actual.servidor) && otra.startsWith("http:"));
+                direccionHttp::esSegura(otra)
+                || (!direccionHttp::esSegura(actual.servidor) && otra.startsWith("http:"));
             if (saltos == redireccionesMaximas || !permitida)
                 return std::nullopt;
-            actual = separar(otra);
+            actual = direccionHttp::separar(otra);
         }
     }
 
@@ -219,11 +183,13 @@ private:
             return curl_easy_init();
         CURL *easy = m_libres.back();
         m_libres.pop_back();
+        curl_easy_setopt(easy, CURLOPT_COOKIEFILE, nullptr); // which a reset would lose
         curl_easy_reset(easy);
         return easy;
     }
 
-    void preparar(Transferencia &transferencia, const Direccion &direccion, curl_slist *lista)
+    void preparar(Transferencia &transferencia, const direccionHttp::Partes &direccion,
+                  curl_slist *lista)
     {
         CURL *easy = transferencia.easy;
         curl_easy_setopt(easy, CURLOPT_URL, (direccion.servidor + direccion.destino).constData());
@@ -255,6 +221,8 @@ private:
         curl_easy_setopt(easy, CURLOPT_HEADERFUNCTION, &alRecibirCabecera);
         curl_easy_setopt(easy, CURLOPT_HEADERDATA, &transferencia);
         curl_easy_setopt(easy, CURLOPT_SOCKOPTFUNCTION, &alAbrirConexion);
+        curl_easy_setopt(easy, CURLOPT_PREREQFUNCTION, &alConectar);
+        curl_easy_setopt(easy, CURLOPT_PREREQDATA, &transferencia);
         curl_easy_setopt(easy, CURLOPT_PRIVATE, &transferencia);
     }
 
@@ -384,19 +352,4 @@ bool HttpClient::getArchivo(const QByteArray &direccion, QIODevice &destino)
     };
     const auto estado = d->seguir(direccion, {}, recibir);
     return estado && *estado < 400;
-}
-
-QByteArray HttpClient::destinoEnLinea(const QByteArray &destino)
-{
-    static const QByteArray imposibles("\"#<>\\^`{|}");
-    QByteArray enLinea;
-    enLinea.reserve(destino.size());
-    for (const char byte : destino) {
-        const auto valor = static_cast<unsigned char>(byte);
-        if (valor <= 0x20 || valor >= 0x7F || imposibles.contains(byte))
-            enLinea += '%' + QByteArray::number(valor, 16).rightJustified(2, '0').toUpper();
-        else
-            enLinea += byte;
-    }
-    return enLinea;
 }

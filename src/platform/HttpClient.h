@@ -37,7 +37,8 @@ public:
     // The body of the reply, of any HTTP status; nothing when the request failed: no connection,
     // no HTTP reply, a body that broke off, a limit passed.
     // `direccion` holds the bytes of the whole address as the caller built it. A byte that cannot
-    // stand in a request target becomes %XX on the wire; nothing else is escaped or normalised.
+    // stand in a request target becomes %XX on the wire; nothing else is escaped or normalised
+    // (the address that a redirect names is resolved as usual).
     std::optional<QByteArray> get(const QByteArray &direccion, const Cabeceras &cabeceras);
 
     // The same straight into an open device, without further headers. False when the request
@@ -46,9 +47,6 @@ public:
     bool getArchivo(const QByteArray &direccion, QIODevice &destino);
 
     static QString autoridadesDelSistema();
-
-    // The request target as it goes over the wire.
-    static QByteArray destinoEnLinea(const QByteArray &destino);
 
     class Interno;
 

@@ -16,6 +16,7 @@
 #include <cstdlib>
 
 #include <fcntl.h>
+#include <linux/close_range.h>
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -39,6 +40,13 @@ QString programaImpresion()
     return QStandardPaths::findExecutable(nombre);
 }
 
+// A program started here inherits none of this one's descriptors: libraries open some that would
+// go along, and a pipe or connection held open by a browser would never end.
+void nadaSeHereda()
+{
+    ::close_range(3, ~0U, CLOSE_RANGE_CLOEXEC);
+}
+
 struct Obrero {
     pid_t pid = -1;
     int tuberia = -1; // its standard input
@@ -50,6 +58,7 @@ struct Obrero {
 Obrero arrancar(const QString &programa)
 {
     Obrero obrero;
+    nadaSeHereda();
     int extremos[2] = {-1, -1};
     if (programa.isEmpty() || ::pipe2(extremos, O_CLOEXEC) != 0)
         return obrero;
@@ -133,7 +142,8 @@ private:
     }
 
     // The next worker gets the pending documents, beginning with the whole line that the last
-    // one was given only in part.
+    // one was given only in part. The last one is left alone: if it is only slow, it still prints
+    // what it has been given.
     void reemplazar()
     {
         soltar();
@@ -191,6 +201,7 @@ Verbos::~Verbos() = default;
 
 void Verbos::abrir(const QString &documento)
 {
+    nadaSeHereda();
     QProcess::startDetached(QStringLiteral("xdg-open"), {documento});
 }
 

@@ -1,10 +1,8 @@
 #include "printing/matriculas.h"
-#include "archive/imagenes.h"
 #include "archive/rutasArchivo.h"
 #include "printing/PanelImpresion.h"
 #include "printing/pasosTrabajo.h"
 #include "records/matriz.h"
-#include "service/archivos.h"
 
 QString nombreMatriculas()
 {
@@ -31,7 +29,6 @@ void imprimirMatriculas(Servicio &servicio, PanelImpresion &panel, Verbos &verbo
         pasosTrabajo::imprimir(
             servicio, verbos, carpeta + matriz::campos(renglon).value(0) + QStringLiteral(".html"));
     }
-    crearCarpeta(servicio, rutasArchivo::documentos() + QStringLiteral("images"));
-    descargarImagenes(servicio, {imagenes::delColegio(QStringLiteral("logo.png"))});
+    pasosTrabajo::traerImagenes(servicio, {imagenes::delColegio(QStringLiteral("logo.png"))});
     panel.terminar();
 }

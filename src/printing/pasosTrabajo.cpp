@@ -1,7 +1,9 @@
 #include "printing/pasosTrabajo.h"
+#include "archive/rutasArchivo.h"
 #include "platform/Verbos.h"
 #include "printing/PanelImpresion.h"
 #include "printing/numeroSalon.h"
+#include "service/archivos.h"
 #include "service/frmCargador.h"
 #include "shell/Module1.h"
 
@@ -25,9 +27,17 @@ QString pedirLista(Servicio &servicio, const QString &pagina, double salon)
                              true);
 }
 
+void traerImagenes(Servicio &servicio, const QList<Imagen> &imagenes)
+{
+    crearCarpeta(servicio, rutasArchivo::documentos() + QStringLiteral("images"));
+    descargarImagenes(servicio, imagenes);
+}
+
 void imprimir(Servicio &servicio, Verbos &verbos, const QString &documento)
 {
-    verbos.imprimir(servicio.disco.rutaNativa(documento));
+    // Only what stands in the archive root: a code with ".." in it names nothing to print.
+    if (servicio.disco.largo(documento))
+        verbos.imprimir(servicio.disco.rutaNativa(documento));
 }
 
 } // namespace pasosTrabajo

@@ -1,8 +1,9 @@
 // The steps that all print jobs share.
 #pragma once
 
-#include "archive/plantilla.h"
+#include "archive/imagenes.h"
 
+#include <QList>
 #include <QString>
 
 #include <optional>
@@ -19,6 +20,10 @@ std::optional<double> salonElegido(PanelImpresion &panel);
 
 // The list of a classroom's students (or subjects), as the service sends it.
 QString pedirLista(Servicio &servicio, const QString &pagina, double salon);
+
+// After the last document: fetches the images that the documents share. Only then, so that what
+// was printed in a school's first run may show no logo.
+void traerImagenes(Servicio &servicio, const QList<Imagen> &imagenes);
 
 // Hands a stored document, named by its Windows path, to the shell's "print".
 void imprimir(Servicio &servicio, Verbos &verbos, const QString &documento);

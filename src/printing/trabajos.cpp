@@ -68,9 +68,7 @@ void correr(const FilaTrabajo &fila, Servicio &servicio, PanelImpresion &panel, 
             pasosTrabajo::imprimir(servicio, verbos, documento);
     }
 
-    // Only now: the documents printed in a school's first run may show no logo.
-    crearCarpeta(servicio, rutasArchivo::documentos() + QStringLiteral("images"));
-    descargarImagenes(servicio, fila.imagenes);
+    pasosTrabajo::traerImagenes(servicio, fila.imagenes);
     panel.terminar();
 }
 

@@ -4,8 +4,11 @@
 #include <QEvent>
 #include <QEventLoop>
 #include <QGridLayout>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
 
 namespace {
 
@@ -70,6 +73,28 @@ void ensanchar(QMessageBox &cuadro)
     rejilla->addItem(new QSpacerItem(ancho, 0), rejilla->rowCount(), 0, 1, rejilla->columnCount());
 }
 
+// A text too long for the screen scrolls, so that the button stays within reach.
+void ajustarAlto(QMessageBox &cuadro)
+{
+    auto *rejilla = qobject_cast<QGridLayout *>(cuadro.layout());
+    auto *rotulo = cuadro.findChild<QLabel *>(QStringLiteral("qt_msgbox_label"));
+    const QSize pantalla = cuadro.screen()->availableSize();
+    const QSize marco(qMin(cuadro.fontMetrics().averageCharWidth() * 80, pantalla.width() * 3 / 4),
+                      pantalla.height() / 2);
+    const QRect texto =
+        cuadro.fontMetrics().boundingRect(QRect(QPoint(), marco), Qt::TextWordWrap, cuadro.text());
+    if (!rejilla || !rotulo || texto.height() <= marco.height())
+        return;
+    auto *rollo = new QScrollArea(&cuadro);
+    rollo->setFrameShape(QFrame::NoFrame);
+    rollo->setWidgetResizable(true);
+    rollo->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    rollo->setFixedSize(marco);
+    delete rejilla->replaceWidget(rotulo, rollo);
+    rotulo->setWordWrap(true);
+    rollo->setWidget(rotulo);
+}
+
 } // namespace
 
 void cuadroMensaje(QWidget *ventana, const QString &texto)
@@ -85,6 +110,11 @@ void cuadroMensaje(QWidget *ventana, const QString &texto)
     cuadro.button(QMessageBox::Ok)->setIcon(QIcon());
     ensanchar(cuadro);
 
+    ajustarAlto(cuadro);
+
+    // An open drop-down list would go on taking keys.
+    while (QWidget *lista = QApplication::activePopupWidget())
+        lista->close();
     const EntradaRetenida retenida(ventana, &cuadro);
     QEventLoop espera;
     QObject::connect(&cuadro, &QDialog::finished, &espera, &QEventLoop::quit);

@@ -46,8 +46,10 @@ void Form1::unirElementos()
     const QList<QRadioButton *> modos = {ui->Option1_0, ui->Option1_1, ui->Option1_2,
                                          ui->Option1_3};
     for (int indice = 0; indice < modos.size(); ++indice)
-        connect(modos[indice], &QRadioButton::clicked, this,
-                [this, indice] { Option1_Click(indice); });
+        connect(modos[indice], &QRadioButton::toggled, this, [this, indice](bool elegido) {
+            if (elegido)
+                Option1_Click(indice);
+        });
 
     connect(&Salones, &tcSalones::nuevaDescarga, this, &Form1::Salones_nuevaDescarga);
     connect(&Salones, &tcSalones::nuevaLinea, this,

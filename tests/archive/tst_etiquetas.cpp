@@ -33,18 +33,26 @@ private Q_SLOTS:
         QVERIFY(e.leer(labels + QStringLiteral("/CIENCIAS NATURALES")).startsWith("\x89PNG"));
     }
 
-    void porcentajeEnElNombre_muestraQueSoloLasAreasSeEscapan()
+    // On the wire a blank is "%20" either way: what the callers build shows the difference.
+    void soloLasAreas_escribenSusBlancosComoPorcentaje20()
     {
-        // On the wire a blank is %20 either way; what tells the two apart is the text that the
-        // caller builds, seen where no request follows: in the progress and the file names.
+        const auto base = QStringLiteral("http://s a");
+        const auto texto = QStringLiteral("EDUCACIÓN FÍSICA y 50%");
+        QCOMPARE(etiquetas::direccionDeMateria(base, texto),
+                 QStringLiteral("http://s a/imgTXT.php?txt=EDUCACIÓN FÍSICA y 50%"));
+        QCOMPARE(etiquetas::direccionDeArea(base, texto),
+                 QStringLiteral("http://s%20a/imgTXT.php?txt=EDUCACIÓN%20FÍSICA%20y%2050%"));
+    }
+
+    void areaConElTextoDelTitulo_noSePideDosVeces()
+    {
         Escenario e;
         tcMaterias materias(e.servicio);
-        materias.Fcargar(QStringLiteral("1,A B,C D"));
+        materias.Fcargar(QStringLiteral("1,A,TOTAL-FALLAS"));
         materias.downLabels();
-        QCOMPARE(e.estadoHS.historia,
-                 QStringList({QStringLiteral("Label: A B - 1 de 1"),
-                              QStringLiteral("Label: C D - 1 de 2"),
-                              QStringLiteral("Label: Total Fallas - 2 de 2")}));
+        QCOMPARE(e.destinos(), QStringList({direccion + QStringLiteral("A"),
+                                            direccion + QStringLiteral("TOTAL%20FALLAS")})
+                                   + fijas);
     }
 
     void areasRepetidas_danUnaSolaEtiqueta()

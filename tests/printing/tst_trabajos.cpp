@@ -289,6 +289,35 @@ private Q_SLOTS:
                  qPrintable(e.destinos()[1]));
     }
 
+    void certificadoSinFolio_quedaIgualSalvoElPrefijoYElGuion()
+    {
+        Escenario e;
+        PanelAnotado panel;
+        panel.imprimir = false;
+        const QByteArray base = e.demo.base().toLatin1();
+        e.responder("tipo=matrix&salon=501", "77,ANA COMPLETA");
+        e.responder("/certificado/",
+                    "<p>Folio: 12</p><img src=" + base + "/images/colegios/123/x.png>\xF1");
+        correr(QStringLiteral("Certificado Final"), e, panel);
+        QCOMPARE(e.leer(QStringLiteral("123-2010/archivos/certificados/77.html")),
+                 "<p>Folio: 12</p><img src=..\\images\\x.png>\xF1" + guiones::documento().toLatin1()
+                     + "\r\n");
+    }
+
+    void codigoQueSaleDeLaRaiz_noSeImprime()
+    {
+        const ObreroAnotado obrero;
+        Escenario e;
+        PanelAnotado panel;
+        QFile ajeno(e.personal.filePath(QStringLiteral("doc.html")));
+        QVERIFY(ajeno.open(QIODevice::WriteOnly));
+        ajeno.close();
+        e.responder("tipo=matrix&salon=501", "..\\..\\..\\..\\doc,ANA");
+        e.responder("/2010/", "la pagina de cada uno");
+        correr(QStringLiteral("Paz Y Salvos"), e, panel);
+        QVERIFY(!obrero.arrancado());
+    }
+
     void numeroAlAzar_vaEnLaDireccionYNoEnLaConsulta()
     {
         Escenario e;

@@ -124,11 +124,12 @@ private Q_SLOTS:
     void cualquierCarpetaDeLaRaiz_seListaEnOrden()
     {
         VentanaDePrueba v;
-        for (const char *nombre : {"b-2011", "A-2010", "no es un archivo"})
+        for (const char *nombre : {"b-2011", "A-2010", "no es un archivo", ".oculta"})
             QVERIFY(QDir().mkpath(v.e.nativa(QString::fromLatin1(nombre))));
         v.form.cargaListaHistoricos();
         QCOMPARE(lineas(v.elemento<QListWidget>("lstHistoricos")),
-                 QStringList({QStringLiteral("C:\\Quorvela\\A-2010"),
+                 QStringList({QStringLiteral("C:\\Quorvela\\.oculta"),
+                              QStringLiteral("C:\\Quorvela\\A-2010"),
                               QStringLiteral("C:\\Quorvela\\b-2011"),
                               QStringLiteral("C:\\Quorvela\\no es un archivo")}));
     }
@@ -150,12 +151,19 @@ private Q_SLOTS:
         QVERIFY(v.elemento("Command4")->isEnabled());
     }
 
+    void verHistorico_abreLaPortadaDelElegido_data()
+    {
+        QTest::addColumn<QString>("carpeta");
+        QTest::newRow("an archive") << QStringLiteral("456-2011");
+        QTest::newRow("any other folder") << QStringLiteral("fotos del paseo");
+    }
     void verHistorico_abreLaPortadaDelElegido()
     {
+        QFETCH(QString, carpeta);
         const AbridorAnotado abridor;
         VentanaDePrueba v;
         QVERIFY(QDir().mkpath(v.e.nativa(QStringLiteral("123-2010"))));
-        QVERIFY(QDir().mkpath(v.e.nativa(QStringLiteral("456-2011"))));
+        QVERIFY(QDir().mkpath(v.e.nativa(carpeta)));
         v.form.cargaListaHistoricos();
         v.ingresar();
         v.elegir("Option1_3");
@@ -164,7 +172,7 @@ private Q_SLOTS:
                           lista->visualItemRect(lista->item(1)).center());
         v.clic("Command4");
         QTRY_COMPARE(abridor.anotado(),
-                     "1\n" + v.e.nativa(QStringLiteral("456-2011/index.html")).toUtf8() + '\n');
+                     "1\n" + v.e.nativa(carpeta + QStringLiteral("/index.html")).toUtf8() + '\n');
     }
 
     void verHistoricoSinElegir_abreLaPortadaSinCarpeta()

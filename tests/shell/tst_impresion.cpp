@@ -132,11 +132,14 @@ private Q_SLOTS:
         demora.demora = std::chrono::milliseconds(150);
         v.e.demo.fallar("/boletin", demora);
         bool escondidos = false;
-        QTimer::singleShot(100, &v.form, [&] {
-            escondidos = !v.visible("Command2") && !v.visible("Option2_0")
-                         && !v.visible("Option2_1") && v.visible("Barra3")
-                         && v.elemento<QProgressBar>("Barra3")->maximum() == 1;
+        QTimer vigia;
+        connect(&vigia, &QTimer::timeout, this, [&] {
+            if (v.visible("Barra3"))
+                escondidos = !v.visible("Command2") && !v.visible("Option2_0")
+                             && !v.visible("Option2_1")
+                             && v.elemento<QProgressBar>("Barra3")->maximum() == 1;
         });
+        vigia.start(5);
         v.conCuadros([&] { v.clic("Command2"); });
         QVERIFY(escondidos);
         QVERIFY(v.visible("Command2") && v.visible("Option2_0") && v.visible("Option2_1"));
@@ -168,7 +171,7 @@ private Q_SLOTS:
         QVERIFY(v.visible("Command2"));
     }
 
-    void hojasDeMatricula_muestranLaRespuestaYNoMiranLaOpcion()
+    void hojasDeMatriculaSinHistorico_muestranLaRespuestaYNoImprimen()
     {
         const ObreroAnotado obrero;
         {

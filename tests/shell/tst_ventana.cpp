@@ -2,8 +2,10 @@
 #include "shell/VentanaDePrueba.h"
 
 #include <QAbstractButton>
+#include <QAccessible>
 #include <QComboBox>
 #include <QLabel>
+#include <QLayout>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QProgressBar>
@@ -115,8 +117,8 @@ private Q_SLOTS:
         v.form.resize(tamano);
         for (const QString &modo : modos()) {
             v.elegir(modo.toLatin1().constData());
-            QTest::qWait(20);
-            QVERIFY2(recortado(v.form).isEmpty(), qPrintable(modo + u' ' + recortado(v.form)));
+            QVERIFY2(QTest::qWaitFor([&] { return recortado(v.form).isEmpty(); }),
+                     qPrintable(modo + u' ' + recortado(v.form)));
         }
     }
 
@@ -125,12 +127,25 @@ private Q_SLOTS:
         VentanaDePrueba v;
         v.ingresar();
         v.elegir("Option1_1");
-        QTest::qWait(20);
+        QApplication::processEvents();
         const int ancho = v.form.width();
         elementosProgreso.estadoHS->ponerTexto(QString(400, u'W'));
-        QTest::qWait(20);
+        v.form.layout()->activate();
+        QApplication::processEvents();
         QCOMPARE(v.form.width(), ancho);
         QVERIFY(v.form.minimumSizeHint().width() <= ancho);
+    }
+
+    void tecnologiaDeApoyo_cambiaDeModo()
+    {
+        VentanaDePrueba v;
+        v.ingresar();
+        QAccessibleInterface *boton =
+            QAccessible::queryAccessibleInterface(v.elemento("Option1_3"));
+        QVERIFY(boton && boton->actionInterface());
+        boton->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+        QVERIFY(v.visible("Frame4"));
+        QVERIFY(!v.visible("Frame1"));
     }
 
     void logotipo_seDibuja()

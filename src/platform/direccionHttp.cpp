@@ -1,0 +1,62 @@
+#include "platform/direccionHttp.h"
+
+#include <QList>
+
+#include <curl/curl.h>
+
+namespace direccionHttp {
+
+bool esRedireccion(long estado)
+{
+    return estado == 301 || estado == 302 || estado == 303 || estado == 307 || estado == 308;
+}
+
+Partes separar(const QByteArray &direccion)
+{
+    const qsizetype autoridad = direccion.indexOf("://");
+    qsizetype corte = autoridad < 0 ? 0 : autoridad + 3;
+    while (corte < direccion.size() && direccion[corte] != '/' && direccion[corte] != '?')
+        ++corte;
+    QByteArray destino = direccion.mid(corte);
+    if (!destino.startsWith('/'))
+        destino.prepend('/');
+    return {direccion.left(corte), destinoEnLinea(destino)};
+}
+
+bool esSegura(const QByteArray &direccion)
+{
+    return direccion.left(6).toLower() == "https:";
+}
+
+// Escaped before the library reads it, which would write some bytes in another way ("+" for a
+// blank).
+QByteArray direccionDe(const QByteArray &lugar, const QByteArray &desde)
+{
+    QByteArray direccion = destinoEnLinea(lugar.split('#').first());
+    CURLU *partes = curl_url();
+    char *entera = nullptr;
+    if (curl_url_set(partes, CURLUPART_URL, desde.constData(), 0) == CURLUE_OK
+        && curl_url_set(partes, CURLUPART_URL, direccion.constData(), 0) == CURLUE_OK
+        && curl_url_get(partes, CURLUPART_URL, &entera, 0) == CURLUE_OK)
+        direccion = entera;
+    curl_free(entera);
+    curl_url_cleanup(partes);
+    return direccion;
+}
+
+QByteArray destinoEnLinea(const QByteArray &destino)
+{
+    static const QByteArray imposibles("\"#<>\\^`{|}");
+    QByteArray enLinea;
+    enLinea.reserve(destino.size());
+    for (const char byte : destino) {
+        const auto valor = static_cast<unsigned char>(byte);
+        if (valor <= 0x20 || valor >= 0x7F || imposibles.contains(byte))
+            enLinea += '%' + QByteArray::number(valor, 16).rightJustified(2, '0').toUpper();
+        else
+            enLinea += byte;
+    }
+    return enLinea;
+}
+
+} // namespace direccionHttp
