@@ -1,0 +1,66 @@
+// A home folder of the test's own, with the native side of what stands in it: what DriveC does
+// is looked at from outside, by native paths and bytes.
+#pragma once
+
+#include <QByteArray>
+#include <QDir>
+#include <QFile>
+#include <QString>
+#include <QStringList>
+#include <QTemporaryDir>
+
+#include <array>
+#include <optional>
+
+#include <unistd.h>
+
+class CarpetaPersonal {
+public:
+    QString ruta(const QString &dentro = QString()) const
+    {
+        return dentro.isEmpty() ? m_ruta : m_ruta + u'/' + dentro;
+    }
+
+    bool hacerCarpeta(const QString &dentro) const { return QDir().mkpath(ruta(dentro)); }
+
+    bool escribir(const QString &dentro, const QByteArray &bytes) const
+    {
+        QFile archivo(ruta(dentro));
+        return archivo.open(QIODevice::WriteOnly) && archivo.write(bytes) == bytes.size();
+    }
+
+    // Nothing when there is no such file.
+    std::optional<QByteArray> leer(const QString &dentro) const
+    {
+        QFile archivo(ruta(dentro));
+        if (!archivo.open(QIODevice::ReadOnly))
+            return std::nullopt;
+        return archivo.readAll();
+    }
+
+    bool enlazar(const QString &destino, const QString &dentro) const
+    {
+        return QFile::link(destino, ruta(dentro));
+    }
+
+    // What a link holds; empty when it is none.
+    QByteArray enlace(const QString &dentro) const
+    {
+        std::array<char, 4096> destino;
+        const ssize_t largo =
+            ::readlink(QFile::encodeName(ruta(dentro)).constData(), destino.data(), destino.size());
+        return largo < 0 ? QByteArray() : QByteArray(destino.data(), largo);
+    }
+
+    // Every entry of a folder, hidden ones and dangling links too.
+    QStringList entradas(const QString &dentro = QString()) const
+    {
+        return QDir(ruta(dentro))
+            .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
+                       QDir::Name);
+    }
+
+private:
+    QTemporaryDir m_carpeta;
+    QString m_ruta = QDir(m_carpeta.path()).canonicalPath();
+};

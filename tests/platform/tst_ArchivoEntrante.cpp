@@ -1,0 +1,382 @@
+#include "CarpetaPersonal.h"
+#include "platform/DriveC.h"
+
+#include <QTest>
+
+#include <algorithm>
+#include <csignal>
+#include <memory>
+
+#include <sched.h>
+#include <sys/mount.h>
+#include <sys/resource.h>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Takes the right to write away from a folder for as long as it lives. The administrator writes
+// anywhere, so it goes on as somebody else meanwhile.
+class SinPermiso {
+public:
+    explicit SinPermiso(const QString &carpeta)
+        : m_carpeta(carpeta), m_eraAdministrador(geteuid() == 0)
+    {
+        QFile::setPermissions(m_carpeta, lectura);
+        if (m_eraAdministrador && seteuid(nadie) != 0)
+            qFatal("no other user to go on as");
+    }
+    ~SinPermiso()
+    {
+        if (m_eraAdministrador && seteuid(0) != 0)
+            qFatal("no way back to the administrator");
+        QFile::setPermissions(m_carpeta, lectura | QFile::WriteOwner);
+    }
+    SinPermiso(const SinPermiso &) = delete;
+    SinPermiso &operator=(const SinPermiso &) = delete;
+
+private:
+    static constexpr uid_t nadie = 65534;
+    static constexpr auto lectura = QFile::ReadOwner | QFile::ExeOwner | QFile::ReadGroup
+                                    | QFile::ExeGroup | QFile::ReadOther | QFile::ExeOther;
+    QString m_carpeta;
+    bool m_eraAdministrador;
+};
+
+// No file of this process may grow beyond `bytes`: writing more fails in the middle, as it does
+// on a full disk.
+class LimiteDeArchivo {
+public:
+    explicit LimiteDeArchivo(rlim_t bytes)
+    {
+        std::signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &m_antes);
+        const rlimit limite = {bytes, m_antes.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limite);
+    }
+    ~LimiteDeArchivo() { setrlimit(RLIMIT_FSIZE, &m_antes); }
+    LimiteDeArchivo(const LimiteDeArchivo &) = delete;
+    LimiteDeArchivo &operator=(const LimiteDeArchivo &) = delete;
+
+private:
+    rlimit m_antes = {};
+};
+
+// A disk of 64 KiB, mounted where only this process sees it.
+class DiscoPequeno {
+public:
+    explicit DiscoPequeno(const QString &carpeta) : m_carpeta(QFile::encodeName(carpeta))
+    {
+        montado = unshare(CLONE_NEWNS) == 0
+                  && mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0
+                  && mount("tmpfs", m_carpeta.constData(), "tmpfs", 0, "size=64k") == 0;
+    }
+    ~DiscoPequeno()
+    {
+        if (montado)
+            umount(m_carpeta.constData());
+    }
+    DiscoPequeno(const DiscoPequeno &) = delete;
+    DiscoPequeno &operator=(const DiscoPequeno &) = delete;
+
+    bool montado = false;
+
+private:
+    QByteArray m_carpeta;
+};
+
+} // namespace
+
+class tst_ArchivoEntrante : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void entero_tomaSuNombre_data();
+    void entero_tomaSuNombre();
+    void enMarcha_soloTemporalConPunto();
+    void abandonado_noDejaNada();
+    void abandonado_elAnteriorQueda();
+    void publicado_reemplazaAlAnterior();
+    void variosALaVez_noSeMezclan();
+    void carpetaEnSuNombre_noSePublica();
+    void carpetaDesaparecida_noSePublica();
+    void nombreNuevo_seEncuentraEnSeguida();
+
+    void sinPermiso_todoFalla();
+    void archivoSinPermiso_noSeAgrega();
+    void limite_noSePublica_data();
+    void limite_noSePublica();
+    void limite_agregarDejaLoEscrito();
+    void discoLleno_noSePublica();
+    void discoLleno_agregarFalla();
+
+    void agregar_alFinal();
+    void agregar_nadaCreaElArchivo();
+
+private:
+    QString carpeta() const { return casa->ruta(u"Quorvela"_s); }
+    // A temporary folder is its owner's alone; here somebody else has to reach what is in it.
+    void abrirLaCasa() const
+    {
+        QFile::setPermissions(casa->ruta(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner
+                                                | QFile::ReadGroup | QFile::ExeGroup
+                                                | QFile::ReadOther | QFile::ExeOther);
+    }
+
+    std::unique_ptr<CarpetaPersonal> casa;
+    std::unique_ptr<DriveC> disco;
+};
+
+void tst_ArchivoEntrante::init()
+{
+    casa = std::make_unique<CarpetaPersonal>();
+    QVERIFY(casa->hacerCarpeta(u"Quorvela"_s));
+    disco = std::make_unique<DriveC>(casa->ruta());
+}
+
+void tst_ArchivoEntrante::cleanup()
+{
+    disco.reset();
+    casa.reset();
+}
+
+void tst_ArchivoEntrante::entero_tomaSuNombre_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::newRow("vacio") << QByteArray();
+    QTest::newRow("con ceros y saltos") << QByteArray("\x00\r\n\xFF\x1A", 5);
+    QTest::newRow("mayor que los bloques de escritura") << QByteArray(300000, '\x81');
+}
+
+void tst_ArchivoEntrante::entero_tomaSuNombre()
+{
+    QFETCH(QByteArray, bytes);
+    const auto entrante = disco->recibir(u"c:\\Quorvela\\Logo.png"_s);
+    QVERIFY(entrante);
+    QCOMPARE(entrante->dispositivo().write(bytes), bytes.size());
+    QVERIFY(entrante->publicar());
+    QCOMPARE(casa->entradas(u"Quorvela"_s), QStringList{u"Logo.png"_s});
+    QCOMPARE(casa->leer(u"Quorvela/Logo.png"_s), bytes);
+    QCOMPARE(disco->largo(u"C:\\Quorvela\\logo.PNG"_s), bytes.size());
+}
+
+void tst_ArchivoEntrante::enMarcha_soloTemporalConPunto()
+{
+    const auto entrante = disco->recibir(u"C:\\Quorvela\\logo.png"_s);
+    QVERIFY(entrante);
+    entrante->dispositivo().write(QByteArray(100000, 'x'));
+    const QStringList entradas = casa->entradas(u"Quorvela"_s);
+    QCOMPARE(entradas.size(), 1);
+    QVERIFY2(entradas.first().startsWith(u'.'), qPrintable(entradas.first()));
+    QVERIFY(!disco->largo(u"C:\\Quorvela\\logo.png"_s));
+    QVERIFY(casa->entradas() == QStringList{u"Quorvela"_s}); // no temporary anywhere else
+}
+
+void tst_ArchivoEntrante::abandonado_noDejaNada()
+{
+    auto entrante = disco->recibir(u"C:\\Quorvela\\logo.png"_s);
+    QVERIFY(entrante);
+    entrante->dispositivo().write(QByteArray(100000, 'x'));
+    entrante.reset();
+    QVERIFY(casa->entradas(u"Quorvela"_s).isEmpty());
+}
+
+void tst_ArchivoEntrante::abandonado_elAnteriorQueda()
+{
+    QVERIFY(casa->escribir(u"Quorvela/logo.png"_s, "anterior"));
+    auto entrante = disco->recibir(u"C:\\Quorvela\\logo.png"_s);
+    QVERIFY(entrante);
+    entrante->dispositivo().write("nuevo");
+    entrante.reset();
+    QCOMPARE(casa->leer(u"Quorvela/logo.png"_s), QByteArray("anterior"));
+    QCOMPARE(casa->entradas(u"Quorvela"_s), QStringList{u"logo.png"_s});
+}
+
+void tst_ArchivoEntrante::publicado_reemplazaAlAnterior()
+{
+    QVERIFY(casa->escribir(u"Quorvela/Logo.png"_s, "anterior y mas largo"));
+    const auto entrante = disco->recibir(u"C:\\Quorvela\\LOGO.png"_s);
+    QVERIFY(entrante);
+    entrante->dispositivo().write("nuevo");
+    QVERIFY(entrante->publicar());
+    QCOMPARE(casa->leer(u"Quorvela/Logo.png"_s), QByteArray("nuevo"));
+    QCOMPARE(casa->entradas(u"Quorvela"_s), QStringList{u"Logo.png"_s});
+}
+
+void tst_ArchivoEntrante::variosALaVez_noSeMezclan()
+{
+    const auto uno = disco->recibir(u"C:\\Quorvela\\uno.png"_s);
+    const auto dos = disco->recibir(u"C:\\Quorvela\\dos.png"_s);
+    auto tres = disco->recibir(u"C:\\Quorvela\\dos.png"_s); // of the same name
+    QVERIFY(uno && dos && tres);
+    uno->dispositivo().write("1");
+    dos->dispositivo().write("2");
+    tres->dispositivo().write("3");
+    QCOMPARE(casa->entradas(u"Quorvela"_s).size(), 3);
+    QVERIFY(dos->publicar());
+    QVERIFY(uno->publicar());
+    tres.reset();
+    QCOMPARE(casa->entradas(u"Quorvela"_s), (QStringList{u"dos.png"_s, u"uno.png"_s}));
+    QCOMPARE(casa->leer(u"Quorvela/uno.png"_s), QByteArray("1"));
+    QCOMPARE(casa->leer(u"Quorvela/dos.png"_s), QByteArray("2"));
+}
+
+void tst_ArchivoEntrante::carpetaEnSuNombre_noSePublica()
+{
+    auto entrante = disco->recibir(u"C:\\Quorvela\\logo.png"_s);
+    QVERIFY(entrante);
+    entrante->dispositivo().write("x");
+    QVERIFY(casa->hacerCarpeta(u"Quorvela/logo.png"_s));
+    QVERIFY(!entrante->publicar());
+    entrante.reset();
+    QCOMPARE(casa->entradas(u"Quorvela"_s), QStringList{u"logo.png"_s});
+    QVERIFY(QFileInfo(casa->ruta(u"Quorvela/logo.png"_s)).isDir());
+}
+
+void tst_ArchivoEntrante::carpetaDesaparecida_noSePublica()
+{
+    auto entrante = disco->recibir(u"C:\\Quorvela\\logo.png"_s);
+    QVERIFY(entrante);
+    entrante->dispositivo().write("x");
+    QVERIFY(QDir(carpeta()).removeRecursively());
+    QVERIFY(!entrante->publicar());
+    entrante.reset();
+    QVERIFY(casa->entradas().isEmpty());
+}
+
+void tst_ArchivoEntrante::nombreNuevo_seEncuentraEnSeguida()
+{
+    QVERIFY(!disco->largo(u"C:\\Quorvela\\LOGO.png"_s));
+    auto entrante = disco->recibir(u"C:\\Quorvela\\logo.png"_s);
+    QVERIFY(!disco->largo(u"C:\\Quorvela\\LOGO.png"_s));
+    entrante->dispositivo().write("abc");
+    QVERIFY(entrante->publicar());
+    entrante.reset();
+    QCOMPARE(disco->largo(u"C:\\Quorvela\\LOGO.png"_s), 3);
+    QVERIFY(disco->borrar(u"C:\\Quorvela\\LOGO.png"_s));
+    QVERIFY(!disco->largo(u"C:\\Quorvela\\Logo.png"_s));
+    QVERIFY(disco->agregar(u"C:\\Quorvela\\Logo.png"_s, "z"));
+    QCOMPARE(casa->entradas(u"Quorvela"_s), QStringList{u"Logo.png"_s});
+}
+
+void tst_ArchivoEntrante::sinPermiso_todoFalla()
+{
+    QVERIFY(casa->escribir(u"Quorvela/a.txt"_s, "a"));
+    abrirLaCasa();
+    {
+        const SinPermiso sinPermiso(carpeta());
+        QVERIFY(!disco->crearCarpeta(u"C:\\Quorvela\\notas"_s));
+        QVERIFY(!disco->agregar(u"C:\\Quorvela\\b.txt"_s, "b"));
+        QVERIFY(!disco->recibir(u"C:\\Quorvela\\b.txt"_s));
+        QVERIFY(!disco->recibir(u"C:\\Quorvela\\a.txt"_s));
+        QVERIFY(!disco->borrar(u"C:\\Quorvela\\a.txt"_s));
+        QCOMPARE(disco->largo(u"C:\\Quorvela\\A.txt"_s), 1); // reading goes on
+        QCOMPARE(disco->carpetas(u"C:\\Quorvela"_s), QStringList());
+    }
+    QCOMPARE(casa->entradas(u"Quorvela"_s), QStringList{u"a.txt"_s});
+    QVERIFY(disco->agregar(u"C:\\Quorvela\\b.txt"_s, "b")); // and nothing is remembered of it
+}
+
+void tst_ArchivoEntrante::archivoSinPermiso_noSeAgrega()
+{
+    QVERIFY(casa->escribir(u"Quorvela/a.txt"_s, "a"));
+    abrirLaCasa();
+    {
+        const SinPermiso sinPermiso(casa->ruta(u"Quorvela/a.txt"_s));
+        QVERIFY(!disco->agregar(u"C:\\Quorvela\\a.txt"_s, "b"));
+    }
+    QCOMPARE(casa->leer(u"Quorvela/a.txt"_s), QByteArray("a"));
+}
+
+void tst_ArchivoEntrante::limite_noSePublica_data()
+{
+    QTest::addColumn<int>("trozo");
+    QTest::newRow("de una vez") << 50000;
+    QTest::newRow("por trozos que pasan sin espera") << 25000;
+    QTest::newRow("por trozos que se juntan") << 1000;
+    QTest::newRow("la falta en el ultimo trozo") << 39999;
+}
+
+void tst_ArchivoEntrante::limite_noSePublica()
+{
+    QFETCH(int, trozo);
+    QVERIFY(casa->escribir(u"Quorvela/a.jpg"_s, "anterior"));
+    {
+        const LimiteDeArchivo limite(40000);
+        auto entrante = disco->recibir(u"C:\\Quorvela\\a.jpg"_s);
+        QVERIFY(entrante);
+        // Whether a write notices, or only the end, is the device's matter.
+        for (int falta = 50000; falta > 0; falta -= trozo) {
+            [[maybe_unused]] const qint64 escritos =
+                entrante->dispositivo().write(QByteArray(std::min(trozo, falta), 'x'));
+        }
+        QVERIFY(!entrante->publicar());
+    }
+    QCOMPARE(casa->entradas(u"Quorvela"_s), QStringList{u"a.jpg"_s});
+    QCOMPARE(casa->leer(u"Quorvela/a.jpg"_s), QByteArray("anterior"));
+}
+
+void tst_ArchivoEntrante::limite_agregarDejaLoEscrito()
+{
+    QVERIFY(casa->escribir(u"Quorvela/a.txt"_s, "0123456789"));
+    {
+        const LimiteDeArchivo limite(15);
+        QVERIFY(!disco->agregar(u"C:\\Quorvela\\a.txt"_s, "abcdefghij"));
+    }
+    QCOMPARE(casa->leer(u"Quorvela/a.txt"_s), QByteArray("0123456789abcde"));
+    QVERIFY(disco->agregar(u"C:\\Quorvela\\a.txt"_s, "f"));
+    QCOMPARE(casa->leer(u"Quorvela/a.txt"_s), QByteArray("0123456789abcdef"));
+}
+
+void tst_ArchivoEntrante::discoLleno_noSePublica()
+{
+    const DiscoPequeno lleno(carpeta());
+    if (!lleno.montado)
+        QSKIP("mounting a disk takes an administrator");
+    auto grande = disco->recibir(u"C:\\Quorvela\\grande.jpg"_s);
+    QVERIFY(grande);
+    [[maybe_unused]] const qint64 escritos = grande->dispositivo().write(QByteArray(200000, 'x'));
+    QVERIFY(!grande->publicar());
+    grande.reset();
+    QVERIFY(casa->entradas(u"Quorvela"_s).isEmpty());
+
+    // What was taken up is free again.
+    const auto pequeno = disco->recibir(u"C:\\Quorvela\\pequeno.jpg"_s);
+    QVERIFY(pequeno);
+    QCOMPARE(pequeno->dispositivo().write(QByteArray(20000, 'y')), 20000);
+    QVERIFY(pequeno->publicar());
+    QCOMPARE(casa->leer(u"Quorvela/pequeno.jpg"_s), QByteArray(20000, 'y'));
+}
+
+void tst_ArchivoEntrante::discoLleno_agregarFalla()
+{
+    const DiscoPequeno lleno(carpeta());
+    if (!lleno.montado)
+        QSKIP("mounting a disk takes an administrator");
+    QVERIFY(!disco->agregar(u"C:\\Quorvela\\grande.txt"_s, QByteArray(200000, 'x')));
+    QVERIFY(!disco->agregar(u"C:\\Quorvela\\grande.txt"_s, "y"));
+    QVERIFY(disco->borrar(u"C:\\Quorvela\\grande.txt"_s));
+    QVERIFY(disco->agregar(u"C:\\Quorvela\\grande.txt"_s, "z"));
+    QCOMPARE(casa->leer(u"Quorvela/grande.txt"_s), QByteArray("z"));
+}
+
+void tst_ArchivoEntrante::agregar_alFinal()
+{
+    QVERIFY(disco->agregar(u"C:\\Quorvela\\a.txt"_s, "x\r\n"));
+    QVERIFY(disco->agregar(u"C:\\Quorvela\\a.txt"_s, QByteArray("\x00\xD1\n", 3)));
+    QCOMPARE(casa->leer(u"Quorvela/a.txt"_s), QByteArray("x\r\n\x00\xD1\n", 6));
+}
+
+void tst_ArchivoEntrante::agregar_nadaCreaElArchivo()
+{
+    QVERIFY(disco->agregar(u"C:\\Quorvela\\a.txt"_s, {}));
+    QCOMPARE(casa->leer(u"Quorvela/a.txt"_s), QByteArray());
+    QCOMPARE(disco->largo(u"C:\\Quorvela\\a.txt"_s), 0);
+}
+
+QTEST_GUILESS_MAIN(tst_ArchivoEntrante)
+#include "tst_ArchivoEntrante.moc"

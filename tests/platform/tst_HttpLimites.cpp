@@ -1,0 +1,211 @@
+// No wait is without an end, and no body without a bound.
+#include "ServidorGuion.h"
+#include "platform/HttpClient.h"
+#include "sinProxy.h"
+
+#include <QBuffer>
+#include <QElapsedTimer>
+#include <QTest>
+
+#include <atomic>
+#include <vector>
+
+#include <arpa/inet.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+using namespace std::chrono_literals;
+using Charla = ServidorGuion::Charla;
+
+namespace {
+
+constexpr auto plazo = 20s; // a wait in a script that would else never end
+
+HttpClient::Limites conSilencio(std::chrono::milliseconds silencio)
+{
+    HttpClient::Limites limites;
+    limites.silencio = silencio;
+    return limites;
+}
+
+HttpClient::Limites conTexto(qint64 bytes)
+{
+    HttpClient::Limites limites;
+    limites.texto = bytes;
+    return limites;
+}
+
+} // namespace
+
+class tst_HttpLimites : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { sinProxy(); }
+    void cuerpoEnElLimite_llega_data();
+    void cuerpoEnElLimite_llega();
+    void cuerpoSobreElLimite_falla_data();
+    void cuerpoSobreElLimite_falla();
+    void cuerpoSobreElLimite_noAtaneADescargas();
+
+    void silencio_data();
+    void silencio();
+    void goteo_noEsSilencio();
+    void silencioRepetido_elClienteSigue();
+    void conexionQueNoSeHace_seAbandona();
+};
+
+// Ten bytes, or more, in each way in which a body can come.
+void tst_HttpLimites::cuerpoEnElLimite_llega_data()
+{
+    QTest::addColumn<QByteArray>("respuesta");
+    QTest::newRow("con largo") << QByteArray(
+        "HTTP/1.1 200 OK\r\nContent-Length: 10\r\n\r\n0123456789");
+    QTest::newRow("hasta el fin") << QByteArray("HTTP/1.1 200 OK\r\n\r\n0123456789");
+    QTest::newRow("por trozos") << QByteArray(
+        "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n"
+        "5\r\n01234\r\n5\r\n56789\r\n0\r\n\r\n");
+}
+
+void tst_HttpLimites::cuerpoEnElLimite_llega()
+{
+    QFETCH(QByteArray, respuesta);
+    const ServidorGuion guion(respuesta);
+    HttpClient http(HttpClient::autoridadesDelSistema(), conTexto(10));
+    QCOMPARE(http.get(guion.base() + "/", {}), QByteArray("0123456789"));
+}
+
+void tst_HttpLimites::cuerpoSobreElLimite_falla_data()
+{
+    QTest::addColumn<QByteArray>("respuesta");
+    QTest::newRow("con largo") << QByteArray(
+        "HTTP/1.1 200 OK\r\nContent-Length: 11\r\n\r\n0123456789a");
+    QTest::newRow("hasta el fin") << QByteArray("HTTP/1.1 200 OK\r\n\r\n0123456789a");
+    QTest::newRow("por trozos") << QByteArray(
+        "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n"
+        "5\r\n01234\r\n6\r\n56789a\r\n0\r\n\r\n");
+    QTest::newRow("un error") << QByteArray("HTTP/1.1 500 Mal\r\n\r\n0123456789a");
+    // 29 bytes that decode to a thousand.
+    QTest::newRow("comprimido")
+        << "HTTP/1.1 200 OK\r\nContent-Encoding: gzip\r\nContent-Length: 29\r\n\r\n"
+               + QByteArray::fromHex("1f8b0800000000000203aba81805a360140c770000e6c9413be8030000");
+}
+
+void tst_HttpLimites::cuerpoSobreElLimite_falla()
+{
+    QFETCH(QByteArray, respuesta);
+    const ServidorGuion guion(respuesta);
+    HttpClient http(HttpClient::autoridadesDelSistema(),
+                    conTexto(respuesta.contains("gzip") ? 999 : 10));
+    QCOMPARE(http.get(guion.base() + "/", {}), std::nullopt);
+    QCOMPARE(guion.conexiones(), 1);
+}
+
+void tst_HttpLimites::cuerpoSobreElLimite_noAtaneADescargas()
+{
+    const ServidorGuion guion("HTTP/1.1 200 OK\r\n\r\n0123456789a");
+    HttpClient http(HttpClient::autoridadesDelSistema(), conTexto(10));
+    QBuffer destino;
+    destino.open(QIODevice::WriteOnly);
+    QVERIFY(http.getArchivo(guion.base() + "/", destino));
+    QCOMPARE(destino.data(), QByteArray("0123456789a"));
+}
+
+void tst_HttpLimites::silencio_data()
+{
+    QTest::addColumn<QByteArray>("principio");
+    QTest::newRow("nada") << QByteArray();
+    QTest::newRow("media primera linea") << QByteArray("HTTP/1.1 2");
+    QTest::newRow("media cabecera") << QByteArray("HTTP/1.1 200 OK\r\nContent-Length: 5\r\n");
+    QTest::newRow("cabecera entera") << QByteArray("HTTP/1.1 200 OK\r\nContent-Length: 5\r\n\r\n");
+    QTest::newRow("medio cuerpo") << QByteArray("HTTP/1.1 200 OK\r\nContent-Length: 5\r\n\r\nab");
+    QTest::newRow("cuerpo sin fin dicho") << QByteArray("HTTP/1.1 200 OK\r\n\r\nab");
+    QTest::newRow("falta el ultimo trozo")
+        << QByteArray("HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n2\r\nab\r\n");
+}
+
+void tst_HttpLimites::silencio()
+{
+    QFETCH(QByteArray, principio);
+    std::atomic<int> cerradas = 0;
+    const ServidorGuion guion([&](Charla &charla) {
+        charla.leerCabeza();
+        charla.enviar(principio);
+        cerradas += charla.clienteCierra(plazo) ? 1 : 0;
+    });
+    HttpClient http(HttpClient::autoridadesDelSistema(), conSilencio(200ms));
+    QElapsedTimer reloj;
+    reloj.start();
+    QCOMPARE(http.get(guion.base() + "/a", {}), std::nullopt);
+    QVERIFY(reloj.elapsed() >= 199);
+    QBuffer destino;
+    destino.open(QIODevice::WriteOnly);
+    QVERIFY(!http.getArchivo(guion.base() + "/b", destino));
+    QTRY_COMPARE(cerradas, 2); // given up is given up
+    QCOMPARE(guion.conexiones(), 2);
+}
+
+void tst_HttpLimites::goteo_noEsSilencio()
+{
+    const ServidorGuion guion([](Charla &charla) {
+        charla.leerCabeza();
+        charla.enviar("HTTP/1.1 200 OK\r\n");
+        for (const char *trozo : {"Content-Length: 3\r\n", "\r\n", "a", "b", "c"}) {
+            std::this_thread::sleep_for(350ms);
+            charla.enviar(trozo);
+        }
+        charla.clienteCierra();
+    });
+    HttpClient http(HttpClient::autoridadesDelSistema(), conSilencio(1200ms));
+    QCOMPARE(http.get(guion.base() + "/a", {}), QByteArray("abc"));
+}
+
+void tst_HttpLimites::silencioRepetido_elClienteSigue()
+{
+    const ServidorGuion guion([](Charla &charla) {
+        const QByteArray cabeza = charla.leerCabeza();
+        if (!cabeza.contains("/muda"))
+            charla.enviar("HTTP/1.1 200 OK\r\nContent-Length: 4\r\n\r\nhola");
+        charla.clienteCierra(plazo);
+    });
+    HttpClient http(HttpClient::autoridadesDelSistema(), conSilencio(800ms));
+    for (int i = 0; i < 2; ++i)
+        QCOMPARE(http.get(guion.base() + "/muda", {}), std::nullopt);
+    QCOMPARE(http.get(guion.base() + "/a", {}), QByteArray("hola"));
+}
+
+// A listener whose queue is full answers no further connection.
+void tst_HttpLimites::conexionQueNoSeHace_seAbandona()
+{
+    const int oido = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    sockaddr_in donde = {};
+    donde.sin_family = AF_INET;
+    donde.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    socklen_t largo = sizeof donde;
+    auto *direccion = reinterpret_cast<sockaddr *>(&donde);
+    QCOMPARE(::bind(oido, direccion, largo), 0);
+    QCOMPARE(::listen(oido, 0), 0);
+    QCOMPARE(::getsockname(oido, direccion, &largo), 0);
+    std::vector<int> cola;
+    for (int i = 0; i < 8; ++i) {
+        cola.push_back(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
+        [[maybe_unused]] const int enCurso = ::connect(cola.back(), direccion, largo);
+    }
+    HttpClient::Limites limites;
+    limites.conexion = 300ms;
+    HttpClient http(HttpClient::autoridadesDelSistema(), limites);
+    QElapsedTimer reloj;
+    reloj.start();
+    const auto respuesta =
+        http.get("http://127.0.0.1:" + QByteArray::number(ntohs(donde.sin_port)) + "/", {});
+    const qint64 tardanza = reloj.elapsed();
+    for (const int conexion : cola)
+        ::close(conexion);
+    ::close(oido);
+    QCOMPARE(respuesta, std::nullopt);
+    QVERIFY(tardanza >= 299);   // it was the limit, and no refusal
+    QVERIFY(tardanza < 60'000); // and not the silence's
+}
+
+QTEST_GUILESS_MAIN(tst_HttpLimites)
+#include "tst_HttpLimites.moc"

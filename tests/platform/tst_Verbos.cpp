@@ -1,0 +1,520 @@
+#include "platform/Verbos.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <memory>
+
+#include <poll.h>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// What a program of the test's notes of itself, in files named by its process number: how it was
+// called, once it runs; each line of its input; that its input has ended.
+const QByteArray anota = R"sh(#!/bin/sh
+yo="$REGISTRO/$$"
+printf '%s\n' "$0" "$#" "$(cut -d' ' -f6 /proc/$$/stat)" "$@" > "$yo.nuevo"
+mv "$yo.nuevo" "$yo.inicio"
+)sh";
+const QByteArray leeTodo =
+    R"sh(while IFS= read -r linea; do printf '%s\n' "$linea" >> "$yo.lineas"; done
+: > "$yo.fin"
+)sh";
+const QByteArray leeUna = R"sh(IFS= read -r linea; printf '%s\n' "$linea" > "$yo.lineas"
+: > "$yo.fin"
+)sh";
+const QByteArray esperaPermiso = R"sh(while [ ! -e "$REGISTRO/sigue" ]; do sleep 0.05; done
+)sh";
+const QByteArray terminaSiEsPrimero = R"sh(mkdir "$REGISTRO/primero" 2>/dev/null && exit 0
+)sh";
+
+struct Inicio {
+    qint64 pid = 0;
+    QByteArray programa;
+    QByteArray cuantos; // arguments
+    QByteArray sesion;
+    QList<QByteArray> argumentos;
+};
+
+QList<QByteArray> lineasDe(const QString &nombre)
+{
+    QFile archivo(nombre);
+    if (!archivo.open(QIODevice::ReadOnly))
+        return {};
+    QList<QByteArray> lineas = archivo.readAll().split('\n');
+    lineas.removeLast(); // what follows the last line's end
+    return lineas;
+}
+
+bool haTerminado(qint64 pid)
+{
+    const QList<QByteArray> campos = lineasDe(u"/proc/%1/stat"_s.arg(pid));
+    return campos.isEmpty() || campos.first().contains(") Z ");
+}
+
+} // namespace
+
+class tst_Verbos : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void abrir_unArgumentoTalCual_data();
+    void abrir_unArgumentoTalCual();
+    void abrir_noEspera();
+    void abrir_sinPrograma_calla();
+
+    void imprimir_unaLineaPorDocumento();
+    void imprimir_unSoloObrero_sinArgumentosYEnSuSesion();
+    void imprimir_documentoAusente_seSalta();
+    void imprimir_sinPrograma_calla_data();
+    void imprimir_sinPrograma_calla();
+    void imprimir_programaQueAparece_empieza();
+    void obreroMuerto_seReemplaza();
+    void obreroMuertoAMedias_lineaEntera();
+    void obreroQueTerminaSiempre_noDetiene();
+    void obreroAtascado_noDetiene();
+    void finDelPrograma_terminaSuEntrada();
+    void programaAbiertoDespues_noGuardaLaTuberia();
+
+    void descriptorAbierto_noSeHereda();
+
+    void otroPrograma_obreroASuLado();
+    void otroProgramaTermina_elObreroSigue();
+    void otroProgramaTermina_loAbiertoSigue();
+
+private:
+    void ponerPrograma(const QString &nombre, const QByteArray &guion,
+                       const QString &donde = u"bin"_s) const;
+    QString documento(const QString &nombre) const;
+    QStringList documentos(int cuantos) const;
+    void dejarSeguir() const;
+    // This test's own executable in another folder, in a role of its own (see main).
+    bool correrCopia(const QString &verbo, const QString &cual) const;
+
+    QList<Inicio> inicios() const;
+    // The one that is not among `vistos`; 0 when there is none.
+    qint64 otroQue(const QList<qint64> &vistos) const;
+    QList<QByteArray> lineas(qint64 pid) const;
+    QList<QByteArray> lineas() const; // of the only one
+    bool terminados() const;
+
+    std::unique_ptr<QTemporaryDir> carpeta;
+    QByteArray caminos = qgetenv("PATH");
+};
+
+void tst_Verbos::init()
+{
+    QVERIFY2(!QFileInfo::exists(QCoreApplication::applicationDirPath() + u"/parvanel-print"_s),
+             "a worker beside the test would be taken for the test's own");
+    carpeta = std::make_unique<QTemporaryDir>();
+    for (const auto &una : {u"bin"_s, u"lado"_s, u"registro"_s, u"documentos"_s})
+        QVERIFY(QDir(carpeta->path()).mkdir(una));
+    qputenv("PATH", QFile::encodeName(carpeta->filePath(u"bin"_s)) + ':' + caminos);
+    qputenv("REGISTRO", QFile::encodeName(carpeta->filePath(u"registro"_s)));
+}
+
+void tst_Verbos::cleanup()
+{
+    dejarSeguir();
+    for (const Inicio &inicio : inicios())
+        QTRY_VERIFY(haTerminado(inicio.pid));
+    carpeta.reset();
+    qputenv("PATH", caminos);
+}
+
+void tst_Verbos::ponerPrograma(const QString &nombre, const QByteArray &guion,
+                               const QString &donde) const
+{
+    // Complete before it can be found.
+    const QString entero = carpeta->filePath(donde + u"/nuevo"_s);
+    QFile archivo(entero);
+    QVERIFY(archivo.open(QIODevice::WriteOnly));
+    QCOMPARE(archivo.write(guion), guion.size());
+    archivo.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    archivo.close();
+    QVERIFY(QFile::rename(entero, carpeta->filePath(donde + u'/' + nombre)));
+}
+
+QString tst_Verbos::documento(const QString &nombre) const
+{
+    const QString ruta = carpeta->filePath(u"documentos/"_s + nombre);
+    QFile archivo(ruta);
+    if (!archivo.open(QIODevice::WriteOnly))
+        qFatal("no document to print");
+    return ruta;
+}
+
+QStringList tst_Verbos::documentos(int cuantos) const
+{
+    QStringList rutas;
+    for (int i = 0; i < cuantos; ++i)
+        rutas << documento(u"%1 %2.html"_s.arg(i).arg(u'x', 180));
+    return rutas;
+}
+
+void tst_Verbos::dejarSeguir() const
+{
+    QFile permiso(carpeta->filePath(u"registro/sigue"_s));
+    QVERIFY(permiso.open(QIODevice::WriteOnly));
+}
+
+bool tst_Verbos::correrCopia(const QString &verbo, const QString &cual) const
+{
+    const QString copia = carpeta->filePath(u"lado/copia"_s);
+    return QFile::copy(QCoreApplication::applicationFilePath(), copia)
+           && QProcess::execute(copia, {u"--encargo"_s, verbo, cual}) == 0;
+}
+
+QList<Inicio> tst_Verbos::inicios() const
+{
+    const QDir registro(carpeta->filePath(u"registro"_s));
+    QList<Inicio> lista;
+    for (const QString &nombre : registro.entryList({u"*.inicio"_s}, QDir::Files)) {
+        const QList<QByteArray> campos = lineasDe(registro.filePath(nombre));
+        lista.append({nombre.section(u'.', 0, 0).toLongLong(), campos.value(0), campos.value(1),
+                      campos.value(2), campos.mid(3)});
+    }
+    return lista;
+}
+
+qint64 tst_Verbos::otroQue(const QList<qint64> &vistos) const
+{
+    for (const Inicio &inicio : inicios()) {
+        if (!vistos.contains(inicio.pid))
+            return inicio.pid;
+    }
+    return 0;
+}
+
+QList<QByteArray> tst_Verbos::lineas(qint64 pid) const
+{
+    return lineasDe(carpeta->filePath(u"registro/%1.lineas"_s.arg(pid)));
+}
+
+QList<QByteArray> tst_Verbos::lineas() const
+{
+    const QList<Inicio> lista = inicios();
+    return lista.size() == 1 ? lineas(lista.first().pid) : QList<QByteArray>();
+}
+
+bool tst_Verbos::terminados() const
+{
+    const QDir registro(carpeta->filePath(u"registro"_s));
+    const auto cuantos = registro.entryList({u"*.inicio"_s}, QDir::Files).size();
+    return cuantos > 0 && registro.entryList({u"*.fin"_s}, QDir::Files).size() == cuantos;
+}
+
+void tst_Verbos::abrir_unArgumentoTalCual_data()
+{
+    QTest::addColumn<QString>("ruta");
+    QTest::newRow("sencilla") << u"/home/ana/Quorvela/123-2010/index.html"_s;
+    QTest::newRow("con blancos") << u"/home/ana/Mis Cosas/a  b.html"_s;
+    QTest::newRow("con acentos") << u"/home/íñigo/Ñandú.html"_s;
+    QTest::newRow("para un interprete") << u"/x/$(touch y);`z`&'\"|*?.html"_s;
+    QTest::newRow("para una direccion") << u"/x/100%25#parte?a=b.html"_s;
+    QTest::newRow("que no existe") << u"/index.html"_s;
+}
+
+void tst_Verbos::abrir_unArgumentoTalCual()
+{
+    QFETCH(QString, ruta);
+    ponerPrograma(u"xdg-open"_s, anota);
+    Verbos verbos;
+    verbos.abrir(ruta);
+    QTRY_COMPARE(inicios().size(), 1);
+    QCOMPARE(inicios().first().argumentos, QList<QByteArray>{ruta.toUtf8()});
+}
+
+void tst_Verbos::abrir_noEspera()
+{
+    ponerPrograma(u"xdg-open"_s, anota + esperaPermiso);
+    Verbos verbos;
+    verbos.abrir(u"/a.html"_s);
+    verbos.abrir(u"/b.html"_s);
+    QTRY_COMPARE(inicios().size(), 2); // both run, and this goes on
+    for (const Inicio &inicio : inicios())
+        QVERIFY(!haTerminado(inicio.pid));
+}
+
+void tst_Verbos::abrir_sinPrograma_calla()
+{
+    qputenv("PATH", QFile::encodeName(carpeta->filePath(u"bin"_s)));
+    Verbos verbos;
+    verbos.abrir(u"/a.html"_s);
+    QVERIFY(inicios().isEmpty());
+}
+
+void tst_Verbos::imprimir_unaLineaPorDocumento()
+{
+    ponerPrograma(u"parvanel-print"_s, anota + leeTodo);
+    const QStringList rutas = {documento(u"uno.html"_s), documento(u"dos  con blancos .html"_s),
+                               documento(u"Ñandú €.html"_s), documento(u"$(x);%41\\.html"_s),
+                               documento(u"uno.html"_s)};
+    Verbos verbos;
+    for (const QString &ruta : rutas)
+        verbos.imprimir(ruta);
+    const QByteArray donde = carpeta->filePath(u"documentos"_s).toUtf8();
+    QTRY_COMPARE(lineas(),
+                 (QList<QByteArray>{donde + "/uno.html", donde + "/dos  con blancos .html",
+                                    donde
+                                        + "/\xC3\x91"
+                                          "and\xC3\xBA \xE2\x82\xAC.html",
+                                    donde + "/$(x);%41\\.html", donde + "/uno.html"}));
+}
+
+void tst_Verbos::imprimir_unSoloObrero_sinArgumentosYEnSuSesion()
+{
+    ponerPrograma(u"parvanel-print"_s, anota + leeTodo);
+    const QStringList rutas = documentos(50);
+    {
+        Verbos verbos;
+        QVERIFY(inicios().isEmpty()); // the first document starts it
+        for (const QString &ruta : rutas) {
+            verbos.imprimir(ruta);
+            QCoreApplication::processEvents();
+        }
+        QTRY_COMPARE(lineas().size(), 50);
+    }
+    QTRY_VERIFY(terminados());
+    QCOMPARE(inicios().size(), 1);
+    const Inicio obrero = inicios().first();
+    QCOMPARE(obrero.programa, carpeta->filePath(u"bin/parvanel-print"_s).toUtf8());
+    QCOMPARE(obrero.cuantos, QByteArray("0"));
+    QCOMPARE(obrero.sesion, QByteArray::number(obrero.pid));
+    QVERIFY(obrero.sesion != QByteArray::number(::getsid(0)));
+}
+
+void tst_Verbos::imprimir_documentoAusente_seSalta()
+{
+    ponerPrograma(u"parvanel-print"_s, anota + leeTodo);
+    const QString ruta = documento(u"uno.html"_s);
+    {
+        Verbos verbos;
+        verbos.imprimir(carpeta->filePath(u"documentos/nada.html"_s));
+        verbos.imprimir(carpeta->filePath(u"documentos"_s)); // a folder
+        verbos.imprimir(QString());
+        verbos.imprimir(ruta);
+        verbos.imprimir(carpeta->filePath(u"documentos/nada.html"_s));
+    }
+    QTRY_VERIFY(terminados());
+    QCOMPARE(lineas(), QList<QByteArray>{ruta.toUtf8()});
+}
+
+void tst_Verbos::imprimir_sinPrograma_calla_data()
+{
+    QTest::addColumn<QByteArray>("guion");
+    QTest::addColumn<bool>("ejecutable");
+    QTest::newRow("ninguno") << QByteArray() << false;
+    QTest::newRow("sin permiso") << anota + leeTodo << false;
+    QTest::newRow("no es un programa") << QByteArray("hola\n") << true;
+    QTest::newRow("interprete ausente") << QByteArray("#!/no/existe\n") << true;
+}
+
+void tst_Verbos::imprimir_sinPrograma_calla()
+{
+    QFETCH(QByteArray, guion);
+    QFETCH(bool, ejecutable);
+    qputenv("PATH", QFile::encodeName(carpeta->filePath(u"bin"_s)));
+    if (!guion.isEmpty())
+        ponerPrograma(u"parvanel-print"_s, guion);
+    if (!ejecutable)
+        QFile::setPermissions(carpeta->filePath(u"bin/parvanel-print"_s), QFile::ReadOwner);
+    Verbos verbos;
+    for (const QString &ruta : documentos(5)) {
+        verbos.imprimir(ruta);
+        QCoreApplication::processEvents();
+    }
+    QVERIFY(inicios().isEmpty());
+}
+
+void tst_Verbos::imprimir_programaQueAparece_empieza()
+{
+    const QString uno = documento(u"uno.html"_s);
+    const QString dos = documento(u"dos.html"_s);
+    Verbos verbos;
+    verbos.imprimir(uno);
+    ponerPrograma(u"parvanel-print"_s, anota + leeTodo);
+    verbos.imprimir(dos);
+    QTRY_COMPARE(lineas(), QList<QByteArray>{dos.toUtf8()});
+}
+
+void tst_Verbos::obreroMuerto_seReemplaza()
+{
+    ponerPrograma(u"parvanel-print"_s, anota + leeUna);
+    const QStringList rutas = {documento(u"uno.html"_s), documento(u"dos.html"_s),
+                               documento(u"tres.html"_s)};
+    QList<qint64> vistos;
+    Verbos verbos;
+    for (const QString &ruta : rutas) {
+        verbos.imprimir(ruta);
+        QTRY_VERIFY(otroQue(vistos) != 0);
+        vistos << otroQue(vistos);
+        QTRY_COMPARE(lineas(vistos.last()), QList<QByteArray>{ruta.toUtf8()});
+        QTRY_VERIFY(haTerminado(vistos.last()));
+    }
+    QCOMPARE(inicios().size(), rutas.size());
+}
+
+// The one that ends has read no more than the pipe holds, and that not to the end of a line.
+void tst_Verbos::obreroMuertoAMedias_lineaEntera()
+{
+    ponerPrograma(u"parvanel-print"_s, anota + esperaPermiso + terminaSiEsPrimero + leeTodo);
+    const QStringList rutas = documentos(1000); // of more than 200 bytes each
+    auto verbos = std::make_unique<Verbos>();
+    for (const QString &ruta : rutas)
+        verbos->imprimir(ruta);
+    QTRY_COMPARE(inicios().size(), 1);
+    const qint64 primero = inicios().first().pid;
+    dejarSeguir();
+    QTRY_COMPARE(inicios().size(), 2);
+    const qint64 segundo = otroQue({primero});
+    QTRY_VERIFY_WITH_TIMEOUT(
+        lineas(segundo).value(lineas(segundo).size() - 1) == rutas.last().toUtf8(), 30'000);
+    verbos.reset();
+    const QList<QByteArray> recibidas = lineas(segundo);
+    const qsizetype desde = rutas.indexOf(QString::fromUtf8(recibidas.first()));
+    QVERIFY2(desde > 0, recibidas.first().constData());
+    QVERIFY(desde < 65536 / 200);
+    for (qsizetype i = 0; i < recibidas.size(); ++i)
+        QCOMPARE(recibidas.at(i), rutas.value(desde + i).toUtf8());
+    QCOMPARE(recibidas.size(), rutas.size() - desde);
+}
+
+void tst_Verbos::obreroQueTerminaSiempre_noDetiene()
+{
+    ponerPrograma(u"parvanel-print"_s, anota);
+    Verbos verbos;
+    const QString ruta = documento(u"uno.html"_s);
+    for (int i = 0; i < 20; ++i) {
+        verbos.imprimir(ruta);
+        QCoreApplication::processEvents();
+    }
+    QTRY_VERIFY(!inicios().isEmpty());
+}
+
+void tst_Verbos::obreroAtascado_noDetiene()
+{
+    ponerPrograma(u"parvanel-print"_s, anota + esperaPermiso + leeTodo);
+    const QStringList rutas = documentos(1000);
+    QList<QByteArray> esperadas;
+    Verbos verbos;
+    for (const QString &ruta : rutas) {
+        verbos.imprimir(ruta); // the pipe is full long before the last
+        esperadas << ruta.toUtf8();
+    }
+    QTRY_COMPARE(inicios().size(), 1);
+    QVERIFY(lineas().isEmpty());
+    dejarSeguir();
+    QTRY_COMPARE_WITH_TIMEOUT(lineas().size(), rutas.size(), 30'000);
+    QCOMPARE(lineas(), esperadas);
+    QCOMPARE(inicios().size(), 1);
+}
+
+void tst_Verbos::finDelPrograma_terminaSuEntrada()
+{
+    ponerPrograma(u"parvanel-print"_s, anota + leeTodo);
+    auto verbos = std::make_unique<Verbos>();
+    verbos->imprimir(documento(u"uno.html"_s));
+    QTRY_COMPARE(lineas().size(), 1);
+    QVERIFY(!terminados());
+    verbos.reset();
+    QTRY_VERIFY(terminados());
+}
+
+void tst_Verbos::programaAbiertoDespues_noGuardaLaTuberia()
+{
+    ponerPrograma(u"parvanel-print"_s, anota + leeTodo);
+    ponerPrograma(u"xdg-open"_s, anota + esperaPermiso);
+    auto verbos = std::make_unique<Verbos>();
+    verbos->imprimir(documento(u"uno.html"_s));
+    QTRY_COMPARE(inicios().size(), 1);
+    const qint64 obrero = inicios().first().pid;
+    verbos->abrir(u"/a.html"_s);
+    QTRY_COMPARE(inicios().size(), 2);
+    const qint64 abierto = otroQue({obrero});
+    verbos.reset();
+    QTRY_VERIFY(haTerminado(obrero));
+    QVERIFY(!haTerminado(abierto));
+}
+
+// Libraries open some without a thought for the programs that are started later.
+void tst_Verbos::descriptorAbierto_noSeHereda()
+{
+    ponerPrograma(u"parvanel-print"_s, anota + esperaPermiso);
+    ponerPrograma(u"xdg-open"_s, anota + esperaPermiso);
+    int tuberia[2] = {-1, -1};
+    QCOMPARE(::pipe(tuberia), 0);
+    Verbos verbos;
+    verbos.abrir(u"/a.html"_s);
+    verbos.imprimir(documento(u"uno.html"_s));
+    QTRY_COMPARE(inicios().size(), 2);
+    ::close(tuberia[1]);
+    // At an end as soon as nobody holds the other side.
+    pollfd espera = {tuberia[0], POLLIN, 0};
+    QCOMPARE(::poll(&espera, 1, 0), 1);
+    ::close(tuberia[0]);
+}
+
+void tst_Verbos::otroPrograma_obreroASuLado()
+{
+    ponerPrograma(u"parvanel-print"_s, anota + leeTodo);
+    ponerPrograma(u"parvanel-print"_s, anota + leeTodo, u"lado"_s);
+    const QString ruta = documento(u"uno.html"_s);
+    QVERIFY(correrCopia(u"imprimir"_s, ruta));
+    QTRY_VERIFY(terminados());
+    QCOMPARE(inicios().size(), 1);
+    QCOMPARE(inicios().first().programa, carpeta->filePath(u"lado/parvanel-print"_s).toUtf8());
+    QCOMPARE(lineas(), QList<QByteArray>{ruta.toUtf8()});
+}
+
+// Nothing holds the program's end up, and nothing that it has handed over is lost by it.
+void tst_Verbos::otroProgramaTermina_elObreroSigue()
+{
+    ponerPrograma(u"parvanel-print"_s, anota + esperaPermiso + leeTodo);
+    const QString ruta = documento(u"uno.html"_s);
+    QVERIFY(correrCopia(u"imprimir"_s, ruta));
+    QTRY_COMPARE(inicios().size(), 1);
+    QVERIFY(!haTerminado(inicios().first().pid));
+    QVERIFY(lineas().isEmpty());
+    dejarSeguir();
+    QTRY_VERIFY(terminados());
+    QCOMPARE(lineas(), QList<QByteArray>{ruta.toUtf8()});
+}
+
+void tst_Verbos::otroProgramaTermina_loAbiertoSigue()
+{
+    ponerPrograma(u"xdg-open"_s, anota + esperaPermiso);
+    QVERIFY(correrCopia(u"abrir"_s, u"/a.html"_s));
+    QTRY_COMPARE(inicios().size(), 1);
+    QVERIFY(!haTerminado(inicios().first().pid));
+    QVERIFY(inicios().first().sesion != QByteArray::number(::getsid(0)));
+}
+
+int main(int argc, char *argv[])
+{
+    QCoreApplication aplicacion(argc, argv);
+    const QStringList argumentos = aplicacion.arguments();
+    if (argumentos.value(1) == u"--encargo") {
+        Verbos verbos;
+        if (argumentos.value(2) == u"imprimir")
+            verbos.imprimir(argumentos.value(3));
+        else
+            verbos.abrir(argumentos.value(3));
+        ::_exit(0); // as closing the window does: no destructor runs
+    }
+    tst_Verbos pruebas;
+    return QTest::qExec(&pruebas, argc, argv);
+}
+
+#include "tst_Verbos.moc"

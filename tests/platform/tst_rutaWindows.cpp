@@ -1,0 +1,154 @@
+#include "platform/rutaWindows.h"
+
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+class tst_rutaWindows : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void unidad_data();
+    void unidad();
+    void ruta_nombres_data();
+    void ruta_nombres();
+    void ruta_refusada_data();
+    void ruta_refusada();
+    void nombre_refusado_data();
+    void nombre_refusado();
+    void nombre_admitido_data();
+    void nombre_admitido();
+    void controles_refusados();
+};
+
+void tst_rutaWindows::unidad_data()
+{
+    QTest::addColumn<QString>("ruta");
+    QTest::addColumn<bool>("enC");
+    QTest::newRow("mayuscula") << u"C:\\Quorvela"_s << true;
+    QTest::newRow("minuscula") << u"c:\\Quorvela"_s << true;
+    QTest::newRow("barra inclinada") << u"c:/Quorvela"_s << true;
+    QTest::newRow("raiz") << u"C:\\"_s << true;
+    QTest::newRow("sin separador") << u"C:"_s << false;
+    QTest::newRow("relativa a la unidad") << u"C:Quorvela"_s << false;
+    QTest::newRow("otra unidad") << u"D:\\Quorvela"_s << false;
+    QTest::newRow("red") << u"\\\\servidor\\c"_s << false;
+    QTest::newRow("nativa") << u"/home/ana"_s << false;
+    QTest::newRow("vacia") << QString() << false;
+}
+
+void tst_rutaWindows::unidad()
+{
+    QFETCH(QString, ruta);
+    QFETCH(bool, enC);
+    QCOMPARE(rutaWindows::enUnidadC(ruta), enC);
+    QCOMPARE(rutaWindows::nombres(ruta).has_value(), enC);
+}
+
+void tst_rutaWindows::ruta_nombres_data()
+{
+    QTest::addColumn<QString>("ruta");
+    QTest::addColumn<QStringList>("nombres");
+    const QStringList archivo = {u"Quorvela"_s, u"123-2010"_s, u"index.html"_s};
+    QTest::newRow("raiz de la unidad") << u"C:\\"_s << QStringList();
+    QTest::newRow("barras") << u"c:\\Quorvela\\123-2010\\index.html"_s << archivo;
+    QTest::newRow("barras inclinadas") << u"C:/Quorvela/123-2010/index.html"_s << archivo;
+    QTest::newRow("barras mezcladas") << u"C:/Quorvela\\123-2010/index.html"_s << archivo;
+    QTest::newRow("repetidas") << u"C:\\\\Quorvela\\/\\123-2010//index.html"_s << archivo;
+    QTest::newRow("al final") << u"C:\\Quorvela\\123-2010\\index.html\\"_s << archivo;
+    QTest::newRow("punto") << u"C:\\.\\Quorvela\\.\\123-2010\\index.html\\."_s << archivo;
+    QTest::newRow("dos puntos") << u"C:\\Quorvela\\otro\\..\\123-2010\\index.html"_s << archivo;
+    // The name taken back need not exist, as little as on Windows.
+    QTest::newRow("dos puntos al final")
+        << u"C:\\Quorvela\\123-2010\\index.html\\x\\.."_s << archivo;
+    QTest::newRow("encima de la unidad")
+        << u"C:\\..\\..\\Quorvela\\123-2010\\index.html"_s << archivo;
+    QTest::newRow("sale de la raiz") << u"C:\\Quorvela\\..\\otra"_s << QStringList{u"otra"_s};
+    QTest::newRow("blancos y puntos al final")
+        << u"C:\\Quorvela. \\123-2010 ..\\index.html . "_s << archivo;
+    QTest::newRow("blancos al principio")
+        << u"C:\\Quorvela\\ x"_s << QStringList{u"Quorvela"_s, u" x"_s};
+    QTest::newRow("punto al principio")
+        << u"C:\\Quorvela\\.x"_s << QStringList{u"Quorvela"_s, u".x"_s};
+    QTest::newRow("letra como viene")
+        << u"C:\\qUORVELA\\Ñandú"_s << QStringList{u"qUORVELA"_s, u"Ñandú"_s};
+}
+
+void tst_rutaWindows::ruta_nombres()
+{
+    QFETCH(QString, ruta);
+    QFETCH(QStringList, nombres);
+    const auto hallados = rutaWindows::nombres(ruta);
+    QVERIFY(hallados);
+    QCOMPARE(*hallados, nombres);
+}
+
+void tst_rutaWindows::ruta_refusada_data()
+{
+    QTest::addColumn<QString>("ruta");
+    QTest::newRow("nombre prohibido al final") << u"C:\\Quorvela\\a?b"_s;
+    QTest::newRow("nombre prohibido en medio") << u"C:\\Quorvela\\a|b\\x"_s;
+    QTest::newRow("dispositivo en medio") << u"C:\\Quorvela\\nul\\x"_s;
+    QTest::newRow("otra unidad dentro") << u"C:\\Quorvela\\D:\\x"_s;
+    QTest::newRow("tres puntos") << u"C:\\Quorvela\\...\\x"_s;
+    QTest::newRow("solo blancos") << u"C:\\Quorvela\\  \\x"_s;
+    QTest::newRow("dispositivo tras quitar puntos") << u"C:\\Quorvela\\CON.. ."_s;
+    QTest::newRow("salto de linea") << u"C:\\Quorvela\\123\r\n-2010"_s;
+}
+
+void tst_rutaWindows::ruta_refusada()
+{
+    QFETCH(QString, ruta);
+    QVERIFY(!rutaWindows::nombres(ruta));
+}
+
+void tst_rutaWindows::nombre_refusado_data()
+{
+    QTest::addColumn<QString>("nombre");
+    QTest::newRow("vacio") << QString();
+    for (const char c : QByteArray("<>:\"|?*"))
+        QTest::addRow("caracter %c", c) << u"a%1b"_s.arg(QLatin1Char(c));
+    for (const auto &dispositivo :
+         {u"CON"_s,  u"PRN"_s,  u"AUX"_s,  u"NUL"_s,  u"COM1"_s, u"COM2"_s, u"COM3"_s, u"COM4"_s,
+          u"COM5"_s, u"COM6"_s, u"COM7"_s, u"COM8"_s, u"COM9"_s, u"LPT1"_s, u"LPT2"_s, u"LPT3"_s,
+          u"LPT4"_s, u"LPT5"_s, u"LPT6"_s, u"LPT7"_s, u"LPT8"_s, u"LPT9"_s}) {
+        QTest::newRow(qPrintable(dispositivo)) << dispositivo;
+        QTest::addRow("%s.html", qPrintable(dispositivo)) << dispositivo + u".html"_s;
+    }
+    QTest::newRow("minusculas") << u"nul"_s;
+    QTest::newRow("mezcla") << u"Com3.Txt"_s;
+    QTest::newRow("varias extensiones") << u"aux.tar.gz"_s;
+    QTest::newRow("blanco ante la extension") << u"con .txt"_s;
+}
+
+void tst_rutaWindows::nombre_refusado()
+{
+    QFETCH(QString, nombre);
+    QVERIFY(rutaWindows::nombreRefusado(nombre));
+}
+
+void tst_rutaWindows::nombre_admitido_data()
+{
+    QTest::addColumn<QString>("nombre");
+    for (const auto &nombre :
+         {u"index.html"_s, u"123-2010"_s, u"Álgebra y Geometría.png"_s, u"CONO"_s, u"xCON"_s,
+          u"CON1"_s, u"COM0"_s, u"COM10"_s, u"COM"_s, u"LPT"_s, u"LPT0"_s, u"a.con"_s,
+          u"NULO.txt"_s, u"con con.txt"_s, u"a'b"_s, u"a&b=c;d,e"_s, u"(1) [2] {3}"_s,
+          u"~$%#@!^`+"_s, u".oculto"_s})
+        QTest::newRow(qPrintable(nombre)) << nombre;
+}
+
+void tst_rutaWindows::nombre_admitido()
+{
+    QFETCH(QString, nombre);
+    QVERIFY(!rutaWindows::nombreRefusado(nombre));
+}
+
+void tst_rutaWindows::controles_refusados()
+{
+    for (char16_t c = 0; c < 0x20; ++c)
+        QVERIFY2(rutaWindows::nombreRefusado(u"a"_s + QChar(c)), qPrintable(QString::number(c)));
+}
+
+QTEST_GUILESS_MAIN(tst_rutaWindows)
+#include "tst_rutaWindows.moc"
