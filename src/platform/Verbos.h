@@ -4,11 +4,14 @@
 
 #include <QString>
 
+#include <chrono>
 #include <memory>
 
 class Verbos {
 public:
-    Verbos();
+    // A worker reads at once what it is given; one that has left its pipe full for `plazoAtasco`
+    // is stuck and is replaced.
+    explicit Verbos(std::chrono::milliseconds plazoAtasco = std::chrono::seconds(30));
     ~Verbos();
     Verbos(const Verbos &) = delete;
     Verbos &operator=(const Verbos &) = delete;

@@ -23,10 +23,6 @@
 
 namespace {
 
-// A worker reads at once what it is given; one that has left its pipe full for this long is
-// stuck and is replaced.
-constexpr auto plazoAtasco = std::chrono::seconds(30);
-
 // Beside the running program, then in the installation, then on PATH.
 QString programaImpresion()
 {
@@ -92,7 +88,7 @@ Obrero arrancar(const QString &programa)
 // never waits for the worker.
 class Verbos::Interno : public QObject {
 public:
-    Interno()
+    explicit Interno(std::chrono::milliseconds plazoAtasco) : m_plazoAtasco(plazoAtasco)
     {
         std::signal(SIGPIPE, SIG_IGN); // a worker that is gone is an error of the write
         m_atasco.setSingleShot(true);
@@ -165,7 +161,7 @@ private:
             } else if (errno == EAGAIN) {
                 m_aviso->setEnabled(true);
                 if (!m_atasco.isActive())
-                    m_atasco.start(plazoAtasco);
+                    m_atasco.start(m_plazoAtasco);
                 return;
             } else if (errno != EINTR) {
                 if (reemplazado) { // a worker that ends at once, every time
@@ -192,10 +188,11 @@ private:
     std::unique_ptr<QSocketNotifier> m_aviso;
     QByteArray m_pendiente; // not yet written
     QByteArray m_escrito;   // written of a line whose end is still pending
+    std::chrono::milliseconds m_plazoAtasco;
     QTimer m_atasco;
 };
 
-Verbos::Verbos() : d(std::make_unique<Interno>()) {}
+Verbos::Verbos(std::chrono::milliseconds plazoAtasco) : d(std::make_unique<Interno>(plazoAtasco)) {}
 
 Verbos::~Verbos() = default;
 

@@ -36,6 +36,10 @@ class Cierre(Escena):
         self.secretaria.empezar_descarga()
         self.ventana.esperar_rotulo("Foto de alumno (", plazo=60)
         self.cerrar("in the middle of a pause")
+        # What had been written stays as it is, and nothing more is written.
+        archivos = self.escritorio.casa / "Quorvela" / "123-2010" / "archivos"
+        self.assertEqual(len(list((archivos / "infoAlumnos").glob("*.html"))), 24)
+        self.assertFalse((archivos / "images" / "labels").exists())
 
     def test_cerrar_ante_un_mensaje_termina(self):
         self.secretaria.escribir_cuenta(clave="otra")

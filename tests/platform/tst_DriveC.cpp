@@ -48,6 +48,7 @@ private Q_SLOTS:
     void largo();
 
     void otroProcesoCrea_seVe();
+    void otroProcesoCrea_seVeTrasUnCambioPropio();
     void otroProcesoBorra_seVe();
     void otroProcesoRenombra_seVe();
     void muchosArchivos_todosEnSuSitio();
@@ -390,6 +391,18 @@ void tst_DriveC::otroProcesoCrea_seVe()
     QCOMPARE(disco->largo(u"C:\\Quorvela\\foto.jpg"_s), 4);
     QVERIFY(disco->agregar(u"C:\\Quorvela\\FOTO.jpg"_s, "!"));
     QCOMPARE(casa->entradas(u"Quorvela"_s), (QStringList{u"Foto.JPG"_s, u"propio.txt"_s}));
+}
+
+// A change of the program's own, made without looking any name up, must not hide the other's.
+void tst_DriveC::otroProcesoCrea_seVeTrasUnCambioPropio()
+{
+    QVERIFY(disco->agregar(u"C:\\Quorvela\\propio.txt"_s, "p"));
+    QVERIFY(!disco->largo(u"C:\\Quorvela\\foto.jpg"_s));
+    esperarOtroMomento();
+    QVERIFY(otroProceso(u"/bin/sh"_s,
+                        {u"-c"_s, u"printf hola > \"$0/Foto.JPG\""_s, casa->ruta(u"Quorvela"_s)}));
+    QVERIFY(disco->borrar(u"C:\\Quorvela\\propio.txt"_s));
+    QCOMPARE(disco->largo(u"C:\\Quorvela\\foto.jpg"_s), 4);
 }
 
 void tst_DriveC::otroProcesoBorra_seVe()

@@ -149,15 +149,16 @@ void tst_HttpLimites::goteo_noEsSilencio()
 {
     const ServidorGuion guion([](Charla &charla) {
         charla.leerCabeza();
-        charla.enviar("HTTP/1.1 200 OK\r\n");
-        for (const char *trozo : {"Content-Length: 3\r\n", "\r\n", "a", "b", "c"}) {
-            std::this_thread::sleep_for(350ms);
+        // Headers and body together take longer than the limit.
+        for (const char *trozo : {"HTTP/1.1 200 OK\r\n", "X-Uno: 1\r\n", "X-Dos: 2\r\n",
+                                  "Content-Length: 5\r\n", "\r\n", "a", "b", "c", "d", "e"}) {
+            std::this_thread::sleep_for(250ms);
             charla.enviar(trozo);
         }
         charla.clienteCierra();
     });
-    HttpClient http(HttpClient::autoridadesDelSistema(), conSilencio(1200ms));
-    QCOMPARE(http.get(guion.base() + "/a", {}), QByteArray("abc"));
+    HttpClient http(HttpClient::autoridadesDelSistema(), conSilencio(2000ms));
+    QCOMPARE(http.get(guion.base() + "/a", {}), QByteArray("abcde"));
 }
 
 void tst_HttpLimites::silencioRepetido_elClienteSigue()

@@ -287,22 +287,28 @@ void tst_HttpsClient::muchasPeticiones_todasReanudan()
     QCOMPARE(reanudadas, cuantas - 1);
 }
 
+// The nested request goes out by a handle of its own. When both greet at once, one may find the
+// session just being renewed by the other; without a shared one none ever finds it.
 void tst_HttpsClient::anidada_reanudaLaMismaSesion()
 {
     servicio.fallar("externa", {Falla::Demora, {}, 0, 100ms});
-    const Tunel tunel(puerto);
-    qputenv("https_proxy", tunel.direccion());
-    HttpClient http(autoridad);
-    QCOMPARE(http.get("https://localhost" + consulta, cabecerasTexto), valor);
-    QTRY_COMPARE(tunel.pasos().size(), 1);
-    std::optional<QByteArray> interna;
-    QTimer::singleShot(0, this,
-                       [&] { interna = http.get("https://localhost" + consulta, cabecerasTexto); });
-    QCOMPARE(http.get("https://localhost" + consulta + "&externa", cabecerasTexto), valor);
-    QCOMPARE(interna, valor);
-    QTRY_COMPARE(tunel.pasos().size(), 3);
-    for (qsizetype i = 1; i < 3; ++i)
-        QVERIFY(extensiones(tunel.pasos().at(i).delCliente).contains(claveAnterior));
+    bool reanudadas = false;
+    for (int vez = 0; vez < 5 && !reanudadas; ++vez) {
+        const Tunel tunel(puerto);
+        qputenv("https_proxy", tunel.direccion());
+        HttpClient http(autoridad);
+        QCOMPARE(http.get("https://localhost" + consulta, cabecerasTexto), valor);
+        QTRY_COMPARE(tunel.pasos().size(), 1);
+        std::optional<QByteArray> interna;
+        QTimer::singleShot(
+            0, this, [&] { interna = http.get("https://localhost" + consulta, cabecerasTexto); });
+        QCOMPARE(http.get("https://localhost" + consulta + "&externa", cabecerasTexto), valor);
+        QCOMPARE(interna, valor);
+        QTRY_COMPARE(tunel.pasos().size(), 3);
+        reanudadas = extensiones(tunel.pasos().at(1).delCliente).contains(claveAnterior)
+                     && extensiones(tunel.pasos().at(2).delCliente).contains(claveAnterior);
+    }
+    QVERIFY(reanudadas);
 }
 
 void tst_HttpsClient::falla_comoSinCifrar_data()
