@@ -8,7 +8,7 @@ namespace {
 using namespace demo;
 
 const QString estilo = uR"(
-@page { size: letter landscape; }
+@page { size: landscape; }
 .cuadro th { padding: 8px 2px 6px; background: #eef2f8; border: 1px solid #c6d0dd; vertical-align: bottom; }
 .cuadro th img { display: block; width: 22px; height: 176px; margin: 0 auto; }
 .cuadro th.izq { text-align: left; padding: 6px 8px; color: #1f3a68; }

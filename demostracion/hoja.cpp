@@ -5,7 +5,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString estiloComun = uR"(
-@page { size: letter; margin: 14mm 16mm; }
+@page { margin: 12mm 15mm; }
 * { box-sizing: border-box; }
 body { margin: 0; background: #e9edf2; color: #1d2733;
   font: 13px/1.45 "Segoe UI", "Liberation Sans", Arial, sans-serif; }
@@ -47,7 +47,8 @@ table { border-collapse: collapse; width: 100%; }
 .firmas .cargo { font-size: 11.5px; color: #53606f; }
 .pie { margin-top: 22px; font-size: 11px; color: #6b7785; text-align: center; }
 .navega { margin: 0 0 14px; font-size: 12.5px; }
-@media print { body { background: #fff; }
+@media print { body { background: #fff; font-size: 12px; line-height: 1.35; }
+  h1 { margin: 12px 0 10px; }
   .hoja { margin: 0; padding: 0; max-width: none; box-shadow: none; border-top: 0; }
   .navega { display: none; }
   * { -webkit-print-color-adjust: exact; print-color-adjust: exact; } }

@@ -1,9 +1,7 @@
 #include "worker/impresora.h"
 
 #include <array>
-#include <cerrno>
 #include <cstdlib>
-#include <cstring>
 #include <cups/cups.h>
 #include <memory>
 #include <sstream>
@@ -30,7 +28,8 @@ Conexion conectar(std::string &motivo)
     Conexion http(httpConnect2(cupsServer(), ippPort(), nullptr, AF_UNSPEC, cupsEncryption(),
                                cancelable, milisegundos, nullptr));
     if (!http)
-        motivo = std::string("el servidor de impresión no atiende: ") + std::strerror(errno);
+        // What errno holds by now is of the last thing tried, and tells a reader nothing.
+        motivo = "el servidor de impresión no atiende";
     return http;
 }
 

@@ -9,6 +9,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QProgressBar>
+#include <QSignalSpy>
 
 class tst_ventana : public QObject {
     Q_OBJECT
@@ -80,6 +81,21 @@ private Q_SLOTS:
         for (const char *nombre : {"ComboTipo", "Combo1", "Option2_0", "Command2"}) {
             QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
             QCOMPARE(QApplication::focusWidget(), v.elemento(nombre));
+        }
+    }
+
+    void enterEnUnBoton_loPresiona()
+    {
+        const VentanaDePrueba v;
+        for (const char *nombre : {"Command1", "Command2", "Command3", "Command4"}) {
+            auto *boton = v.elemento<QPushButton>(nombre);
+            // What it does is not wanted here, only that it is pressed.
+            QObject::disconnect(boton, &QPushButton::clicked, nullptr, nullptr);
+            QSignalSpy presionado(boton, &QPushButton::clicked);
+            boton->setEnabled(true);
+            QTest::keyClick(boton, Qt::Key_Return);
+            QTest::keyClick(boton, Qt::Key_Enter);
+            QCOMPARE(presionado.size(), 2);
         }
     }
 

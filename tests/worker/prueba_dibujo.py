@@ -36,6 +36,14 @@ class Dibujo(Prueba):
         # An inch less on one side.
         self.assertAlmostEqual(puntos(self.pdf, ROJO, 72), 540 * 1008, delta=2500)
 
+    def test_paper_of_the_page_itself_gives_way_to_the_printers(self):
+        for estilo, esperada in (("size: A3", (612, 1008)), ("size: letter; margin: 1cm", (612, 1008)),
+                                 ("size: letter landscape", (1008, 612))):
+            with self.subTest(estilo):
+                propia = self.archivo("p.html", f"<style>@page {{ {estilo} }}</style><p>x</p>")
+                self.assertEqual(self.dibujar("--papel", "21590x35560", propia, self.pdf), HECHO)
+                self.assertEqual(medida(self.pdf), esperada)
+
     def test_page_that_cannot_be_loaded_makes_no_pdf(self):
         for falta in (self.casa / "falta.html", self.casa):
             self.assertEqual(self.dibujar(falta, self.pdf), SIN_PAGINA)

@@ -2,6 +2,8 @@
 
 #include "worker/render/salida.h"
 
+#include <QPageLayout>
+#include <QSizeF>
 #include <QWebEngineScript>
 
 #include <chrono>
@@ -36,6 +38,25 @@ constexpr auto preguntaLista = R"js(
             .then(() => { window.parvanelLista = true; });
     }
     return window.parvanelLista && document.readyState !== 'loading';
+})()
+)js";
+
+// The paper is the printer's, whatever size a page's own style names; a page that wants to lie on
+// its side still does. %1 and %2 are the paper's width and height in millimetres.
+constexpr auto imponerPapel = R"js(
+(function() {
+    let apaisada = false;
+    for (const estilo of document.styleSheets) {
+        try {
+            for (const regla of estilo.cssRules)
+                if (regla instanceof CSSPageRule && /landscape/.test(regla.style.size))
+                    apaisada = true;
+        } catch (ajena) {
+        }
+    }
+    const papel = document.createElement('style');
+    papel.textContent = '@page { size: ' + (apaisada ? '%2mm %1mm' : '%1mm %2mm') + ' !important; }';
+    document.documentElement.appendChild(papel);
 })()
 )js";
 
@@ -107,7 +128,11 @@ void Dibujo::preguntarSiLista()
 
 void Dibujo::imprimir()
 {
-    if (!imprimiendo_)
-        pagina_.printToPdf(pdf_, hoja_);
+    if (imprimiendo_)
+        return;
     imprimiendo_ = true;
+    const QSizeF papel = hoja_.pageSize().size(QPageSize::Millimeter);
+    pagina_.runJavaScript(QString::fromLatin1(imponerPapel).arg(papel.width()).arg(papel.height()),
+                          QWebEngineScript::ApplicationWorld,
+                          [this](const QVariant &) { pagina_.printToPdf(pdf_, hoja_); });
 }
