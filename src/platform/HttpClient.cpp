@@ -3,7 +3,6 @@
 #include "platform/direccionHttp.h"
 
 #include <QCoreApplication>
-#include <QDeadlineTimer>
 #include <QEventLoop>
 #include <QObject>
 #include <QSocketNotifier>

@@ -13,7 +13,6 @@
 #include <cerrno>
 #include <chrono>
 #include <csignal>
-#include <cstdlib>
 
 #include <fcntl.h>
 #include <linux/close_range.h>

@@ -131,6 +131,41 @@ private Q_SLOTS:
                  QStringList({QStringLiteral("Quorvela/123-2010/archivos/images/logo.png")}));
     }
 
+    void largoErrado_guardaSoloLoAnunciadoYElRestoCompleto()
+    {
+        Escenario e;
+        // A page that is stored as it came, so that its length says what arrived.
+        const QString alumno = e.demo.escuela().alumnos.first().id;
+        const QString pagina = QStringLiteral("123-2010/archivos/infoAlumnos/%1.html").arg(alumno);
+        e.demo.fallar("infoAlumno.php", falla(Falla::LargoErrado), 1);
+        correr(e);
+        // What comes after the announced half is not read.
+        const qint64 entera = m_completo.value(QStringLiteral("Quorvela/") + pagina) - 2;
+        QCOMPARE(e.leer(pagina).size(), entera / 2 + 2);
+        QCOMPARE(diferencia(contenido(e), m_completo), QStringList());
+    }
+
+    void conexionRechazada_llegaAlFinalConArchivosVacios()
+    {
+        QString muerta;
+        {
+            const ServicioDemo otro(Escenario::pequena());
+            muerta = otro.base();
+        }
+        Escenario e;
+        e.servicio.ServiceBase = muerta;
+        tcSalones salones(e.servicio);
+        tcAlumnos alumnos(e.servicio);
+        std::unique_ptr<tcMaterias> materias;
+        salones.Fcargar(QStringLiteral("501,QUINTO A"));
+        descargarHistorico(e.servicio, salones, alumnos, materias);
+        QCOMPARE(e.estadoTS.historia.last(), QStringLiteral("Descargando Labels de Materias"));
+        QCOMPARE(e.pausas.size(), 12); // eight images and the four labels of every school
+        QCOMPARE(e.leer(QStringLiteral("123-2010/index.html")), QByteArray("\r\n"));
+        QCOMPARE(e.leer(QStringLiteral("123-2010/archivos/salones/501.html")), QByteArray("\r\n"));
+        QCOMPARE(e.destinos(), QStringList());
+    }
+
     void servicioQueNuncaResponde_dejaLosArchivosVacios()
     {
         Escenario e;
