@@ -8,6 +8,7 @@
 #include <QMutex>
 #include <QMutexLocker>
 
+#include <algorithm>
 #include <atomic>
 #include <list>
 #include <optional>
@@ -23,6 +24,8 @@
 namespace {
 
 using namespace demo;
+
+constexpr auto entreMiradas = std::chrono::milliseconds(5);
 
 struct Regla {
     QByteArray fragmento;
@@ -57,6 +60,7 @@ private:
     void atender(Conexion &conexion);
     std::optional<Falla> anotar(const Peticion &peticion);
     void fallarCon(const Falla &falla, const Peticion &peticion, Conexion &conexion);
+    bool retenida(const Peticion &peticion) const;
     QByteArray ordinaria(const Peticion &peticion, const QByteArray &comprimir) const;
 
     int oido = -1;
@@ -201,6 +205,13 @@ void ServicioDemo::Interno::fallarCon(const Falla &falla, const Peticion &petici
     case Falla::Muda:
         conexion.esperarFin();
         return;
+    case Falla::Retenida:
+        while (retenida(peticion)) {
+            if (!conexion.esperar(entreMiradas))
+                return;
+        }
+        envio = ordinaria(peticion, valor(peticion, "Accept-Encoding"));
+        break;
     case Falla::Vacia:
         envio = respuesta(200, {});
         break;
@@ -233,6 +244,15 @@ void ServicioDemo::Interno::fallarCon(const Falla &falla, const Peticion &petici
     }
     if (conexion.enviar(envio) && despedida)
         conexion.despedir();
+}
+
+// A rule that is used up still holds those that met it.
+bool ServicioDemo::Interno::retenida(const Peticion &peticion) const
+{
+    const QMutexLocker guardia(&cerrojo);
+    return std::any_of(reglas.begin(), reglas.end(), [&](const Regla &regla) {
+        return regla.falla.clase == Falla::Retenida && peticion.destino.contains(regla.fragmento);
+    });
 }
 
 ServicioDemo::ServicioDemo(const TamanoEscuela &tamano, Modo modo)

@@ -30,6 +30,7 @@ struct Falla {
     enum Clase {
         Demora,        // waits for `demora`, then answers as usual
         Muda,          // accepts and reads, never answers (until the service is destroyed)
+        Retenida,      // waits until quitarFallas is called, then answers as usual
         Vacia,         // 200 with an empty body
         Cuerpo,        // 200 with `cuerpo` as its body (short replies, garbage text, fixed pages)
         Estado,        // status `estado` with `cuerpo` as its body

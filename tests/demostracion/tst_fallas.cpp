@@ -20,6 +20,7 @@ private Q_SLOTS:
     }
     void demora_contestaDespues();
     void muda_noContesta();
+    void retenida_contestaAlQuitarLasFallas();
     void vacia_cuerpoVacio();
     void cuerpo_llegaEnLugarDelOrdinario();
     void estado_conSuCuerpo();
@@ -51,6 +52,17 @@ void tst_fallas::muda_noContesta()
     QCOMPARE(cliente.recibir(300), QByteArray());
     QVERIFY(!cliente.fin);
     QCOMPARE(servicio.peticiones().size(), 1);
+}
+
+void tst_fallas::retenida_contestaAlQuitarLasFallas()
+{
+    servicio.fallar("salones.php", {Falla::Retenida}, 1);
+    ClienteCrudo cliente(servicio.base());
+    cliente.enviar("GET " + destino + " HTTP/1.1\r\n\r\n");
+    QCOMPARE(cliente.recibir(300), QByteArray());
+    QVERIFY(!cliente.fin);
+    servicio.quitarFallas();
+    QCOMPARE(estadoDe(cliente.recibir()), QByteArray("200"));
 }
 
 void tst_fallas::vacia_cuerpoVacio()
