@@ -11,6 +11,7 @@
 #include "ui_Form1.h"
 
 #include <QCloseEvent>
+#include <QScopedValueRollback>
 #include <QSvgRenderer>
 
 namespace {
@@ -56,17 +57,27 @@ void Form1::unirElementos()
             [this](const QString &linea) { ui->List1->addItem(linea); });
     connect(&Alumnos, &tcAlumnos::nuevaDescarga, this, &Form1::Alumnos_nuevaDescarga);
 
-    connect(ui->Command1, &QPushButton::clicked, this, &Form1::Command1_Click);
+    atenderDeAUna(ui->Command1, &Form1::Command1_Click);
+    atenderDeAUna(ui->Command2, &Form1::Command2_Click);
+    atenderDeAUna(ui->Command3, &Form1::Command3_Click);
+    connect(ui->Command4, &QPushButton::clicked, this, &Form1::Command4_Click);
     connect(ui->txtUser, &QLineEdit::returnPressed, ui->Command1, &QPushButton::click);
     connect(ui->txtPwd, &QLineEdit::returnPressed, ui->Command1, &QPushButton::click);
-    connect(ui->Command2, &QPushButton::clicked, this, &Form1::Command2_Click);
-    connect(ui->Command3, &QPushButton::clicked, this, &Form1::Command3_Click);
-    connect(ui->Command4, &QPushButton::clicked, this, &Form1::Command4_Click);
     connect(ui->ComboTipo, &QComboBox::activated, this, &Form1::ComboTipo_Click);
     // By mouse or by keyboard; a list that only gets the focus has nothing chosen yet.
     connect(ui->lstHistoricos, &QListWidget::itemSelectionChanged, this, [this] {
         if (!ui->lstHistoricos->selectedItems().isEmpty())
             lstHistoricos_Click();
+    });
+}
+
+void Form1::atenderDeAUna(QPushButton *boton, void (Form1::*manejador)())
+{
+    connect(boton, &QPushButton::clicked, this, [this, manejador, enCurso = false]() mutable {
+        if (enCurso)
+            return;
+        const QScopedValueRollback curso(enCurso, true);
+        (this->*manejador)();
     });
 }
 

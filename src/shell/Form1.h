@@ -1,7 +1,8 @@
 // The main window: four panels, one for each mode, and the handlers of their elements.
 //
 // Everything runs on the window's thread. Long runs let the window's other handlers run at their
-// yields; no handler guards against being entered again, only the elements that a run hides do.
+// yields, so that one may begin within another; each of the three that wait for the service runs
+// once at a time, which bounds how deep they nest.
 #pragma once
 
 #include "records/tcAlumnos.h"
@@ -13,6 +14,7 @@
 #include <functional>
 #include <memory>
 
+class QPushButton;
 class Verbos;
 struct Servicio;
 
@@ -52,6 +54,9 @@ private:
     void lstHistoricos_Click();
 
     void unirElementos();
+    // Ties a button to its handler. A press that comes while that very handler runs (a held key,
+    // a double click) does nothing: it would be a second login, run or print job inside the first.
+    void atenderDeAUna(QPushButton *boton, void (Form1::*manejador)());
 
     Servicio &m_servicio;
     Verbos &m_verbos;

@@ -6,6 +6,8 @@
 #include "platform/Verbos.h"
 #include "shell/Form1.h"
 
+#include <QComboBox>
+#include <QListWidget>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
@@ -40,6 +42,37 @@ public:
         QTest::mouseClick(boton, Qt::LeftButton, {}, QPoint(8, boton->height() / 2));
     }
 
+    // As a person picks from a drop-down list: by keyboard, which raises the same signal.
+    void elegirEnLista(const char *nombre, const QString &texto) const
+    {
+        auto *combo = elemento<QComboBox>(nombre);
+        const int indice = combo->findText(texto);
+        QVERIFY2(indice >= 0, qPrintable(texto));
+        combo->setFocus();
+        for (int vueltas = 0; combo->currentIndex() != indice && vueltas < 20; ++vueltas)
+            QTest::keyClick(combo, combo->currentIndex() < indice ? Qt::Key_Down : Qt::Key_Up);
+        QCOMPARE(combo->currentText(), texto);
+    }
+
+    void elegirSalon(int fila = 0) const
+    {
+        auto *lista = elemento<QListWidget>("List1");
+        QTest::mouseClick(lista->viewport(), Qt::LeftButton, {},
+                          lista->visualItemRect(lista->item(fila)).center());
+    }
+
+    QList<QMessageBox *> cuadrosAbiertos() const
+    {
+        QList<QMessageBox *> abiertos;
+        const auto ventanas = QApplication::topLevelWidgets();
+        for (QWidget *ventana : ventanas) {
+            auto *cuadro = qobject_cast<QMessageBox *>(ventana);
+            if (cuadro && cuadro->isVisible())
+                abiertos.append(cuadro);
+        }
+        return abiertos;
+    }
+
     void escribirCuenta(const QString &usuario, const QString &clave) const
     {
         elemento<QWidget>("txtUser")->setFocus();
@@ -61,11 +94,8 @@ public:
     {
         QTimer reloj;
         QObject::connect(&reloj, &QTimer::timeout, &form, [this] {
-            const auto ventanas = QApplication::topLevelWidgets();
-            for (QWidget *ventana : ventanas) {
-                auto *cuadro = qobject_cast<QMessageBox *>(ventana);
-                if (!cuadro || !cuadro->isVisible())
-                    continue;
+            const auto cuadros = cuadrosAbiertos();
+            for (QMessageBox *cuadro : cuadros) {
                 mensajes.append(cuadro->text());
                 titulos.append(cuadro->windowTitle());
                 botones.append(static_cast<int>(cuadro->standardButtons()));

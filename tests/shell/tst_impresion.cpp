@@ -12,25 +12,6 @@
 class tst_impresion : public QObject {
     Q_OBJECT
 private:
-    // As a person picks from a drop-down list: by keyboard, which raises the same signal.
-    static void elegirEnLista(const VentanaDePrueba &v, const char *nombre, const QString &texto)
-    {
-        auto *combo = v.elemento<QComboBox>(nombre);
-        const int indice = combo->findText(texto);
-        QVERIFY2(indice >= 0, qPrintable(texto));
-        combo->setFocus();
-        for (int vueltas = 0; combo->currentIndex() != indice && vueltas < 20; ++vueltas)
-            QTest::keyClick(combo, combo->currentIndex() < indice ? Qt::Key_Down : Qt::Key_Up);
-        QCOMPARE(combo->currentText(), texto);
-    }
-
-    static void elegirSalon(const VentanaDePrueba &v, int fila = 0)
-    {
-        auto *lista = v.elemento<QListWidget>("List1");
-        QTest::mouseClick(lista->viewport(), Qt::LeftButton, {},
-                          lista->visualItemRect(lista->item(fila)).center());
-    }
-
     static void abrir(VentanaDePrueba &v)
     {
         v.ingresar();
@@ -68,7 +49,7 @@ private Q_SLOTS:
         QCOMPARE(v.elemento<QLabel>("Label7_2")->text(),
                  QStringLiteral("2. Imprimir Boletines del Periodo"));
         QVERIFY(v.visible("Combo1"));
-        elegirEnLista(v, "ComboTipo", tipo);
+        v.elegirEnLista("ComboTipo", tipo);
         QCOMPARE(v.elemento<QLabel>("Label7_2")->text(), titulo);
         QCOMPARE(v.visible("Combo1"), conPeriodo);
     }
@@ -77,11 +58,11 @@ private Q_SLOTS:
     {
         VentanaDePrueba v;
         abrir(v);
-        elegirEnLista(v, "ComboTipo", QStringLiteral("Boletines"));
-        elegirEnLista(v, "Combo1", QStringLiteral("Periodo 3"));
-        elegirEnLista(v, "ComboTipo", QStringLiteral("Paz Y Salvos"));
+        v.elegirEnLista("ComboTipo", QStringLiteral("Boletines"));
+        v.elegirEnLista("Combo1", QStringLiteral("Periodo 3"));
+        v.elegirEnLista("ComboTipo", QStringLiteral("Paz Y Salvos"));
         QVERIFY(!v.visible("Combo1"));
-        elegirEnLista(v, "ComboTipo", QStringLiteral("Boletines"));
+        v.elegirEnLista("ComboTipo", QStringLiteral("Boletines"));
         QVERIFY(v.visible("Combo1"));
         QCOMPARE(v.elemento<QComboBox>("Combo1")->currentText(), QStringLiteral("Periodo 3"));
     }
@@ -90,7 +71,7 @@ private Q_SLOTS:
     {
         VentanaDePrueba v;
         abrir(v);
-        elegirSalon(v);
+        v.elegirSalon();
         v.conCuadros([&] { v.clic("Command2"); });
         QCOMPARE(v.mensajes, QStringList());
         QCOMPARE(v.e.destinos(), QStringList());
@@ -100,8 +81,8 @@ private Q_SLOTS:
     {
         VentanaDePrueba v;
         abrir(v);
-        elegirEnLista(v, "ComboTipo", QStringLiteral("Boletines"));
-        elegirEnLista(v, "Combo1", QStringLiteral("Periodo 1"));
+        v.elegirEnLista("ComboTipo", QStringLiteral("Boletines"));
+        v.elegirEnLista("Combo1", QStringLiteral("Periodo 1"));
         v.elemento("List1")->setFocus();
         v.conCuadros([&] { v.clic("Command2"); });
         QCOMPARE(v.mensajes, QStringList({QStringLiteral("Seleccione un Salon")}));
@@ -112,8 +93,8 @@ private Q_SLOTS:
     {
         VentanaDePrueba v;
         abrir(v);
-        elegirEnLista(v, "ComboTipo", QStringLiteral("Boletines"));
-        elegirSalon(v);
+        v.elegirEnLista("ComboTipo", QStringLiteral("Boletines"));
+        v.elegirSalon();
         v.conCuadros([&] { v.clic("Command2"); });
         QCOMPARE(v.mensajes, QStringList({QStringLiteral("Seleccione el Periodo")}));
         QCOMPARE(v.e.destinos(), QStringList());
@@ -123,9 +104,9 @@ private Q_SLOTS:
     {
         VentanaDePrueba v;
         abrir(v);
-        elegirEnLista(v, "ComboTipo", QStringLiteral("Boletines"));
-        elegirEnLista(v, "Combo1", QStringLiteral("Periodo 2"));
-        elegirSalon(v);
+        v.elegirEnLista("ComboTipo", QStringLiteral("Boletines"));
+        v.elegirEnLista("Combo1", QStringLiteral("Periodo 2"));
+        v.elegirSalon();
         v.elegir("Option2_1");
         Falla demora;
         demora.clase = Falla::Demora;
@@ -151,8 +132,8 @@ private Q_SLOTS:
     {
         VentanaDePrueba v;
         abrir(v);
-        elegirEnLista(v, "ComboTipo", QStringLiteral("Observador"));
-        elegirSalon(v);
+        v.elegirEnLista("ComboTipo", QStringLiteral("Observador"));
+        v.elegirSalon();
         v.elegir("Option2_1");
         v.conCuadros([&] { v.clic("Command2"); });
         QCOMPARE(v.e.listar(QStringLiteral("123-2010/archivos/observador")).size(), 2);
@@ -163,8 +144,8 @@ private Q_SLOTS:
         VentanaDePrueba v;
         abrir(v);
         v.e.responder("tipo=matrix&salon=", "");
-        elegirEnLista(v, "ComboTipo", QStringLiteral("Paz Y Salvos"));
-        elegirSalon(v);
+        v.elegirEnLista("ComboTipo", QStringLiteral("Paz Y Salvos"));
+        v.elegirSalon();
         v.conCuadros([&] { v.clic("Command2"); });
         QCOMPARE(v.mensajes, QStringList());
         QCOMPARE(v.elemento<QProgressBar>("Barra3")->value(), 0);
@@ -177,8 +158,8 @@ private Q_SLOTS:
         {
             VentanaDePrueba v;
             abrir(v);
-            elegirEnLista(v, "ComboTipo", QStringLiteral("Hoja Matricula"));
-            elegirSalon(v);
+            v.elegirEnLista("ComboTipo", QStringLiteral("Hoja Matricula"));
+            v.elegirSalon();
             v.elegir("Option2_1");
             v.e.responder("tipo=matrix&salon=", "77,<b>ANA</b>");
             v.conCuadros([&] { v.clic("Command2"); });
@@ -193,8 +174,8 @@ private Q_SLOTS:
         {
             VentanaDePrueba v;
             abrir(v);
-            elegirEnLista(v, "ComboTipo", QStringLiteral("Paz Y Salvos"));
-            elegirSalon(v);
+            v.elegirEnLista("ComboTipo", QStringLiteral("Paz Y Salvos"));
+            v.elegirSalon();
             v.conCuadros([&] {
                 QTimer vigia;
                 connect(&vigia, &QTimer::timeout, this, [&] {

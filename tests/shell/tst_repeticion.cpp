@@ -1,0 +1,211 @@
+// Presses that come again while their handler still runs: a held key, a double click, assistive
+// technology, which also reaches the window behind a message box. And, with them, how deep the
+// window's waits can nest at the most.
+#include "shell/VentanaDePrueba.h"
+
+#include <QKeyEvent>
+#include <QLabel>
+#include <QRadioButton>
+
+#include <functional>
+
+namespace {
+
+constexpr int presiones = 60;
+
+// Repeats something at turns of the event loop, those of nested waits included, while it lives.
+class Repeticion {
+public:
+    explicit Repeticion(std::function<void()> hacer) : m_hacer(std::move(hacer)) { otra(); }
+
+private:
+    void otra()
+    {
+        QTimer::singleShot(1, &m_vida, [this] {
+            otra(); // first: what is done may wait
+            m_hacer();
+        });
+    }
+
+    QObject m_vida;
+    std::function<void()> m_hacer;
+};
+
+void retener(VentanaDePrueba &v, const QByteArrayList &fragmentos)
+{
+    Falla falla;
+    falla.clase = Falla::Retenida;
+    for (const QByteArray &fragmento : fragmentos)
+        v.e.demo.fallar(fragmento, falla);
+}
+
+qsizetype cuantas(const VentanaDePrueba &v, const QByteArrayList &fragmentos)
+{
+    const auto peticiones = v.e.demo.peticiones();
+    return std::count_if(peticiones.begin(), peticiones.end(), [&](const Peticion &peticion) {
+        return std::any_of(fragmentos.begin(), fragmentos.end(), [&](const QByteArray &fragmento) {
+            return peticion.destino.contains(fragmento);
+        });
+    });
+}
+
+// As assistive technology does: from any panel, and whatever stands before the window.
+void pulsar(const VentanaDePrueba &v, const QByteArray &nombre)
+{
+    static const QHash<QByteArray, const char *> modos = {
+        {"Command1", "Option1_0"}, {"Command2", "Option1_2"}, {"Command3", "Option1_1"}};
+    v.elemento<QRadioButton>(modos.value(nombre))->click();
+    auto *boton = v.elemento<QPushButton>(nombre.constData());
+    if (boton->isVisible() && boton->isEnabled())
+        boton->click();
+}
+
+} // namespace
+
+class tst_repeticion : public QObject {
+    Q_OBJECT
+private:
+    static constexpr auto login = "login.php";
+    static constexpr auto salones = "salones.php";   // the last request of a login
+    static constexpr auto guiones = "/jscript/";     // the first of an archive run
+    static constexpr auto alumnos = "matrix&salon="; // the first of a print job
+
+    static void prepararImpresion(VentanaDePrueba &v)
+    {
+        v.elegirEnLista("ComboTipo", QStringLiteral("Paz Y Salvos"));
+        v.elegirSalon();
+        v.elegir("Option2_1");
+    }
+
+private Q_SLOTS:
+    void enterSostenido_esUnSoloIngreso()
+    {
+        VentanaDePrueba v;
+        retener(v, {login});
+        v.escribirCuenta(QStringLiteral("secretaria"), QStringLiteral("demo2010"));
+        auto *casilla = v.elemento("txtPwd");
+        int pulsos = 0;
+        const Repeticion tecla([&] {
+            if (++pulsos == presiones)
+                v.e.demo.quitarFallas();
+            QKeyEvent otra(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"),
+                           true);
+            if (pulsos < presiones)
+                QApplication::sendEvent(casilla, &otra);
+        });
+        QTest::keyClick(casilla, Qt::Key_Return);
+        QVERIFY(pulsos >= presiones);
+        QCOMPARE(cuantas(v, {login}), 1);
+        QCOMPARE(v.elemento<QLabel>("Label5")->text(), QStringLiteral("Conectado OK:123"));
+        QCOMPARE(cuantas(v, {salones}), 1);
+    }
+
+    void dobleClicEnImprimir_esUnSoloTrabajo()
+    {
+        VentanaDePrueba v;
+        v.ingresar();
+        v.elegir("Option1_2");
+        prepararImpresion(v);
+        v.e.demo.olvidarPeticiones();
+        retener(v, {alumnos});
+        int clics = 0;
+        const Repeticion mano([&] {
+            if (++clics == presiones)
+                v.e.demo.quitarFallas();
+            if (clics < presiones)
+                v.clic("Command2");
+        });
+        v.clic("Command2");
+        QVERIFY(clics >= presiones);
+        QCOMPARE(cuantas(v, {alumnos}), 1);
+        QCOMPARE(cuantas(v, {"/pazYsalvo/"}), 2); // one a student
+    }
+
+    void trabajoTerminado_puedeEmpezarDeNuevo()
+    {
+        VentanaDePrueba v;
+        v.ingresar();
+        v.elegir("Option1_2");
+        prepararImpresion(v);
+        v.clic("Command2");
+        v.clic("Command2");
+        QCOMPARE(cuantas(v, {"/pazYsalvo/"}), 4);
+    }
+
+    // Every wait begins in one of three handlers, each of which runs once at a time. A print job
+    // asks for something only once the classrooms are there, with which the login ends: so no
+    // more than two requests are ever out at once, and a box above them.
+    void nidoMasHondo_esDeTresManejadores_data()
+    {
+        QTest::addColumn<bool>("conIngreso");
+        QTest::addColumn<QByteArrayList>("botones");
+        QTest::addColumn<qsizetype>("peticiones");
+        QTest::addColumn<qsizetype>("cuadros");
+        QTest::newRow("run, print job")
+            << true << QByteArrayList{"Command3", "Command2"} << qsizetype(2) << qsizetype(0);
+        QTest::newRow("print job, run")
+            << true << QByteArrayList{"Command2", "Command3"} << qsizetype(2) << qsizetype(0);
+        QTest::newRow("login, run, box of a print job without classrooms")
+            << false << QByteArrayList{"Command1", "Command3", "Command2"} << qsizetype(2)
+            << qsizetype(1);
+    }
+    void nidoMasHondo_esDeTresManejadores()
+    {
+        QFETCH(bool, conIngreso);
+        QFETCH(QByteArrayList, botones);
+        QFETCH(qsizetype, peticiones);
+        QFETCH(qsizetype, cuadros);
+        VentanaDePrueba v;
+        if (conIngreso) {
+            v.ingresar();
+            v.elegir("Option1_2");
+            prepararImpresion(v);
+            v.e.demo.olvidarPeticiones();
+        } else {
+            v.elemento<QComboBox>("ComboTipo")->setCurrentIndex(3);
+            v.escribirCuenta(QStringLiteral("secretaria"), QStringLiteral("demo2010"));
+        }
+        const QByteArrayList retenidos = {salones, guiones, alumnos};
+        retener(v, retenidos);
+
+        qsizetype dados = 0; // of `botones`
+        int vueltas = 0;
+        QStringList mensajes;
+        const auto fondo = [&] {
+            return cuantas(v, retenidos) == peticiones && v.cuadrosAbiertos().size() == cuadros;
+        };
+        bool fondoSiempre = true;
+        const auto bajar = [&] {
+            if (dados == botones.size() || cuantas(v, retenidos) != dados)
+                return;
+            pulsar(v, botones[dados++]);
+        };
+        const Repeticion mano([&] {
+            if (dados < botones.size() || (vueltas == 0 && !fondo()))
+                return bajar();
+            if (++vueltas < presiones) {
+                for (const char *boton : {"Command1", "Command2", "Command3"})
+                    pulsar(v, boton);
+                fondoSiempre = fondoSiempre && fondo();
+                return;
+            }
+            v.e.demo.quitarFallas();
+            const auto abiertos = v.cuadrosAbiertos();
+            for (QMessageBox *cuadro : abiertos) {
+                mensajes.append(cuadro->text());
+                cuadro->button(QMessageBox::Ok)->click();
+            }
+        });
+        bajar();
+        QVERIFY(vueltas >= presiones);
+        QVERIFY(fondoSiempre);
+        QCOMPARE(v.elemento<QLabel>("Label5")->text(), QStringLiteral("Conectado OK:123"));
+        QCOMPARE(mensajes.count(QStringLiteral("Listo Historico")), 1);
+        QCOMPARE(mensajes.count(QStringLiteral("Seleccione un Salon")), cuadros);
+        QCOMPARE(cuantas(v, {"/pazYsalvo/"}), cuadros == 0 ? 2 : 0);
+        QCOMPARE(cuantas(v, {"/jscript/"}), 2);
+    }
+};
+
+QTEST_MAIN(tst_repeticion)
+#include "tst_repeticion.moc"
