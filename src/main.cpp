@@ -1,9 +1,7 @@
 #include "shell/programa.h"
 
-#include <QApplication>
-
-int main(int argc, char *argv[])
+int main(int, char *argv[])
 {
-    const QApplication aplicacion(argc, argv);
-    return correrPrograma(QStringLiteral(PARVANEL_SERVICE_BASE));
+    Programa programa(argv[0]);
+    return programa.correr(QStringLiteral(PARVANEL_SERVICE_BASE));
 }

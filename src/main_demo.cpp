@@ -2,17 +2,15 @@
 #include "demostracion/ServicioDemo.h"
 #include "shell/programa.h"
 
-#include <QApplication>
-
 #include <iostream>
 
-int main(int argc, char *argv[])
+int main(int, char *argv[])
 {
-    const QApplication aplicacion(argc, argv);
+    Programa programa(argv[0]);
     qputenv("no_proxy", "127.0.0.1"); // a proxy of the desktop does not reach this service
     const ServicioDemo servicio;
     const CuentaDemo &cuenta = servicio.escuela().cuentas.first();
     std::cout << "Usuario: " << cuenta.usuario.toStdString()
               << "\nContraseña: " << cuenta.clave.toStdString() << std::endl;
-    return correrPrograma(servicio.base());
+    return programa.correr(servicio.base());
 }

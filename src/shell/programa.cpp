@@ -5,7 +5,6 @@
 #include "service/Servicio.h"
 #include "shell/Form1.h"
 
-#include <QApplication>
 #include <QDir>
 #include <QIcon>
 #include <QLibraryInfo>
@@ -14,11 +13,15 @@
 
 #include <cstdlib>
 
-int correrPrograma(const QString &ServiceBase)
+Programa::Programa(char *nombre)
+    : m_argumentos{nombre, nullptr}, m_aplicacion(m_cuantos, m_argumentos.data())
 {
     QApplication::setApplicationName(QStringLiteral("Parvanel"));
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/logo.svg")));
+}
 
+int Programa::correr(const QString &ServiceBase)
+{
     // The menus of text boxes and the like; without the file they stay in English.
     QTranslator traductor;
     if (traductor.load(QLocale(QLocale::Spanish), QStringLiteral("qtbase"), QStringLiteral("_"),

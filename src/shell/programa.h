@@ -1,8 +1,25 @@
 // The program from the application's start to its end, for the two mains.
 #pragma once
 
+#include <QApplication>
 #include <QString>
 
-// Names the application, shows the window for the service at `ServiceBase` and turns the event
-// loop. A QApplication exists. Does not return once the window has been closed.
-int correrPrograma(const QString &ServiceBase);
+#include <array>
+
+class Programa {
+public:
+    // Starts the application, which must be there before anything that draws or waits. The
+    // program takes no command line: of all arguments its library sees the first alone, the
+    // program's own name, since it has options of its own that would change the window.
+    // `nombre` must outlive the object.
+    explicit Programa(char *nombre);
+
+    // Shows the window for the service at `ServiceBase` and turns the event loop. Does not return
+    // once the window has been closed.
+    int correr(const QString &ServiceBase);
+
+private:
+    int m_cuantos = 1; // the library keeps references to both
+    std::array<char *, 2> m_argumentos;
+    QApplication m_aplicacion;
+};

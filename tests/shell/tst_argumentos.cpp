@@ -1,0 +1,41 @@
+// The programs take no command line: what stands on it reaches neither them nor their library.
+#include <QFile>
+#include <QProcess>
+#include <QTest>
+
+class tst_argumentos : public QObject {
+    Q_OBJECT
+private:
+    // Whether the process has the platform plugin of windows without a screen loaded, which the
+    // tests' environment names.
+    static bool dibujaSinPantalla(qint64 pid)
+    {
+        QFile mapas(QStringLiteral("/proc/%1/maps").arg(pid));
+        return mapas.open(QIODevice::ReadOnly) && mapas.readAll().contains("libqoffscreen.so");
+    }
+
+private Q_SLOTS:
+    void opcionesDeLaBiblioteca_noLaAlcanzan_data()
+    {
+        QTest::addColumn<QString>("programa");
+        QTest::newRow("parvanel") << QStringLiteral(PROGRAMA);
+        QTest::newRow("parvanel-demo") << QStringLiteral(PROGRAMA_DEMO);
+    }
+    void opcionesDeLaBiblioteca_noLaAlcanzan()
+    {
+        QFETCH(QString, programa);
+        QProcess proceso;
+        proceso.start(programa, {QStringLiteral("-platform"), QStringLiteral("ninguna")});
+        QVERIFY(proceso.waitForStarted());
+        // With the option taken, the process ends for want of that plugin.
+        QTRY_VERIFY_WITH_TIMEOUT(dibujaSinPantalla(proceso.processId())
+                                     || proceso.state() == QProcess::NotRunning,
+                                 60000);
+        QCOMPARE(proceso.state(), QProcess::Running);
+        proceso.kill();
+        QVERIFY(proceso.waitForFinished());
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_argumentos)
+#include "tst_argumentos.moc"
