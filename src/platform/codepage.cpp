@@ -29,10 +29,12 @@ std::optional<char> byteDe(char16_t c)
 template <typename Cambio>
 QString cambiarLetras(QString texto, Cambio cambio)
 {
-    for (QChar &c : texto) {
+    // Most identifiers have nothing to change, and then the text stays the caller's own.
+    for (qsizetype i = 0; i < texto.size(); ++i) {
+        const QChar c = texto.at(i);
         const QChar otra = cambio(c);
         if (otra != c && byteDe(otra.unicode()))
-            c = otra;
+            texto[i] = otra;
     }
     return texto;
 }

@@ -18,16 +18,15 @@ void imprimirMatriculas(Servicio &servicio, PanelImpresion &panel, Verbos &verbo
     const QString rta = pasosTrabajo::pedirLista(servicio, QStringLiteral("alumnos.php"), *salon);
     // The box is part of the job: the secretary sees whose sheets are about to be printed.
     panel.mensaje(rta);
-    const QStringList filas = matriz::filas(rta);
-    panel.empezar(static_cast<int>(filas.size()) - 1);
-    for (const QString &renglon : filas) {
+    panel.empezar(static_cast<int>(matriz::cuantasFilas(rta)) - 1);
+    for (const QStringView renglon : matriz::filas(rta)) {
         panel.avanzar();
         if (renglon.isEmpty())
             continue;
         // Whether printing is chosen is not asked: the sheets are there already, and printing
         // them is all that this job does.
-        pasosTrabajo::imprimir(
-            servicio, verbos, carpeta + matriz::campos(renglon).value(0) + QStringLiteral(".html"));
+        pasosTrabajo::imprimir(servicio, verbos,
+                               carpeta + matriz::campo(renglon, 0) + QStringLiteral(".html"));
     }
     pasosTrabajo::traerImagenes(servicio, {imagenes::delColegio(QStringLiteral("logo.png"))});
     panel.terminar();

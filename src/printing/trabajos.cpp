@@ -56,13 +56,13 @@ void correr(const FilaTrabajo &fila, Servicio &servicio, PanelImpresion &panel, 
     const Valores valores = valoresDe(fila, servicio, periodo);
     for (const QString &carpeta : fila.carpetas)
         crearCarpeta(servicio, completar(carpeta, valores));
-    const QStringList filas = matriz::filas(pasosTrabajo::pedirLista(servicio, fila.lista, *salon));
-    panel.empezar(static_cast<int>(filas.size()) - 1);
-    for (const QString &renglon : filas) {
+    const QString rta = pasosTrabajo::pedirLista(servicio, fila.lista, *salon);
+    panel.empezar(static_cast<int>(matriz::cuantasFilas(rta)) - 1);
+    for (const QStringView renglon : matriz::filas(rta)) {
         panel.avanzar();
         if (renglon.isEmpty())
             continue;
-        const QString codigo = matriz::campos(renglon, fila.separador).value(0);
+        const QString codigo = matriz::campo(renglon, 0, fila.separador);
         const QString documento = guardarDocumento(fila, codigo, valores, servicio);
         if (panel.descargarEImprimir())
             pasosTrabajo::imprimir(servicio, verbos, documento);

@@ -3,30 +3,23 @@
 
 namespace matriz {
 
-QStringList filas(const QString &rta)
+qsizetype cuantasFilas(QStringView rta)
 {
-    return rta.isEmpty() ? QStringList() : rta.split(QChar(u'\u00AE'));
+    return rta.isEmpty() ? 0 : rta.count(entreFilas) + 1;
 }
 
-QStringList campos(const QString &fila, const QString &separador)
+QString campo(QStringView fila, qsizetype indice, QStringView separador)
 {
-    return fila.split(separador);
-}
-
-QList<QStringList> registros(const QString &rta)
-{
-    QList<QStringList> resultado;
-    const QStringList todas = filas(rta);
-    for (const QString &fila : todas) {
-        if (!fila.isEmpty())
-            resultado.append(campos(fila));
+    for (const QStringView uno : qTokenize(fila, separador)) {
+        if (indice-- == 0)
+            return uno.toString();
     }
-    return resultado;
+    return QString();
 }
 
-QString identificador(const QStringList &campos)
+QString identificador(QStringView fila)
 {
-    return sinSaltos(campos.value(0));
+    return sinSaltos(campo(fila, 0));
 }
 
 } // namespace matriz

@@ -1,22 +1,28 @@
-// The service's list format: rows separated by "®", fields by ",".
+// The service's list format: rows separated by "®", fields by ",". A list may be long and is read
+// where it stands: rows are views of the reply, which must outlive them, and a field is copied
+// when it is asked for.
 #pragma once
 
-#include <QList>
 #include <QString>
-#include <QStringList>
+#include <QStringTokenizer>
+#include <QStringView>
 
 namespace matriz {
 
-// The rows of a reply, empty ones included; an empty reply has no rows.
-QStringList filas(const QString &rta);
+inline constexpr QChar entreFilas = u'\u00AE';
 
-// The fields of one row, untrimmed. Missing ones are read as empty with value().
-QStringList campos(const QString &fila, const QString &separador = QStringLiteral(","));
+// The rows of a reply one after the other, empty ones included; an empty reply has no rows.
+inline auto filas(QStringView rta)
+{
+    return qTokenize(rta, entreFilas, rta.isEmpty() ? Qt::SkipEmptyParts : Qt::KeepEmptyParts);
+}
 
-// The fields of every row that makes a record: an empty row makes none.
-QList<QStringList> registros(const QString &rta);
+qsizetype cuantasFilas(QStringView rta);
+
+// One field of a row, counted from 0, untrimmed; empty when the row has fewer.
+QString campo(QStringView fila, qsizetype indice, QStringView separador = u",");
 
 // A row's identifier, which is also its key: field 0 without its line breaks.
-QString identificador(const QStringList &campos);
+QString identificador(QStringView fila);
 
 } // namespace matriz

@@ -8,10 +8,11 @@ tcAlumnos::Referencia tcAlumnos::Add(const QString &id, const QString &nombre, c
 
 void tcAlumnos::Fcargar(const QString &rta)
 {
-    const auto registros = matriz::registros(rta);
-    for (const QStringList &campos : registros) {
-        const QString clave = matriz::identificador(campos);
-        Add(clave, campos.value(1), clave);
+    for (const QStringView fila : matriz::filas(rta)) {
+        if (fila.isEmpty())
+            continue;
+        const QString clave = matriz::identificador(fila);
+        Add(clave, matriz::campo(fila, 1), clave);
     }
 }
 

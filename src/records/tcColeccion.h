@@ -22,7 +22,7 @@ public:
         if (m_porClave.contains(plegada))
             return false;
         m_porClave.insert(plegada, registro);
-        m_enOrden.append({plegada, registro});
+        m_enOrden.append(registro);
         return true;
     }
 
@@ -31,7 +31,7 @@ public:
     // The record at a position counted from 1, or under a key; null when there is none.
     Referencia item(int posicion) const
     {
-        return posicion >= 1 && posicion <= count() ? m_enOrden[posicion - 1].registro : nullptr;
+        return posicion >= 1 && posicion <= count() ? m_enOrden[posicion - 1] : nullptr;
     }
     Referencia item(const QString &clave) const
     {
@@ -43,34 +43,19 @@ public:
     {
         if (posicion < 1 || posicion > count())
             return false;
-        m_porClave.remove(m_enOrden.takeAt(posicion - 1).clave);
+        m_porClave.remove(m_porClave.key(m_enOrden.takeAt(posicion - 1)));
         return true;
     }
     bool remove(const QString &clave)
     {
-        const QString plegada = codepage::enMinusculas(clave);
-        for (int posicion = 1; posicion <= count(); ++posicion) {
-            if (m_enOrden[posicion - 1].clave == plegada)
-                return remove(posicion);
-        }
-        return false;
+        const Referencia registro = m_porClave.take(codepage::enMinusculas(clave));
+        return registro && m_enOrden.removeOne(registro);
     }
 
     // The records in insertion order, as they are now.
-    QList<Referencia> enOrden() const
-    {
-        QList<Referencia> registros;
-        registros.reserve(m_enOrden.size());
-        for (const Entrada &entrada : m_enOrden)
-            registros.append(entrada.registro);
-        return registros;
-    }
+    QList<Referencia> enOrden() const { return m_enOrden; }
 
 private:
-    struct Entrada {
-        QString clave; // in lower case
-        Referencia registro;
-    };
-    QList<Entrada> m_enOrden;
-    QHash<QString, Referencia> m_porClave;
+    QList<Referencia> m_enOrden;
+    QHash<QString, Referencia> m_porClave; // by the key in lower case
 };

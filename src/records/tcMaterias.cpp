@@ -10,10 +10,11 @@ tcMaterias::Referencia tcMaterias::Add(const QString &id, const QString &nombre,
 
 void tcMaterias::Fcargar(const QString &rta)
 {
-    const auto registros = matriz::registros(rta);
-    for (const QStringList &campos : registros) {
-        const QString clave = matriz::identificador(campos);
-        Add(clave, campos.value(1), campos.value(2), clave);
+    for (const QStringView fila : matriz::filas(rta)) {
+        if (fila.isEmpty())
+            continue;
+        const QString clave = matriz::identificador(fila);
+        Add(clave, matriz::campo(fila, 1), matriz::campo(fila, 2), clave);
         ceder();
     }
 }

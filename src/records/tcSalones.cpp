@@ -8,13 +8,15 @@ tcSalones::Referencia tcSalones::Add(const QString &id, const QString &salon, co
 
 void tcSalones::Fcargar(const QString &rta)
 {
-    const auto registros = matriz::registros(rta);
-    for (const QStringList &campos : registros) {
-        const QString clave = matriz::identificador(campos);
+    for (const QStringView fila : matriz::filas(rta)) {
+        if (fila.isEmpty())
+            continue;
+        const QString clave = matriz::identificador(fila);
+        const QString salon = matriz::campo(fila, 1);
         // The line shows the identifier as it came, line breaks included.
         Q_EMIT
-        nuevaLinea(campos.value(0) + QStringLiteral("   : ") + campos.value(1));
-        Add(clave, campos.value(1), clave);
+        nuevaLinea(matriz::campo(fila, 0) + QStringLiteral("   : ") + salon);
+        Add(clave, salon, clave);
     }
 }
 

@@ -21,34 +21,40 @@ private Q_SLOTS:
     {
         QFETCH(QString, rta);
         QFETCH(QStringList, filas);
-        QCOMPARE(matriz::filas(rta), filas);
+        QStringList leidas;
+        for (const QStringView fila : matriz::filas(rta))
+            leidas.append(fila.toString());
+        QCOMPARE(leidas, filas);
+        QCOMPARE(matriz::cuantasFilas(rta), filas.size());
     }
 
-    void registros_pasanPorAltoLasFilasVacias()
+    void campo_noSeRecorta()
     {
-        const auto registros = matriz::registros(QStringLiteral("®5,A®®6®"));
-        QCOMPARE(registros.size(), 2);
-        QCOMPARE(registros[0], QStringList({QStringLiteral("5"), QStringLiteral("A")}));
-        QCOMPARE(registros[1], QStringList({QStringLiteral("6")}));
+        const QString fila = QStringLiteral(" 8, PEDRO ");
+        QCOMPARE(matriz::campo(fila, 0), QStringLiteral(" 8"));
+        QCOMPARE(matriz::campo(fila, 1), QStringLiteral(" PEDRO "));
     }
 
-    void campos_noSeRecortan()
+    void campoQueFalta_estaVacio()
     {
-        QCOMPARE(matriz::campos(QStringLiteral(" 8, PEDRO ")),
-                 QStringList({QStringLiteral(" 8"), QStringLiteral(" PEDRO ")}));
+        QCOMPARE(matriz::campo(u"6", 1), QString());
+        QCOMPARE(matriz::campo(u"6,", 1), QString());
+        QCOMPARE(matriz::campo(u"", 0), QString());
+        QCOMPARE(matriz::campo(u",,C", 2), QStringLiteral("C"));
     }
 
     void otroSeparador_dejaLasComasEnSuCampo()
     {
-        QCOMPARE(matriz::campos(QStringLiteral("9@|@ARTES, DANZA@|@x"), QStringLiteral("@|@")),
-                 QStringList(
-                     {QStringLiteral("9"), QStringLiteral("ARTES, DANZA"), QStringLiteral("x")}));
+        const QString fila = QStringLiteral("9@|@ARTES, DANZA@|@x");
+        QCOMPARE(matriz::campo(fila, 0, u"@|@"), QStringLiteral("9"));
+        QCOMPARE(matriz::campo(fila, 1, u"@|@"), QStringLiteral("ARTES, DANZA"));
+        QCOMPARE(matriz::campo(fila, 2, u"@|@"), QStringLiteral("x"));
     }
 
     void identificador_pierdeSusSaltos()
     {
-        QCOMPARE(matriz::identificador({QStringLiteral("\r7\n\r\n")}), QStringLiteral("7"));
-        QCOMPARE(matriz::identificador({}), QString());
+        QCOMPARE(matriz::identificador(u"\r7\n\r\n,SEPTIMO"), QStringLiteral("7"));
+        QCOMPARE(matriz::identificador(u""), QString());
     }
 };
 
