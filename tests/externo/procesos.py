@@ -37,7 +37,7 @@ class Camada:
     def __init__(self):
         _libc.prctl(PR_SET_CHILD_SUBREAPER, 1, 0, 0, 0)
         # Descendants of this process that were there before are none of ours.
-        self._ajenos = set(_descendientes(os.getpid()))
+        self._ajenos = set(descendientes(os.getpid()))
         self._procesos = []
 
     def lanzar(self, argumentos, **opciones):
@@ -76,7 +76,7 @@ class Camada:
 
     def _huerfanos(self):
         _recoger_muertos(self._ajenos)
-        return [p for p in _descendientes(os.getpid()) if p not in self._ajenos]
+        return [p for p in descendientes(os.getpid()) if p not in self._ajenos]
 
 
 def _senalar(pid, senal):
@@ -87,7 +87,7 @@ def _senalar(pid, senal):
 
 
 def _recoger_muertos(ajenos):
-    for pid in _descendientes(os.getpid(), directos=True):
+    for pid in descendientes(os.getpid(), directos=True):
         if pid in ajenos:
             continue
         try:
@@ -96,7 +96,8 @@ def _recoger_muertos(ajenos):
             pass
 
 
-def _descendientes(raiz, directos=False):
+def descendientes(raiz, directos=False):
+    """The processes that descend from this one; with `directos` its children alone."""
     hijos = {}
     for entrada in Path("/proc").iterdir():
         if not entrada.name.isdigit():
