@@ -4,7 +4,9 @@
 // (the existing spelling wins, a new entry gets the spelling asked for) and stored as UTF-8.
 // Nothing is ever created, changed or deleted outside the archive root: a path that leaves it,
 // through "..", through a link or by naming another folder, makes the operation fail, as does a
-// name that Windows refuses. No operation throws or shows anything; failure is the return value.
+// name that Windows refuses. An operation on a file fails as well for a path that leads to anything
+// but a regular file. No operation throws, waits for another process or shows anything; failure
+// is the return value.
 #pragma once
 
 #include <QByteArray>
@@ -16,21 +18,23 @@
 #include <optional>
 
 // A file that is being received. It is written under a temporary name in the folder of its path
-// and takes its own name only when it is whole; destroyed before that, it leaves no file.
+// and takes its own name only when it is whole; destroyed before that, it leaves no file. It must
+// not outlive the DriveC that gave it.
 class ArchivoEntrante {
 public:
     virtual ~ArchivoEntrante() = default;
     // Where the bytes go; open for writing.
     virtual QIODevice &dispositivo() = 0;
     // Gives the file its name, in place of an earlier file. False: a byte could not be written,
-    // or the name could not be given.
+    // the name could not be given, or the folder is no longer where it was.
     virtual bool publicar() = 0;
 };
 
 class DriveC {
 public:
-    // `carpetaPersonal` is the native folder that C:\ stands for; `raiz` the one folder in it
-    // that the program may write to.
+    // `carpetaPersonal` is the absolute native folder that C:\ stands for; `raiz` the one folder
+    // in it that the program may write to. Any other `carpetaPersonal`, an empty one too, makes a
+    // drive C that is not there: every operation fails.
     explicit DriveC(const QString &carpetaPersonal,
                     const QString &raiz = QStringLiteral("Quorvela"));
     ~DriveC();
@@ -49,7 +53,8 @@ public:
     std::optional<qint64> largo(const QString &ruta) const;
 
     // Adds the bytes at the end of a file, which is made if missing. False when not all could
-    // be written; what was written stays.
+    // be written; what was written stays. False also for a file that has another name as well (a
+    // hard link): it would change under that name too, which may stand outside of the archive.
     bool agregar(const QString &ruta, const QByteArray &bytes);
 
     // Begins to receive a file; null when it cannot be written at that path.

@@ -1,274 +1,153 @@
+#include "platform/ArchivoEntrante_linux.h"
 #include "platform/DriveC.h"
-#include "platform/codepage.h"
+#include "platform/RaizArchivo_linux.h"
 #include "platform/rutaWindows.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QHash>
 
 #include <algorithm>
-#include <cstdio>
+#include <cerrno>
 
-#include <sys/stat.h>
-#include <unistd.h>
+#include <fcntl.h>
 
 namespace {
 
-// Counts the temporary names of this process, so that two downloads that are under way at once
-// never share one.
-unsigned siguienteTemporal()
-{
-    static unsigned contador = 0;
-    return ++contador;
-}
-
-QString plegado(const QString &nombre)
-{
-    return nombre.toCaseFolded();
-}
-
-// When a folder last changed: names may be looked up in a remembered listing for as long as this
-// stays the same.
-struct Momento {
-    qint64 segundos = -1;
-    qint64 nanosegundos = -1;
-    bool operator==(const Momento &) const = default;
-};
-
-std::optional<Momento> cambioDe(const QString &carpeta)
-{
-    struct stat datos = {};
-    if (::stat(QFile::encodeName(carpeta).constData(), &datos) != 0 || !S_ISDIR(datos.st_mode))
-        return std::nullopt;
-    return Momento{datos.st_mtim.tv_sec, datos.st_mtim.tv_nsec};
-}
-
-bool existeEntrada(const QString &nativa)
-{
-    struct stat datos = {};
-    return ::lstat(QFile::encodeName(nativa).constData(), &datos) == 0;
-}
-
-bool esEnlace(const QString &nativa)
-{
-    struct stat datos = {};
-    return ::lstat(QFile::encodeName(nativa).constData(), &datos) == 0 && S_ISLNK(datos.st_mode);
-}
+using Queda = NombresDeCarpeta::Queda;
 
 // A link that is only another spelling of its neighbour.
 bool esOtraEscritura(const QFileInfo &entrada)
 {
     if (!entrada.isSymLink())
         return false;
-    const QString destino = QFile::symLinkTarget(entrada.filePath());
-    return QFileInfo(destino).absolutePath() == entrada.absolutePath()
-           && plegado(QFileInfo(destino).fileName()) == plegado(entrada.fileName());
+    const QFileInfo destino(QFile::symLinkTarget(entrada.filePath()));
+    return destino.absolutePath() == entrada.absolutePath()
+           && destino.fileName().toCaseFolded() == entrada.fileName().toCaseFolded();
+}
+
+bool escribirTodo(Descriptor &archivo, const QByteArray &bytes)
+{
+    qsizetype escritos = 0;
+    while (escritos < bytes.size()) {
+        const ssize_t estaVez = ::write(archivo.numero(), bytes.constData() + escritos,
+                                        static_cast<size_t>(bytes.size() - escritos));
+        if (estaVez > 0)
+            escritos += estaVez;
+        else if (estaVez == 0 || errno != EINTR)
+            return false;
+    }
+    return archivo.cerrar();
+}
+
+constexpr int paraAgregar = O_WRONLY | O_APPEND | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
+
+// Opens a file that stands there, and none that somebody put in its place meanwhile: opening a
+// pipe would wait, and a file with a second name would change under that name as well.
+Descriptor abrirExistente(int carpeta, const QString &nombre)
+{
+    Descriptor archivo(::openat(carpeta, enDisco(nombre).constData(), paraAgregar));
+    struct stat datos = {};
+    if (!archivo || ::fstat(archivo.numero(), &datos) != 0 || !S_ISREG(datos.st_mode)
+        || datos.st_nlink != 1)
+        return {};
+    return archivo;
 }
 
 } // namespace
 
 class DriveC::Interno {
 public:
-    struct Listado {
-        Momento cambio;
-        QHash<QString, QString> nombres; // folded name -> spelling on the disk
-    };
+    Interno(const QString &personal, const QString &nombreRaiz) : raiz(personal, nombreRaiz) {}
 
-    QString personal;
-    QString raiz;
-    QHash<QString, Listado> listados; // native folder -> what it holds
+    RaizArchivo raiz;
 
-    const Listado &listadoDe(const QString &carpeta, const Momento &cambio)
-    {
-        Listado &listado = listados[carpeta];
-        if (listado.cambio == cambio)
-            return listado;
-        listado.cambio = cambio;
-        listado.nombres.clear();
-        const QStringList entradas = QDir(carpeta).entryList(
-            QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDir::Name);
-        for (const QString &entrada : entradas) {
-            // A link of another spelling never stands for the name: the entry it means does.
-            const QString clave = plegado(entrada);
-            if (!listado.nombres.contains(clave) || !esEnlace(carpeta + u'/' + entrada))
-                listado.nombres.insert(clave, entrada);
-        }
-        return listado;
-    }
-
-    enum class Queda { Anotado, Olvidado, Igual };
-
-    // Changes a folder through `hacer` and takes the change over into the remembered listing, so
-    // that a folder of many files is not read again for each of them. A listing that somebody
-    // else has overtaken stays out of date and is read again at its next use; one overtaken
-    // within the file system's clock tick may be believed until the folder's next change. Names
-    // in their exact spelling are always looked up on the disk.
-    template <typename Hacer>
-    bool cambiar(const QString &carpeta, const QString &nombre, Queda queda, Hacer hacer)
-    {
-        const auto antes = cambioDe(carpeta);
-        const auto listado = listados.find(carpeta);
-        const bool alDia = antes && listado != listados.end() && listado->cambio == *antes;
-        if (!hacer())
-            return false;
-        if (!alDia)
-            return true;
-        if (queda == Queda::Anotado)
-            listado->nombres.insert(plegado(nombre), nombre);
-        else if (queda == Queda::Olvidado)
-            listado->nombres.remove(plegado(nombre));
-        listado->cambio = cambioDe(carpeta).value_or(Momento());
-        return true;
-    }
-
-    // The native path of an entry: its existing spelling, or the asked-for one.
-    QString buscar(const QString &carpeta, const QString &nombre)
-    {
-        const QString exacta = carpeta + u'/' + nombre;
-        if (existeEntrada(exacta))
-            return exacta;
-        const auto cambio = cambioDe(carpeta);
-        if (!cambio)
-            return exacta;
-        const QString hallado = listadoDe(carpeta, *cambio).nombres.value(plegado(nombre), nombre);
-        return carpeta + u'/' + hallado;
-    }
-
-    QString nativa(const QStringList &nombres)
-    {
-        QString ruta = personal;
-        for (const QString &nombre : nombres)
-            ruta = buscar(ruta, nombre);
-        return ruta;
-    }
-
+    // Where a path leads, when the program may write there: the names of its folder from the root
+    // on, and its own name as asked for.
     struct Lugar {
-        QString carpeta; // native, exists, inside the archive root (or the home folder itself)
-        QString nombre;  // as asked for
-        QString nativa;  // the existing spelling, or the asked-for one
+        QStringList ruta;
+        QString nombre;
         bool esRaiz = false;
-
-        QString nombreExistente() const { return nativa.mid(carpeta.size() + 1); }
     };
-
-    // Where a path leads, when the program may write there.
-    std::optional<Lugar> lugar(const QString &ruta)
+    std::optional<Lugar> lugar(const QString &ruta) const
     {
-        const auto nombres = rutaWindows::nombres(ruta);
-        if (!nombres || nombres->isEmpty() || plegado(nombres->first()) != plegado(raiz))
+        auto nombres = rutaWindows::nombres(ruta);
+        if (!nombres || nombres->isEmpty() || !raiz.esRaiz(nombres->first()))
             return std::nullopt;
         Lugar resultado;
         resultado.esRaiz = nombres->size() == 1;
-        resultado.carpeta = nativa(nombres->first(nombres->size() - 1));
-        resultado.nombre = nombres->last();
-        if (!resultado.esRaiz && !dentroDeLaRaiz(resultado.carpeta))
-            return std::nullopt;
-        resultado.nativa = buscar(resultado.carpeta, resultado.nombre);
+        resultado.nombre = nombres->takeLast();
+        resultado.ruta = nombres->mid(1);
         return resultado;
     }
 
-    // Whether an existing entry, with every link followed, stands in the archive root.
-    bool dentroDeLaRaiz(const QString &ruta)
-    {
-        const QString real = QFileInfo(ruta).canonicalFilePath();
-        const QString realRaiz = QFileInfo(buscar(personal, raiz)).canonicalFilePath();
-        return !real.isEmpty() && !realRaiz.isEmpty()
-               && (real == realRaiz || real.startsWith(realRaiz + u'/'));
-    }
+    // A file, or nothing yet, in its open folder.
+    struct Sitio {
+        QStringList ruta;
+        Descriptor carpeta;
+        QString pedido;
+        std::optional<NombresDeCarpeta::Entrada> entrada; // what stands there
+        std::optional<RaizArchivo::Archivo> archivo;      // the file that it leads to
 
-    // A file (or nothing yet) that may be written.
-    std::optional<Lugar> archivo(const QString &ruta)
+        int numero() const { return carpeta.numero(); }
+        QString nombre() const { return entrada ? entrada->nombre : pedido; }
+    };
+    // Nothing where no file can be.
+    std::optional<Sitio> sitio(const QString &ruta)
     {
-        const auto resultado = lugar(ruta);
-        if (!resultado || resultado->esRaiz)
+        const auto hallado = lugar(ruta);
+        if (!hallado || hallado->esRaiz)
             return std::nullopt;
-        if (existeEntrada(resultado->nativa) && !dentroDeLaRaiz(resultado->nativa))
+        Sitio resultado{hallado->ruta, raiz.abrirCarpeta(hallado->ruta), hallado->nombre, {}, {}};
+        if (!resultado.carpeta)
+            return std::nullopt;
+        resultado.entrada = raiz.nombres.hallar(resultado.numero(), resultado.pedido);
+        if (!resultado.entrada)
+            return resultado;
+        resultado.archivo = raiz.archivo(resultado.carpeta, *resultado.entrada);
+        if (!resultado.archivo)
             return std::nullopt;
         return resultado;
     }
+
+    Descriptor abrirParaAgregar(const Sitio &sitio)
+    {
+        if (sitio.archivo) {
+            const Descriptor &carpeta =
+                sitio.archivo->carpeta ? sitio.archivo->carpeta : sitio.carpeta;
+            return abrirExistente(carpeta.numero(), sitio.archivo->entrada.nombre);
+        }
+        Descriptor nuevo;
+        [[maybe_unused]] const bool hecho =
+            raiz.nombres.cambiar(sitio.numero(), sitio.pedido, Queda::Anotado, [&] {
+                nuevo = Descriptor(::openat(sitio.numero(), enDisco(sitio.pedido).constData(),
+                                            paraAgregar | O_CREAT | O_EXCL, 0666));
+                return bool(nuevo);
+            });
+        return nuevo;
+    }
+
+    // Browsers do regard letter case: a folder is given a link of the spelling asked for.
+    void enlazarEscritura(const Descriptor &carpeta, const QString &existente,
+                          const QString &pedido)
+    {
+        struct stat datos = {};
+        if (::fstatat(carpeta.numero(), enDisco(existente).constData(), &datos, 0) != 0
+            || !S_ISDIR(datos.st_mode))
+            return;
+        // A disk that knows no links shows the pages all the same, but for some of their links.
+        [[maybe_unused]] const bool enlazado =
+            raiz.nombres.cambiar(carpeta.numero(), pedido, Queda::Igual, [&] {
+                return ::symlinkat(enDisco(existente).constData(), carpeta.numero(),
+                                   enDisco(pedido).constData())
+                       == 0;
+            });
+    }
 };
 
-namespace {
-
-// A file that remembers a write cut short: on a full disk QFile reports the bytes that still went
-// in, and no error.
-class ArchivoTemporal final : public QFile {
-public:
-    using QFile::QFile;
-
-    bool entero() const { return m_entero; }
-
-protected:
-    qint64 writeData(const char *datos, qint64 cuantos) override
-    {
-        const qint64 escritos = QFile::writeData(datos, cuantos);
-        m_entero = m_entero && escritos == cuantos;
-        return escritos;
-    }
-
-private:
-    bool m_entero = true;
-};
-
-class ArchivoEntranteLinux final : public ArchivoEntrante {
-public:
-    using Queda = DriveC::Interno::Queda;
-
-    ArchivoEntranteLinux(DriveC::Interno &disco, const QString &carpeta, const QString &nombre)
-        : m_disco(disco), m_carpeta(carpeta), m_nombre(nombre),
-          m_temporal(QStringLiteral("%1/.descarga-%2-%3")
-                         .arg(carpeta)
-                         .arg(::getpid())
-                         .arg(siguienteTemporal()))
-    {
-    }
-
-    ~ArchivoEntranteLinux() override
-    {
-        if (m_abierto && !m_publicado)
-            m_disco.cambiar(m_carpeta, {}, Queda::Igual, [this] { return m_temporal.remove(); });
-    }
-
-    bool abrir()
-    {
-        m_abierto = m_disco.cambiar(m_carpeta, {}, Queda::Igual, [this] {
-            return m_temporal.open(QIODevice::WriteOnly | QIODevice::Truncate);
-        });
-        return m_abierto;
-    }
-
-    QIODevice &dispositivo() override { return m_temporal; }
-
-    bool publicar() override
-    {
-        // No fsync: it would cost 4 to 6 ms a file, and an archive holds thousands.
-        const bool escrito = m_temporal.flush() && m_temporal.entero();
-        m_temporal.close();
-        const QByteArray destino = QFile::encodeName(m_carpeta + u'/' + m_nombre);
-        m_publicado = escrito && m_disco.cambiar(m_carpeta, m_nombre, Queda::Anotado, [&] {
-            return std::rename(QFile::encodeName(m_temporal.fileName()).constData(),
-                               destino.constData())
-                   == 0;
-        });
-        return m_publicado;
-    }
-
-private:
-    DriveC::Interno &m_disco;
-    QString m_carpeta;
-    QString m_nombre;
-    ArchivoTemporal m_temporal;
-    bool m_abierto = false;
-    bool m_publicado = false;
-};
-
-} // namespace
-
-DriveC::DriveC(const QString &carpetaPersonal, const QString &raiz) : d(std::make_unique<Interno>())
+DriveC::DriveC(const QString &carpetaPersonal, const QString &raiz)
+    : d(std::make_unique<Interno>(carpetaPersonal, raiz))
 {
-    d->personal = QDir::cleanPath(carpetaPersonal);
-    d->raiz = raiz;
 }
 
 DriveC::~DriveC() = default;
@@ -278,58 +157,59 @@ bool DriveC::crearCarpeta(const QString &ruta)
     const auto lugar = d->lugar(ruta);
     if (!lugar)
         return false;
-    const bool hecha = d->cambiar(lugar->carpeta, lugar->nombre, Interno::Queda::Anotado,
-                                  [&] { return QDir().mkdir(lugar->nativa); });
-    const QString existente = lugar->nombreExistente();
-    // The root itself gets no second spelling: the link would stand outside of it.
-    if (!hecha && !lugar->esRaiz && existente != lugar->nombre && QFileInfo(lugar->nativa).isDir())
-        QFile::link(existente, lugar->carpeta + u'/' + lugar->nombre);
-    return hecha;
+    RaizArchivo &raiz = d->raiz;
+    const Descriptor carpeta =
+        lugar->esRaiz ? raiz.abrirPersonal() : raiz.abrirCarpeta(lugar->ruta);
+    if (!carpeta)
+        return false;
+    const auto entrada = raiz.nombres.hallar(carpeta.numero(), lugar->nombre);
+    if (entrada) {
+        // The root itself gets no second spelling: the link would stand outside of it.
+        if (!lugar->esRaiz && entrada->nombre != lugar->nombre)
+            d->enlazarEscritura(carpeta, entrada->nombre, lugar->nombre);
+        return false;
+    }
+    return raiz.nombres.cambiar(carpeta.numero(), lugar->nombre, Queda::Anotado, [&] {
+        return ::mkdirat(carpeta.numero(), enDisco(lugar->nombre).constData(), 0777) == 0;
+    });
 }
 
 bool DriveC::borrar(const QString &ruta)
 {
-    // A link that stands for a folder, or leads out of the archive, is no file of the archive's.
-    const auto lugar = d->archivo(ruta);
-    if (!lugar || QFileInfo(lugar->nativa).isDir())
+    const auto sitio = d->sitio(ruta);
+    if (!sitio || !sitio->entrada)
         return false;
-    return d->cambiar(lugar->carpeta, lugar->nombre, Interno::Queda::Olvidado,
-                      [&] { return ::unlink(QFile::encodeName(lugar->nativa).constData()) == 0; });
+    // A link to a file goes itself; what it leads to stays.
+    const QString nombre = sitio->nombre();
+    return d->raiz.nombres.cambiar(sitio->numero(), nombre, Queda::Olvidado, [&] {
+        return ::unlinkat(sitio->numero(), enDisco(nombre).constData(), 0) == 0;
+    });
 }
 
 std::optional<qint64> DriveC::largo(const QString &ruta) const
 {
-    const auto lugar = d->archivo(ruta);
-    if (!lugar)
+    const auto sitio = d->sitio(ruta);
+    if (!sitio || !sitio->archivo)
         return std::nullopt;
-    const QFileInfo datos(lugar->nativa);
-    if (!datos.isFile())
-        return std::nullopt;
-    return datos.size();
+    return sitio->archivo->entrada.datos.st_size;
 }
 
 bool DriveC::agregar(const QString &ruta, const QByteArray &bytes)
 {
-    const auto lugar = d->archivo(ruta);
-    if (!lugar)
+    const auto sitio = d->sitio(ruta);
+    if (!sitio)
         return false;
-    QFile archivo(lugar->nativa);
-    const bool abierto =
-        d->cambiar(lugar->carpeta, lugar->nombreExistente(), Interno::Queda::Anotado,
-                   [&] { return archivo.open(QIODevice::WriteOnly | QIODevice::Append); });
-    return abierto && archivo.write(bytes) == bytes.size() && archivo.flush();
+    Descriptor archivo = d->abrirParaAgregar(*sitio);
+    return archivo && escribirTodo(archivo, bytes);
 }
 
 std::unique_ptr<ArchivoEntrante> DriveC::recibir(const QString &ruta)
 {
-    const auto lugar = d->archivo(ruta);
-    if (!lugar || QFileInfo(lugar->nativa).isDir())
+    auto sitio = d->sitio(ruta);
+    if (!sitio)
         return nullptr;
-    auto archivo =
-        std::make_unique<ArchivoEntranteLinux>(*d, lugar->carpeta, lugar->nombreExistente());
-    if (!archivo->abrir())
-        return nullptr;
-    return archivo;
+    const QString nombre = sitio->nombre();
+    return recibirEn(d->raiz, sitio->ruta, std::move(sitio->carpeta), nombre);
 }
 
 std::optional<QStringList> DriveC::carpetas(const QString &ruta) const
@@ -338,9 +218,9 @@ std::optional<QStringList> DriveC::carpetas(const QString &ruta) const
     QString carpeta = ruta;
     if (enC) {
         const auto nombres = rutaWindows::nombres(ruta);
-        if (!nombres)
+        if (!nombres || !d->raiz.hayUnidad())
             return std::nullopt;
-        carpeta = d->nativa(*nombres);
+        carpeta = d->raiz.rutaNativa(*nombres);
     }
     const QDir directorio(carpeta);
     if (!QFileInfo(carpeta).isDir())
@@ -353,7 +233,7 @@ std::optional<QStringList> DriveC::carpetas(const QString &ruta) const
             nombres.append(entrada.fileName());
     }
     std::sort(nombres.begin(), nombres.end(), [](const QString &a, const QString &b) {
-        const int orden = plegado(a).compare(plegado(b));
+        const int orden = a.toCaseFolded().compare(b.toCaseFolded());
         return orden != 0 ? orden < 0 : a < b;
     });
     const QChar separador = enC ? u'\\' : u'/';
@@ -368,5 +248,5 @@ std::optional<QStringList> DriveC::carpetas(const QString &ruta) const
 QString DriveC::rutaNativa(const QString &ruta) const
 {
     const auto nombres = rutaWindows::nombres(ruta);
-    return nombres ? d->nativa(*nombres) : ruta;
+    return nombres && d->raiz.hayUnidad() ? d->raiz.rutaNativa(*nombres) : ruta;
 }

@@ -2,9 +2,13 @@
 #include "CarpetaPersonal.h"
 #include "platform/DriveC.h"
 
+#include <QScopeGuard>
 #include <QTest>
 
 #include <memory>
+
+#include <fcntl.h>
+#include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
 
@@ -21,7 +25,13 @@ private Q_SLOTS:
     void fueraDeLaRaiz_todoFalla();
     void enlaceHaciaFuera_todoFalla_data();
     void enlaceHaciaFuera_todoFalla();
+    void enlaceHaciaDentro_sirve_data();
     void enlaceHaciaDentro_sirve();
+    void enlacesEnRueda_todoFalla();
+    void enlaceAUnArchivo_sirve();
+    void noEsArchivo_todoFalla_data();
+    void noEsArchivo_todoFalla();
+    void archivoConOtroNombreFuera_noCambia();
 
 private:
     std::unique_ptr<CarpetaPersonal> casa;
@@ -137,14 +147,123 @@ void tst_DriveCFuera::enlaceHaciaFuera_todoFalla()
         QCOMPARE(casa->leer(archivo), QByteArray("ajeno"));
 }
 
+void tst_DriveCFuera::enlaceHaciaDentro_sirve_data()
+{
+    QTest::addColumn<QString>("destino"); // "%1" is the home folder
+    QTest::newRow("relativo") << u"notas"_s;
+    QTest::newRow("desde la raiz del disco") << u"%1/Quorvela/notas"_s;
+    QTest::newRow("que sale y vuelve") << u"../Quorvela/notas"_s;
+    QTest::newRow("por otro enlace") << u"segundo"_s;
+}
+
+// File managers write the links that they make from the disk's top.
 void tst_DriveCFuera::enlaceHaciaDentro_sirve()
 {
-    QVERIFY(casa->hacerCarpeta(u"Quorvela/notas"_s));
-    QVERIFY(casa->enlazar(u"notas"_s, u"Quorvela/corto"_s));
+    QFETCH(QString, destino);
+    QVERIFY(casa->hacerCarpeta(u"Quorvela/notas/sub"_s));
+    QVERIFY(casa->enlazar(casa->ruta(u"Quorvela/notas"_s), u"Quorvela/segundo"_s));
+    QVERIFY(casa->enlazar(destino.contains(u"%1"_s) ? destino.arg(casa->ruta()) : destino,
+                          u"Quorvela/corto"_s));
     QVERIFY(disco->agregar(u"C:\\Quorvela\\corto\\a.txt"_s, "a"));
     QCOMPARE(casa->leer(u"Quorvela/notas/a.txt"_s), QByteArray("a"));
+    QVERIFY(disco->agregar(u"C:\\Quorvela\\CORTO\\Sub\\b.txt"_s, "b"));
+    QCOMPARE(casa->leer(u"Quorvela/notas/sub/b.txt"_s), QByteArray("b"));
+    const auto entrante = disco->recibir(u"C:\\Quorvela\\corto\\c.jpg"_s);
+    QVERIFY(entrante);
+    QVERIFY(entrante->publicar());
+    QCOMPARE(casa->entradas(u"Quorvela/notas"_s), (QStringList{u"a.txt"_s, u"c.jpg"_s, u"sub"_s}));
     QVERIFY(disco->borrar(u"C:\\Quorvela\\corto\\a.txt"_s));
-    QVERIFY(casa->entradas(u"Quorvela/notas"_s).isEmpty());
+    QVERIFY(disco->borrar(u"C:\\Quorvela\\corto\\c.jpg"_s));
+    QCOMPARE(casa->entradas(u"Quorvela/notas"_s), QStringList{u"sub"_s});
+}
+
+void tst_DriveCFuera::enlacesEnRueda_todoFalla()
+{
+    QVERIFY(casa->enlazar(u"b"_s, u"Quorvela/a"_s));
+    QVERIFY(casa->enlazar(u"a"_s, u"Quorvela/b"_s));
+    QVERIFY(!disco->crearCarpeta(u"C:\\Quorvela\\a\\x"_s));
+    QVERIFY(!disco->agregar(u"C:\\Quorvela\\a\\x"_s, "x"));
+    QVERIFY(!disco->agregar(u"C:\\Quorvela\\a"_s, "x"));
+    QVERIFY(!disco->recibir(u"C:\\Quorvela\\a"_s));
+    QVERIFY(!disco->borrar(u"C:\\Quorvela\\a"_s));
+    QVERIFY(!disco->largo(u"C:\\Quorvela\\a"_s));
+}
+
+void tst_DriveCFuera::enlaceAUnArchivo_sirve()
+{
+    QVERIFY(casa->hacerCarpeta(u"Quorvela/notas"_s));
+    QVERIFY(casa->escribir(u"Quorvela/a.txt"_s, "a"));
+    QVERIFY(casa->enlazar(u"../a.txt"_s, u"Quorvela/notas/e.txt"_s));
+    QVERIFY(disco->agregar(u"C:\\Quorvela\\notas\\E.txt"_s, "b"));
+    QCOMPARE(disco->largo(u"C:\\Quorvela\\notas\\e.txt"_s), 2);
+    QCOMPARE(casa->leer(u"Quorvela/a.txt"_s), QByteArray("ab"));
+    // The link itself is deleted, and what is written afterwards is a file.
+    QVERIFY(disco->borrar(u"C:\\Quorvela\\notas\\e.txt"_s));
+    QVERIFY(disco->agregar(u"C:\\Quorvela\\notas\\e.txt"_s, "c"));
+    QCOMPARE(casa->leer(u"Quorvela/a.txt"_s), QByteArray("ab"));
+    QCOMPARE(casa->leer(u"Quorvela/notas/e.txt"_s), QByteArray("c"));
+    QCOMPARE(casa->enlace(u"Quorvela/notas/e.txt"_s), QByteArray());
+}
+
+void tst_DriveCFuera::noEsArchivo_todoFalla_data()
+{
+    QTest::addColumn<int>("clase");
+    QTest::addColumn<bool>("porEnlace");
+    QTest::addColumn<bool>("conLector");
+    QTest::newRow("tuberia con lector") << int(S_IFIFO) << false << true;
+    QTest::newRow("tuberia con lector, por un enlace") << int(S_IFIFO) << true << true;
+    QTest::newRow("casilla") << int(S_IFSOCK) << false << false;
+    QTest::newRow("casilla, por un enlace") << int(S_IFSOCK) << true << false;
+    QTest::newRow("tuberia") << int(S_IFIFO) << false << false;
+    QTest::newRow("tuberia, por un enlace") << int(S_IFIFO) << true << false;
+}
+
+// Without a wait, too: nobody may ever read from the pipe.
+void tst_DriveCFuera::noEsArchivo_todoFalla()
+{
+    QFETCH(int, clase);
+    QFETCH(bool, porEnlace);
+    QFETCH(bool, conLector);
+    const QByteArray nativa = QFile::encodeName(casa->ruta(u"Quorvela/raro"_s));
+    QCOMPARE(::mknod(nativa.constData(), static_cast<mode_t>(clase) | 0600, 0), 0);
+    QVERIFY(casa->enlazar(u"raro"_s, u"Quorvela/enlace"_s));
+    const int lector = conLector ? ::open(nativa.constData(), O_RDWR | O_CLOEXEC) : -1;
+    const auto cierre = qScopeGuard([lector] { ::close(lector); });
+    const QString ruta = porEnlace ? u"C:\\Quorvela\\enlace"_s : u"C:\\Quorvela\\Raro"_s;
+    QVERIFY(!disco->largo(ruta));
+    QVERIFY(!disco->agregar(ruta, "x"));
+    QVERIFY(!disco->recibir(ruta));
+    QVERIFY(!disco->borrar(ruta));
+    QVERIFY(!disco->crearCarpeta(ruta));
+    QCOMPARE(casa->entradas(u"Quorvela"_s).filter(u"raro"_s), QStringList{u"raro"_s});
+    QCOMPARE(casa->enlace(u"Quorvela/enlace"_s), QByteArray("raro"));
+}
+
+// Nothing tells where a file's other names stand.
+void tst_DriveCFuera::archivoConOtroNombreFuera_noCambia()
+{
+    const auto juntar = [this] {
+        return ::link(QFile::encodeName(casa->ruta(u"ajeno.txt"_s)).constData(),
+                      QFile::encodeName(casa->ruta(u"Quorvela/a.txt"_s)).constData())
+               == 0;
+    };
+    QVERIFY(casa->escribir(u"ajeno.txt"_s, "ajeno"));
+    QVERIFY(juntar());
+    QVERIFY(!disco->agregar(u"C:\\Quorvela\\a.txt"_s, "x"));
+    QCOMPARE(casa->leer(u"ajeno.txt"_s), QByteArray("ajeno"));
+    QCOMPARE(disco->largo(u"C:\\Quorvela\\a.txt"_s), 5);
+    // Taking the one name away, or giving it to another file, leaves the other as it is.
+    QVERIFY(disco->borrar(u"C:\\Quorvela\\a.txt"_s));
+    QVERIFY(disco->agregar(u"C:\\Quorvela\\a.txt"_s, "x"));
+    QCOMPARE(casa->leer(u"Quorvela/a.txt"_s), QByteArray("x"));
+    QVERIFY(disco->borrar(u"C:\\Quorvela\\a.txt"_s));
+    QVERIFY(juntar());
+    const auto entrante = disco->recibir(u"C:\\Quorvela\\a.txt"_s);
+    QVERIFY(entrante);
+    entrante->dispositivo().write("y");
+    QVERIFY(entrante->publicar());
+    QCOMPARE(casa->leer(u"Quorvela/a.txt"_s), QByteArray("y"));
+    QCOMPARE(casa->leer(u"ajeno.txt"_s), QByteArray("ajeno"));
 }
 
 QTEST_GUILESS_MAIN(tst_DriveCFuera)

@@ -1,0 +1,17 @@
+// A file that is being received into a folder of the archive, under a temporary name.
+#pragma once
+
+#include "platform/DriveC.h"
+#include "platform/RaizArchivo_linux.h"
+
+#include <QFile>
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+
+// Begins to receive a file of the spelling `nombre` into the open folder that `ruta` (names from
+// the root on) leads to; null when no temporary file can be made there. `raiz` is borrowed and must
+// outlive the result.
+std::unique_ptr<ArchivoEntrante> recibirEn(RaizArchivo &raiz, const QStringList &ruta,
+                                           Descriptor carpeta, const QString &nombre);

@@ -1,0 +1,142 @@
+#include "platform/RaizArchivo_linux.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <fcntl.h>
+#include <linux/openat2.h>
+#include <sys/syscall.h>
+
+namespace {
+
+constexpr int soloNombrar = O_PATH | O_DIRECTORY | O_CLOEXEC;
+constexpr int maximoDeEnlaces = 8; // on the way to one folder
+
+// A folder below another one, in its exact spelling, the system itself seeing to it that no link
+// leads out of it meanwhile.
+Descriptor abrirDebajo(const Descriptor &carpeta, const QString &ruta)
+{
+    open_how como = {};
+    como.flags = soloNombrar;
+    como.resolve = RESOLVE_BENEATH | RESOLVE_NO_MAGICLINKS;
+    const long numero =
+        ::syscall(SYS_openat2, carpeta.numero(), enDisco(ruta).constData(), &como, sizeof como);
+    return Descriptor(static_cast<int>(numero));
+}
+
+QString rutaReal(const Descriptor &carpeta, const QString &dentro = QString())
+{
+    return QFileInfo(QStringLiteral("/proc/self/fd/%1/").arg(carpeta.numero()) + dentro)
+        .canonicalFilePath();
+}
+
+} // namespace
+
+RaizArchivo::RaizArchivo(const QString &personal, const QString &nombre)
+    : m_personal(QDir::isAbsolutePath(personal) ? QDir::cleanPath(personal) : QString()),
+      m_nombre(nombre)
+{
+}
+
+bool RaizArchivo::esRaiz(const QString &nombre) const
+{
+    return nombre.toCaseFolded() == m_nombre.toCaseFolded();
+}
+
+Descriptor RaizArchivo::abrirPersonal() const
+{
+    // Without a drive C there is nothing to open: the path is empty.
+    return Descriptor(::open(enDisco(m_personal).constData(), soloNombrar));
+}
+
+Descriptor RaizArchivo::abrirRaiz()
+{
+    if (!hayUnidad())
+        return {};
+    Descriptor exacta(::open(enDisco(m_personal + u'/' + m_nombre).constData(), soloNombrar));
+    if (exacta)
+        return exacta;
+    const Descriptor personal = abrirPersonal();
+    const auto entrada = personal ? nombres.hallar(personal.numero(), m_nombre) : std::nullopt;
+    if (!entrada)
+        return {};
+    return Descriptor(
+        ::openat(personal.numero(), enDisco(entrada->nombre).constData(), soloNombrar));
+}
+
+Descriptor RaizArchivo::abrirCarpeta(const QStringList &nombres)
+{
+    Descriptor raiz = abrirRaiz();
+    if (!raiz || nombres.isEmpty())
+        return raiz;
+    Descriptor carpeta = abrirDebajo(raiz, nombres.join(u'/'));
+    // Another spelling, a link that is written from the disk's top, or a system that does not
+    // know the call: each name is looked up by itself.
+    return carpeta ? std::move(carpeta) : andar(nombres);
+}
+
+Descriptor RaizArchivo::andar(QStringList pendientes)
+{
+    Descriptor carpeta = abrirRaiz();
+    for (int enlaces = 0; carpeta && !pendientes.isEmpty();) {
+        const auto entrada = nombres.hallar(carpeta.numero(), pendientes.takeFirst());
+        if (!entrada)
+            return {};
+        if (S_ISLNK(entrada->datos.st_mode)) {
+            const auto adonde = destino(carpeta, entrada->nombre);
+            if (!adonde || ++enlaces > maximoDeEnlaces)
+                return {};
+            pendientes = *adonde + pendientes;
+            carpeta = abrirRaiz();
+            continue;
+        }
+        carpeta = Descriptor(::openat(carpeta.numero(), enDisco(entrada->nombre).constData(),
+                                      soloNombrar | O_NOFOLLOW));
+    }
+    return carpeta;
+}
+
+std::optional<QStringList> RaizArchivo::destino(const Descriptor &carpeta, const QString &enlace)
+{
+    const Descriptor raiz = abrirRaiz();
+    const QString realRaiz = raiz ? rutaReal(raiz) : QString();
+    const QString real = rutaReal(carpeta, enlace);
+    if (realRaiz.isEmpty() || (real != realRaiz && !real.startsWith(realRaiz + u'/')))
+        return std::nullopt;
+    return real.mid(realRaiz.size()).split(u'/', Qt::SkipEmptyParts);
+}
+
+std::optional<RaizArchivo::Archivo> RaizArchivo::archivo(const Descriptor &carpeta,
+                                                         const NombresDeCarpeta::Entrada &entrada)
+{
+    if (S_ISREG(entrada.datos.st_mode))
+        return Archivo{{}, entrada};
+    if (!S_ISLNK(entrada.datos.st_mode))
+        return std::nullopt;
+    auto adonde = destino(carpeta, entrada.nombre);
+    if (!adonde || adonde->isEmpty())
+        return std::nullopt;
+    const QString nombre = adonde->takeLast();
+    Descriptor madre = abrirCarpeta(*adonde);
+    const auto real = madre ? nombres.hallar(madre.numero(), nombre) : std::nullopt;
+    if (!real || !S_ISREG(real->datos.st_mode))
+        return std::nullopt;
+    return Archivo{std::move(madre), *real};
+}
+
+QString RaizArchivo::rutaNativa(const QStringList &pedidos)
+{
+    QString ruta = m_personal == u"/" ? QString() : m_personal;
+    for (const QString &pedido : pedidos) {
+        const bool enPersonal = &pedido == &pedidos.first();
+        const Descriptor carpeta = enPersonal
+                                       ? abrirPersonal()
+                                       : Descriptor(::open(enDisco(ruta).constData(), soloNombrar));
+        const auto entrada =
+            carpeta
+                ? nombres.hallar(carpeta.numero(), enPersonal && esRaiz(pedido) ? m_nombre : pedido)
+                : std::nullopt;
+        ruta += u'/' + (entrada ? entrada->nombre : pedido);
+    }
+    return ruta.isEmpty() ? m_personal : ruta;
+}
