@@ -5,8 +5,9 @@
 // Nothing is ever created, changed or deleted outside the archive root: a path that leaves it,
 // through "..", through a link or by naming another folder, makes the operation fail, as does a
 // name that Windows refuses. An operation on a file fails as well for a path that leads to anything
-// but a regular file. No operation throws, waits for another process or shows anything; failure
-// is the return value.
+// but a regular file. Of two entries that differ in letter case only, the exact spelling wins,
+// else the first by name. No operation throws, waits for another process or shows anything;
+// failure is the return value.
 #pragma once
 
 #include <QByteArray>
@@ -46,7 +47,8 @@ public:
     // regard letter case: links in stored pages then work in either.
     bool crearCarpeta(const QString &ruta);
 
-    // Removes a file. False when there is none, or it is a folder.
+    // Removes a file. False when there is none, or it is a folder. From then on `ruta` stands for
+    // no file of another spelling: what is written to it next is a file of its own.
     bool borrar(const QString &ruta);
 
     // The length of a file in bytes; nothing when there is no such file.

@@ -181,9 +181,12 @@ bool DriveC::borrar(const QString &ruta)
         return false;
     // A link to a file goes itself; what it leads to stays.
     const QString nombre = sitio->nombre();
-    return d->raiz.nombres.cambiar(sitio->numero(), nombre, Queda::Olvidado, [&] {
+    const bool borrado = d->raiz.nombres.cambiar(sitio->numero(), nombre, Queda::Olvidado, [&] {
         return ::unlinkat(sitio->numero(), enDisco(nombre).constData(), 0) == 0;
     });
+    if (borrado)
+        d->raiz.nombres.anotarBorrado(sitio->numero(), sitio->pedido);
+    return borrado;
 }
 
 std::optional<qint64> DriveC::largo(const QString &ruta) const

@@ -128,10 +128,18 @@ std::optional<NombresDeCarpeta::Entrada> NombresDeCarpeta::hallar(int carpeta,
     if (existe(nombre))
         return entrada;
     const Listado *listado = listadoDe(carpeta);
-    if (!listado)
+    if (!listado || listado->borrados.contains(nombre))
         return std::nullopt;
     const QStringList escrituras = listado->escrituras.value(plegado(nombre));
     if (!std::any_of(escrituras.begin(), escrituras.end(), existe))
         return std::nullopt;
     return entrada;
+}
+
+void NombresDeCarpeta::anotarBorrado(int carpeta, const QString &pedido)
+{
+    Listado *listado = listadoDe(carpeta);
+    // Only where another spelling remains is there anything to keep apart.
+    if (listado && listado->escrituras.contains(plegado(pedido)))
+        listado->borrados.insert(pedido);
 }

@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 #include <QHash>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 
@@ -29,6 +30,11 @@ public:
     // The entry that a name stands for: the one in its exact spelling, else the first by name of
     // those that differ in letter case only. Nothing when there is none.
     std::optional<Entrada> hallar(int carpeta, const QString &nombre);
+
+    // Says that the file which `pedido` stood for has been deleted. From then on the name stands
+    // for no entry of another spelling: what is written to a path after it was deleted is a file
+    // of its own, and is never added to another one.
+    void anotarBorrado(int carpeta, const QString &pedido);
 
     enum class Queda { Anotado, Olvidado, Igual };
 
@@ -58,6 +64,7 @@ private:
     struct Listado {
         Momento cambio;
         QHash<QString, QStringList> escrituras; // folded name -> spellings on the disk, by name
+        QSet<QString> borrados;                 // see anotarBorrado; outlives the listing
     };
     using Identidad = std::pair<dev_t, ino_t>;
 

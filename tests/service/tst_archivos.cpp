@@ -126,6 +126,42 @@ private Q_SLOTS:
         QCOMPARE(e.leer(QStringLiteral("a/t.txt")), QByteArray("dos\r\n"));
     }
 
+    // Two entries that differ in letter case only: the old text of one is never taken for what is
+    // written under the other's name.
+    void dosEscrituras_nadaViejoSeJunta_data()
+    {
+        QTest::addColumn<QString>("pedido");
+        for (const char *pedido : {"f.png", "F.png", "F.PNG"})
+            QTest::newRow(pedido) << QString::fromLatin1(pedido);
+    }
+    void dosEscrituras_nadaViejoSeJunta()
+    {
+        QFETCH(QString, pedido);
+        Escenario e;
+        hacerCarpeta(e);
+        const auto ponerViejos = [&e] {
+            for (const char *viejo : {"a/F.png", "a/f.png"}) {
+                QFile archivo(e.nativa(QString::fromLatin1(viejo)));
+                if (!archivo.open(QIODevice::WriteOnly) || archivo.write("texto viejo") != 11)
+                    return false;
+            }
+            return true;
+        };
+        const QString archivo = QStringLiteral("c:\\Quorvela\\a\\") + pedido;
+        QVERIFY(ponerViejos());
+        escribirTexto(e.servicio, QStringLiteral("nuevo"), archivo, true);
+        QCOMPARE(e.leer(QStringLiteral("a/") + pedido), QByteArray("nuevo\r\n"));
+
+        QVERIFY(ponerViejos());
+        e.responder("/f.png", "123456789");
+        QVERIFY(descargarArchivo(e.servicio, e.demo.base() + QStringLiteral("/f.png"), archivo));
+        QCOMPARE(e.leer(QStringLiteral("a/") + pedido), QByteArray("123456789"));
+        // One that does not arrive leaves nothing that could be taken for it.
+        QVERIFY(
+            !descargarArchivo(e.servicio, e.demo.base() + QStringLiteral("/nada.png"), archivo));
+        QVERIFY(!e.existe(QStringLiteral("a/") + pedido));
+    }
+
     void texto_seGuardaEnElCodigo1252()
     {
         Escenario e;

@@ -1,0 +1,168 @@
+// Two entries of one folder that differ in letter case only, as another program may make them.
+#include "CarpetaPersonal.h"
+#include "platform/DriveC.h"
+
+#include <QTest>
+
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+class tst_DriveCDosEscrituras : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void cadaOperacion_elMismoArchivo_data();
+    void cadaOperacion_elMismoArchivo();
+    void carpetas_laMisma_data();
+    void carpetas_laMisma();
+    void trasBorrar_unArchivoPropio_data();
+    void trasBorrar_unArchivoPropio();
+    void trasBorrar_elOtroSigueSiendoElOtro();
+    void trasBorrarElUnico_vuelveAServirOtraEscritura();
+
+private:
+    std::unique_ptr<CarpetaPersonal> casa;
+    std::unique_ptr<DriveC> disco;
+};
+
+void tst_DriveCDosEscrituras::init()
+{
+    casa = std::make_unique<CarpetaPersonal>();
+    QVERIFY(casa->hacerCarpeta(u"Quorvela"_s));
+    for (const auto &nombre : {u"notas.html"_s, u"Notas.html"_s, u"nOTAS.html"_s})
+        QVERIFY(casa->escribir(u"Quorvela/"_s + nombre, nombre.toLatin1()));
+    disco = std::make_unique<DriveC>(casa->ruta());
+}
+
+void tst_DriveCDosEscrituras::cleanup()
+{
+    disco.reset();
+    casa.reset();
+}
+
+void tst_DriveCDosEscrituras::cadaOperacion_elMismoArchivo_data()
+{
+    QTest::addColumn<QString>("pedido");
+    QTest::addColumn<QString>("elegido");
+    QTest::newRow("exacta, la primera") << u"Notas.html"_s << u"Notas.html"_s;
+    QTest::newRow("exacta, la segunda") << u"nOTAS.html"_s << u"nOTAS.html"_s;
+    QTest::newRow("exacta, la tercera") << u"notas.html"_s << u"notas.html"_s;
+    QTest::newRow("ninguna") << u"NOTAS.html"_s << u"Notas.html"_s;
+}
+
+void tst_DriveCDosEscrituras::cadaOperacion_elMismoArchivo()
+{
+    QFETCH(QString, pedido);
+    QFETCH(QString, elegido);
+    const QString ruta = u"C:\\Quorvela\\"_s + pedido;
+    const QString enDisco = u"Quorvela/"_s + elegido;
+    const auto losOtros = [&] {
+        for (const auto &nombre : {u"notas.html"_s, u"Notas.html"_s, u"nOTAS.html"_s}) {
+            if (nombre != elegido && casa->leer(u"Quorvela/"_s + nombre) != nombre.toLatin1())
+                return false;
+        }
+        return true;
+    };
+    QCOMPARE(disco->rutaNativa(ruta), casa->ruta(enDisco));
+    QVERIFY(disco->agregar(ruta, "+"));
+    QCOMPARE(casa->leer(enDisco), elegido.toLatin1() + '+');
+    QCOMPARE(disco->largo(ruta), elegido.size() + 1);
+    auto entrante = disco->recibir(ruta);
+    QVERIFY(entrante);
+    entrante->dispositivo().write("nuevo");
+    QVERIFY(entrante->publicar());
+    entrante.reset();
+    QCOMPARE(casa->leer(enDisco), QByteArray("nuevo"));
+    QVERIFY(losOtros());
+    QVERIFY(disco->borrar(ruta));
+    QVERIFY(!casa->leer(enDisco));
+    QVERIFY(losOtros());
+    QCOMPARE(casa->entradas(u"Quorvela"_s).size(), 2);
+}
+
+void tst_DriveCDosEscrituras::carpetas_laMisma_data()
+{
+    QTest::addColumn<QString>("pedida");
+    QTest::addColumn<QString>("elegida");
+    QTest::newRow("exacta, la primera") << u"Fotos"_s << u"Fotos"_s;
+    QTest::newRow("exacta, la segunda") << u"fotos"_s << u"fotos"_s;
+    QTest::newRow("ninguna") << u"FOTOS"_s << u"Fotos"_s;
+}
+
+void tst_DriveCDosEscrituras::carpetas_laMisma()
+{
+    QFETCH(QString, pedida);
+    QFETCH(QString, elegida);
+    QVERIFY(casa->hacerCarpeta(u"Quorvela/Fotos/de Fotos"_s));
+    QVERIFY(casa->hacerCarpeta(u"Quorvela/fotos/de fotos"_s));
+    const QString ruta = u"C:\\Quorvela\\"_s + pedida;
+    QCOMPARE(disco->carpetas(ruta), QStringList{ruta + u"\\de "_s + elegida});
+    QVERIFY(disco->crearCarpeta(ruta + u"\\nueva"_s));
+    QVERIFY(disco->agregar(ruta + u"\\a.txt"_s, "a"));
+    QCOMPARE(casa->entradas(u"Quorvela/"_s + elegida),
+             (QStringList{u"a.txt"_s, u"de "_s + elegida, u"nueva"_s}));
+    QVERIFY(!disco->crearCarpeta(ruta));
+    QCOMPARE(casa->enlace(u"Quorvela/"_s + pedida),
+             pedida == elegida ? QByteArray() : elegida.toUtf8());
+}
+
+void tst_DriveCDosEscrituras::trasBorrar_unArchivoPropio_data()
+{
+    cadaOperacion_elMismoArchivo_data();
+}
+
+// What was deleted is gone: nothing of another entry is taken for it, and nothing joined to one.
+void tst_DriveCDosEscrituras::trasBorrar_unArchivoPropio()
+{
+    QFETCH(QString, pedido);
+    QFETCH(QString, elegido);
+    const QString ruta = u"C:\\Quorvela\\"_s + pedido;
+    const auto quedan = [&] {
+        QStringList nombres = {u"Notas.html"_s, u"nOTAS.html"_s, u"notas.html"_s};
+        nombres.removeOne(elegido);
+        return nombres;
+    };
+    for (const bool recibido : {false, true}) {
+        const QString borrado = recibido ? pedido : elegido; // the second time it is its own
+        QVERIFY(disco->borrar(ruta));
+        QVERIFY(!casa->leer(u"Quorvela/"_s + borrado));
+        QVERIFY(!disco->largo(ruta));
+        QVERIFY(!disco->borrar(ruta));
+        if (recibido) {
+            const auto entrante = disco->recibir(ruta);
+            QVERIFY(entrante);
+            entrante->dispositivo().write("nuevo");
+            QVERIFY(entrante->publicar());
+        } else {
+            QVERIFY(disco->agregar(ruta, "nuevo"));
+        }
+        QCOMPARE(casa->leer(u"Quorvela/"_s + pedido), QByteArray("nuevo"));
+        for (const QString &nombre : quedan())
+            QCOMPARE(casa->leer(u"Quorvela/"_s + nombre), nombre.toLatin1());
+        QCOMPARE(casa->entradas(u"Quorvela"_s).size(), 3);
+    }
+}
+
+void tst_DriveCDosEscrituras::trasBorrar_elOtroSigueSiendoElOtro()
+{
+    QVERIFY(disco->borrar(u"C:\\Quorvela\\notas.html"_s));
+    QCOMPARE(disco->largo(u"C:\\Quorvela\\Notas.html"_s), 10);
+    QCOMPARE(disco->largo(u"C:\\Quorvela\\NOTAS.html"_s), 10);
+    QVERIFY(disco->agregar(u"C:\\Quorvela\\Notas.html"_s, "+"));
+    QCOMPARE(casa->leer(u"Quorvela/Notas.html"_s), QByteArray("Notas.html+"));
+}
+
+void tst_DriveCDosEscrituras::trasBorrarElUnico_vuelveAServirOtraEscritura()
+{
+    QVERIFY(casa->escribir(u"Quorvela/logo.png"_s, "1"));
+    QVERIFY(disco->borrar(u"C:\\Quorvela\\LOGO.png"_s));
+    QVERIFY(disco->agregar(u"C:\\Quorvela\\logo.png"_s, "2"));
+    QCOMPARE(disco->largo(u"C:\\Quorvela\\LOGO.png"_s), 1);
+}
+
+QTEST_GUILESS_MAIN(tst_DriveCDosEscrituras)
+#include "tst_DriveCDosEscrituras.moc"
