@@ -4,10 +4,10 @@
 // (the existing spelling wins, a new entry gets the spelling asked for) and stored as UTF-8.
 // Nothing is ever created, changed or deleted outside the archive root: a path that leaves it,
 // through "..", through a link or by naming another folder, makes the operation fail, as does a
-// name that Windows refuses. An operation on a file fails as well for a path that leads to anything
-// but a regular file. Of two entries that differ in letter case only, the exact spelling wins,
-// else the first by name. No operation throws, waits for another process or shows anything;
-// failure is the return value.
+// name that Windows refuses. An operation on a file fails as well for a path that ends in a
+// separator, and for one that leads to anything but a regular file. Of two entries that differ in
+// letter case only, the exact spelling wins, else the first by name. No operation throws, waits
+// for another process or shows anything; failure is the return value.
 #pragma once
 
 #include <QByteArray>

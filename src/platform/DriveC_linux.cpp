@@ -96,7 +96,7 @@ public:
     std::optional<Sitio> sitio(const QString &ruta)
     {
         const auto hallado = lugar(ruta);
-        if (!hallado || hallado->esRaiz)
+        if (!hallado || hallado->esRaiz || rutaWindows::terminaEnSeparador(ruta))
             return std::nullopt;
         Sitio resultado{hallado->ruta, raiz.abrirCarpeta(hallado->ruta), hallado->nombre, {}, {}};
         if (!resultado.carpeta)

@@ -25,6 +25,11 @@ bool enUnidadC(const QString &ruta)
            && esSeparador(ruta[2]);
 }
 
+bool terminaEnSeparador(const QString &ruta)
+{
+    return !ruta.isEmpty() && esSeparador(ruta.back());
+}
+
 bool nombreRefusado(const QString &nombre)
 {
     static const QRegularExpression prohibidos(QStringLiteral("[<>:\"|?*\\x00-\\x1f]"));

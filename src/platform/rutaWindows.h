@@ -15,6 +15,9 @@ namespace rutaWindows {
 // and a path with a name that Windows refuses.
 std::optional<QStringList> nombres(const QString &ruta);
 
+// Whether the path ends in a separator, as only that of a folder does: `nombres` drops it.
+bool terminaEnSeparador(const QString &ruta);
+
 // Whether Windows refuses the name: it holds one of < > : " | ? * or a control character, is
 // empty, or is a reserved device name (CON, PRN, AUX, NUL, COM1-9, LPT1-9), with or without an
 // extension.

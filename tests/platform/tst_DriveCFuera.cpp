@@ -32,6 +32,8 @@ private Q_SLOTS:
     void noEsArchivo_todoFalla_data();
     void noEsArchivo_todoFalla();
     void archivoConOtroNombreFuera_noCambia();
+    void separadorAlFinal_noEsArchivo_data();
+    void separadorAlFinal_noEsArchivo();
 
 private:
     std::unique_ptr<CarpetaPersonal> casa;
@@ -264,6 +266,35 @@ void tst_DriveCFuera::archivoConOtroNombreFuera_noCambia()
     QVERIFY(entrante->publicar());
     QCOMPARE(casa->leer(u"Quorvela/a.txt"_s), QByteArray("y"));
     QCOMPARE(casa->leer(u"ajeno.txt"_s), QByteArray("ajeno"));
+}
+
+void tst_DriveCFuera::separadorAlFinal_noEsArchivo_data()
+{
+    QTest::addColumn<QString>("cola");
+    for (const auto &cola : {u"\\"_s, u"/"_s, u"\\\\"_s, u"\\/"_s})
+        QTest::newRow(qPrintable(cola)) << cola;
+}
+
+// A subject "MAT/" is no file "MAT", and one without a name is not the folder of the labels.
+void tst_DriveCFuera::separadorAlFinal_noEsArchivo()
+{
+    QFETCH(QString, cola);
+    QVERIFY(casa->hacerCarpeta(u"Quorvela/labels"_s));
+    QVERIFY(casa->escribir(u"Quorvela/labels/MAT"_s, "foto"));
+    for (const auto &nombre : {u"MAT"_s, u"nueva"_s, u""_s}) {
+        const QString ruta = u"C:\\Quorvela\\labels\\"_s + nombre + cola;
+        QVERIFY(!disco->borrar(ruta));
+        QVERIFY(!disco->largo(ruta));
+        QVERIFY(!disco->agregar(ruta, "x"));
+        QVERIFY(!disco->recibir(ruta));
+    }
+    QCOMPARE(casa->entradas(u"Quorvela/labels"_s), QStringList{u"MAT"_s});
+    QCOMPARE(casa->leer(u"Quorvela/labels/MAT"_s), QByteArray("foto"));
+    // The paths of folders end so.
+    QVERIFY(disco->crearCarpeta(u"C:\\Quorvela\\labels\\carpeta"_s + cola));
+    QVERIFY(QFileInfo(casa->ruta(u"Quorvela/labels/carpeta"_s)).isDir());
+    QCOMPARE(disco->carpetas(u"C:\\Quorvela\\labels\\"_s),
+             QStringList{u"C:\\Quorvela\\labels\\carpeta"_s});
 }
 
 QTEST_GUILESS_MAIN(tst_DriveCFuera)

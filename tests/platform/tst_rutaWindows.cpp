@@ -14,6 +14,8 @@ private Q_SLOTS:
     void ruta_nombres();
     void ruta_refusada_data();
     void ruta_refusada();
+    void separadorAlFinal_data();
+    void separadorAlFinal();
     void nombre_refusado_data();
     void nombre_refusado();
     void nombre_admitido_data();
@@ -100,6 +102,24 @@ void tst_rutaWindows::ruta_refusada()
 {
     QFETCH(QString, ruta);
     QVERIFY(!rutaWindows::nombres(ruta));
+}
+
+void tst_rutaWindows::separadorAlFinal_data()
+{
+    QTest::addColumn<QString>("ruta");
+    QTest::addColumn<bool>("alFinal");
+    QTest::newRow("barra") << u"C:\\Quorvela\\MAT\\"_s << true;
+    QTest::newRow("barra inclinada") << u"C:\\Quorvela\\MAT/"_s << true;
+    QTest::newRow("solo en medio") << u"C:\\Quorvela/MAT"_s << false;
+    QTest::newRow("blanco despues") << u"C:\\Quorvela\\MAT\\ "_s << false;
+    QTest::newRow("vacia") << QString() << false;
+}
+
+void tst_rutaWindows::separadorAlFinal()
+{
+    QFETCH(QString, ruta);
+    QFETCH(bool, alFinal);
+    QCOMPARE(rutaWindows::terminaEnSeparador(ruta), alFinal);
 }
 
 void tst_rutaWindows::nombre_refusado_data()
