@@ -1,9 +1,13 @@
 #include "platform/ArchivoEntrante_linux.h"
 
 #include <cerrno>
+#include <csignal>
 #include <cstdio>
+#include <ctime>
+#include <limits>
 
 #include <fcntl.h>
+#include <sys/file.h>
 
 namespace {
 
@@ -17,19 +21,88 @@ QString siguienteTemporal()
     return QStringLiteral(".descarga-%1-%2").arg(::getpid()).arg(++contador);
 }
 
+bool existeTodavia(const Descriptor &archivo)
+{
+    struct stat datos = {};
+    return ::fstat(archivo.numero(), &datos) == 0 && datos.st_nlink > 0;
+}
+
 struct Intento {
     Descriptor archivo;
     bool ocupado = false; // without a file: another name may do
 };
 
-// Makes a file that was not there: the names are easily guessed, and what stands under one is
-// neither followed nor cut off.
+// Makes a file that was not there, and locks it. A lock that somebody else has, or a file that is
+// gone again, is the doing of a process that took it for an abandoned one in between; a disk that
+// knows no locks does without.
 Intento crearTemporal(const Descriptor &carpeta, const QString &nombre)
 {
     Descriptor archivo(::openat(carpeta.numero(), enDisco(nombre).constData(),
                                 O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666));
-    const bool ocupado = !archivo && errno == EEXIST;
-    return {std::move(archivo), ocupado};
+    if (!archivo)
+        return {{}, errno == EEXIST};
+    const bool ajeno = ::flock(archivo.numero(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+    if (!ajeno && existeTodavia(archivo))
+        return {std::move(archivo), false};
+    // Whoever has the lock is removing it as well.
+    [[maybe_unused]] const int quitado =
+        ::unlinkat(carpeta.numero(), enDisco(nombre).constData(), 0);
+    return {{}, true};
+}
+
+// When a living process began, in seconds since 1970; nothing when it is not known. A process
+// that has ended and waits for its parent lives no longer: it gives the end of all time.
+std::optional<qint64> comienzoDe(qint64 proceso)
+{
+    QFile estado(QStringLiteral("/proc/%1/stat").arg(proceso));
+    if (!estado.open(QIODevice::ReadOnly))
+        return std::nullopt;
+    const QByteArray linea = estado.readAll();
+    // The name of the program, in brackets, may hold blanks and brackets itself.
+    const QList<QByteArray> campos = linea.mid(linea.lastIndexOf(')') + 2).split(' ');
+    constexpr qsizetype campoEstado = 0;
+    constexpr qsizetype campoComienzo = 19; // in clock ticks since the system was started
+    if (campos.size() <= campoComienzo)
+        return std::nullopt;
+    if (campos[campoEstado] == "Z" || campos[campoEstado] == "X")
+        return std::numeric_limits<qint64>::max();
+    timespec ahora = {};
+    timespec encendido = {};
+    if (::clock_gettime(CLOCK_REALTIME, &ahora) != 0
+        || ::clock_gettime(CLOCK_BOOTTIME, &encendido) != 0)
+        return std::nullopt;
+    return ahora.tv_sec - encendido.tv_sec
+           + campos[campoComienzo].toLongLong() / ::sysconf(_SC_CLK_TCK);
+}
+
+// Whether the process of that number can have written the file: another one that was given the
+// number later did not.
+bool puedeSerElEscritor(qint64 proceso, const struct stat &datos)
+{
+    const auto numero = static_cast<pid_t>(proceso);
+    if (numero != proceso || (::kill(numero, 0) != 0 && errno == ESRCH))
+        return false;
+    constexpr qint64 holgura = 2; // seconds that the clocks' roundings may come to
+    const auto comienzo = comienzoDe(proceso);
+    return !comienzo || *comienzo <= datos.st_mtim.tv_sec + holgura;
+}
+
+// The lock of a temporary file whose writer lives no longer, to be held while it is removed; none
+// if it lives, or if the entry is no file. A living writer has the lock itself, but for the moment
+// before it takes it and the one before it renames the file: then its process is still there.
+Descriptor candadoDeAbandonado(const Descriptor &carpeta, const QString &nombre)
+{
+    const QByteArray enElDisco = enDisco(nombre);
+    const auto proceso = procesoDeTemporal(nombre);
+    struct stat datos = {};
+    if (::fstatat(carpeta.numero(), enElDisco.constData(), &datos, AT_SYMLINK_NOFOLLOW) != 0
+        || !S_ISREG(datos.st_mode) || !proceso || puedeSerElEscritor(*proceso, datos))
+        return {};
+    Descriptor archivo(::openat(carpeta.numero(), enElDisco.constData(),
+                                O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+    if (!archivo || ::flock(archivo.numero(), LOCK_EX | LOCK_NB) != 0)
+        return {};
+    return archivo;
 }
 
 // A file that remembers a write cut short: on a full disk QFile reports the bytes that still went
@@ -72,7 +145,7 @@ public:
         if (!m_abierto || m_publicado)
             return;
         m_archivo.close();
-        // One that cannot be removed stays; nothing else is to be done about it.
+        // One that cannot be removed is an abandoned one to the next download.
         [[maybe_unused]] const bool quitado =
             m_raiz.nombres.cambiar(m_carpeta.numero(), m_temporal, Queda::Igual, [this] {
                 return ::unlinkat(m_carpeta.numero(), enDisco(m_temporal).constData(), 0) == 0;
@@ -134,6 +207,21 @@ private:
 };
 
 } // namespace
+
+void quitarTemporalesAbandonados(NombresDeCarpeta &nombres, const Descriptor &carpeta)
+{
+    const QStringList temporales = nombres.temporales(carpeta.numero());
+    for (const QString &temporal : temporales) {
+        const Descriptor candado = candadoDeAbandonado(carpeta, temporal);
+        if (!candado)
+            continue;
+        // One that stays is tried again at the next download.
+        [[maybe_unused]] const bool quitado =
+            nombres.cambiar(carpeta.numero(), temporal, NombresDeCarpeta::Queda::Olvidado, [&] {
+                return ::unlinkat(carpeta.numero(), enDisco(temporal).constData(), 0) == 0;
+            });
+    }
+}
 
 std::unique_ptr<ArchivoEntrante> recibirEn(RaizArchivo &raiz, const QStringList &ruta,
                                            Descriptor carpeta, const QString &nombre)

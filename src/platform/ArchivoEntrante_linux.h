@@ -1,4 +1,7 @@
 // A file that is being received into a folder of the archive, under a temporary name.
+//
+// The name says whose it is, ".descarga-PROCESS-NUMBER", and the file is locked for as long as it
+// is written to, so that one which a killed process left behind is told from one under way.
 #pragma once
 
 #include "platform/DriveC.h"
@@ -9,6 +12,9 @@
 #include <QStringList>
 
 #include <memory>
+
+// Removes temporary files from an open folder whose writers live no longer.
+void quitarTemporalesAbandonados(NombresDeCarpeta &nombres, const Descriptor &carpeta);
 
 // Begins to receive a file of the spelling `nombre` into the open folder that `ruta` (names from
 // the root on) leads to; null when no temporary file can be made there. `raiz` is borrowed and must

@@ -59,7 +59,8 @@ public:
     // hard link): it would change under that name too, which may stand outside of the archive.
     bool agregar(const QString &ruta, const QByteArray &bytes);
 
-    // Begins to receive a file; null when it cannot be written at that path.
+    // Begins to receive a file; null when it cannot be written at that path. What killed
+    // processes left of theirs in the same folder is removed first.
     std::unique_ptr<ArchivoEntrante> recibir(const QString &ruta);
 
     // The subfolders of a folder, by name without regard to letter case; nothing when the folder

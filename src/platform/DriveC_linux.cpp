@@ -211,6 +211,7 @@ std::unique_ptr<ArchivoEntrante> DriveC::recibir(const QString &ruta)
     auto sitio = d->sitio(ruta);
     if (!sitio)
         return nullptr;
+    quitarTemporalesAbandonados(d->raiz.nombres, sitio->carpeta);
     const QString nombre = sitio->nombre();
     return recibirEn(d->raiz, sitio->ruta, std::move(sitio->carpeta), nombre);
 }

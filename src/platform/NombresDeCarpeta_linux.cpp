@@ -1,6 +1,8 @@
 #include "platform/NombresDeCarpeta_linux.h"
 #include "platform/Descriptor_linux.h"
 
+#include <QRegularExpression>
+
 #include <algorithm>
 #include <array>
 #include <memory>
@@ -43,6 +45,16 @@ void agregarEscritura(QStringList &escrituras, const QString &nombre)
 
 } // namespace
 
+std::optional<qint64> procesoDeTemporal(const QString &nombre)
+{
+    static const QRegularExpression patron(
+        QStringLiteral("\\A\\.descarga-([1-9][0-9]{0,9})-[0-9]+\\z"));
+    if (!nombre.startsWith(QStringLiteral(".descarga-")))
+        return std::nullopt;
+    const QRegularExpressionMatch hallado = patron.match(nombre);
+    return hallado.hasMatch() ? std::optional(hallado.captured(1).toLongLong()) : std::nullopt;
+}
+
 std::optional<struct stat> NombresDeCarpeta::datosDe(int carpeta)
 {
     struct stat datos = {};
@@ -59,6 +71,7 @@ NombresDeCarpeta::Momento NombresDeCarpeta::momentoDe(const struct stat &datos)
 void NombresDeCarpeta::leer(Listado &listado, int carpeta)
 {
     listado.escrituras.clear();
+    listado.temporales.clear();
     // The folder's own descriptor may be one that names it only and cannot be read.
     Descriptor legible(::openat(carpeta, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     const std::unique_ptr<DIR, CierraDirectorio> entradas(::fdopendir(legible.numero()));
@@ -71,7 +84,9 @@ void NombresDeCarpeta::leer(Listado &listado, int carpeta)
         // A name that is no text can be asked for by nobody.
         if (bytes == "." || bytes == ".." || enDisco(nombre) != bytes)
             continue;
-        if (!esOtraEscritura(carpeta, *entrada, nombre))
+        if (procesoDeTemporal(nombre))
+            listado.temporales.append(nombre);
+        else if (!esOtraEscritura(carpeta, *entrada, nombre))
             agregarEscritura(listado.escrituras[plegado(nombre)], nombre);
     }
 }
@@ -87,6 +102,7 @@ void NombresDeCarpeta::tomarCambio(Listado &listado, int carpeta, const QString 
             hallado->removeOne(nombre);
         if (hallado != listado.escrituras.end() && hallado->isEmpty())
             listado.escrituras.erase(hallado);
+        listado.temporales.removeOne(nombre);
     }
     const auto datos = datosDe(carpeta);
     listado.cambio = datos ? momentoDe(*datos) : Momento();
@@ -134,6 +150,12 @@ std::optional<NombresDeCarpeta::Entrada> NombresDeCarpeta::hallar(int carpeta,
     if (!std::any_of(escrituras.begin(), escrituras.end(), existe))
         return std::nullopt;
     return entrada;
+}
+
+QStringList NombresDeCarpeta::temporales(int carpeta)
+{
+    const Listado *listado = listadoDe(carpeta);
+    return listado ? listado->temporales : QStringList();
 }
 
 void NombresDeCarpeta::anotarBorrado(int carpeta, const QString &pedido)

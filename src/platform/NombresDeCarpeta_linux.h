@@ -19,6 +19,10 @@ inline QByteArray enDisco(const QString &nombre)
     return nombre.toUtf8();
 }
 
+// The process that the name of a temporary file tells, ".descarga-PROCESS-NUMBER"; nothing for any
+// other name.
+std::optional<qint64> procesoDeTemporal(const QString &nombre);
+
 class NombresDeCarpeta {
 public:
     // An entry of a folder: its spelling on the disk, and what it is (a link is a link).
@@ -30,6 +34,9 @@ public:
     // The entry that a name stands for: the one in its exact spelling, else the first by name of
     // those that differ in letter case only. Nothing when there is none.
     std::optional<Entrada> hallar(int carpeta, const QString &nombre);
+
+    // The entries of a folder with the name of a temporary file, as downloads are written to.
+    QStringList temporales(int carpeta);
 
     // Says that the file which `pedido` stood for has been deleted. From then on the name stands
     // for no entry of another spelling: what is written to a path after it was deleted is a file
@@ -64,7 +71,8 @@ private:
     struct Listado {
         Momento cambio;
         QHash<QString, QStringList> escrituras; // folded name -> spellings on the disk, by name
-        QSet<QString> borrados;                 // see anotarBorrado; outlives the listing
+        QStringList temporales;
+        QSet<QString> borrados; // see anotarBorrado; outlives the listing
     };
     using Identidad = std::pair<dev_t, ino_t>;
 
