@@ -33,6 +33,10 @@ public:
 
 class DriveC {
 public:
+    // The user's home folder, which C:\ stands for: HOME if that is an absolute path, else the
+    // account's. Empty when neither gives one; it is never another folder in their stead.
+    static QString carpetaPersonal();
+
     // `carpetaPersonal` is the absolute native folder that C:\ stands for; `raiz` the one folder
     // in it that the program may write to. Any other `carpetaPersonal`, an empty one too, makes a
     // drive C that is not there: every operation fails.

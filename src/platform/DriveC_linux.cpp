@@ -11,6 +11,7 @@
 #include <cerrno>
 
 #include <fcntl.h>
+#include <pwd.h>
 
 namespace {
 
@@ -38,6 +39,20 @@ bool escribirTodo(Descriptor &archivo, const QByteArray &bytes)
             return false;
     }
     return archivo.cerrar();
+}
+
+QString carpetaDeLaCuenta()
+{
+    constexpr long alMenos = 16384;
+    QByteArray lugar(static_cast<qsizetype>(std::max(::sysconf(_SC_GETPW_R_SIZE_MAX), alMenos)),
+                     Qt::Uninitialized);
+    passwd cuenta = {};
+    passwd *hallada = nullptr;
+    if (::getpwuid_r(::getuid(), &cuenta, lugar.data(), static_cast<size_t>(lugar.size()), &hallada)
+            != 0
+        || !hallada)
+        return {};
+    return QString::fromUtf8(hallada->pw_dir);
 }
 
 constexpr int paraAgregar = O_WRONLY | O_APPEND | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
@@ -144,6 +159,13 @@ public:
             });
     }
 };
+
+QString DriveC::carpetaPersonal()
+{
+    const QString pedida = QString::fromUtf8(qgetenv("HOME"));
+    const QString carpeta = QDir::isAbsolutePath(pedida) ? pedida : carpetaDeLaCuenta();
+    return QDir::isAbsolutePath(carpeta) ? QDir::cleanPath(carpeta) : QString();
+}
 
 DriveC::DriveC(const QString &carpetaPersonal, const QString &raiz)
     : d(std::make_unique<Interno>(carpetaPersonal, raiz))

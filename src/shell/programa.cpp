@@ -5,7 +5,6 @@
 #include "service/Servicio.h"
 #include "shell/Form1.h"
 
-#include <QDir>
 #include <QIcon>
 #include <QLibraryInfo>
 #include <QLocale>
@@ -30,7 +29,7 @@ int Programa::correr(const QString &ServiceBase)
 
     const PaletaEscritorio paleta;
     HttpClient http;
-    DriveC disco(QDir::homePath());
+    DriveC disco(DriveC::carpetaPersonal());
     Azar azar;
     Verbos verbos;
     Servicio servicio{ServiceBase, http, disco, azar, &pausa};
