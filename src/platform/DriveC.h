@@ -74,7 +74,8 @@ public:
     std::optional<QStringList> carpetas(const QString &ruta) const;
 
     // The native path of a document for the shell: of a path on drive C the file that it means,
-    // any other path as it is.
+    // any other path as it is. A line of the archive root's listing with "/" and a document after
+    // it means what stands in that very folder, whatever its name.
     QString rutaNativa(const QString &ruta) const;
 
     class Interno;

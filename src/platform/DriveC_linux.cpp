@@ -273,6 +273,15 @@ std::optional<QStringList> DriveC::carpetas(const QString &ruta) const
 
 QString DriveC::rutaNativa(const QString &ruta) const
 {
+    if (!d->raiz.hayUnidad())
+        return ruta;
+    // A folder in the archive list is meant as it is listed, also when Windows would read its name
+    // otherwise or refuse it.
+    if (const auto enLista = rutaWindows::comoEnLista(ruta);
+        enLista && d->raiz.esRaiz(enLista->madre)) {
+        if (const auto nativa = d->raiz.rutaNativa(enLista->carpeta, enLista->nombres))
+            return *nativa;
+    }
     const auto nombres = rutaWindows::nombres(ruta);
-    return nombres && d->raiz.hayUnidad() ? d->raiz.rutaNativa(*nombres) : ruta;
+    return nombres ? d->raiz.rutaNativa(*nombres) : ruta;
 }

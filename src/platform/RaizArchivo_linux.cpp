@@ -72,12 +72,11 @@ Descriptor RaizArchivo::abrirCarpeta(const QStringList &nombres)
     Descriptor carpeta = abrirDebajo(raiz, nombres.join(u'/'));
     // Another spelling, a link that is written from the disk's top, or a system that does not
     // know the call: each name is looked up by itself.
-    return carpeta ? std::move(carpeta) : andar(nombres);
+    return carpeta ? std::move(carpeta) : andar(std::move(raiz), nombres);
 }
 
-Descriptor RaizArchivo::andar(QStringList pendientes)
+Descriptor RaizArchivo::andar(Descriptor carpeta, QStringList pendientes)
 {
-    Descriptor carpeta = abrirRaiz();
     for (int enlaces = 0; carpeta && !pendientes.isEmpty();) {
         const auto entrada = nombres.hallar(carpeta.numero(), pendientes.takeFirst());
         if (!entrada)
@@ -124,19 +123,34 @@ std::optional<RaizArchivo::Archivo> RaizArchivo::archivo(const Descriptor &carpe
     return Archivo{std::move(madre), *real};
 }
 
-QString RaizArchivo::rutaNativa(const QStringList &pedidos)
+QString RaizArchivo::seguir(QString ruta, const QStringList &pedidos)
 {
-    QString ruta = m_personal == u"/" ? QString() : m_personal;
     for (const QString &pedido : pedidos) {
-        const bool enPersonal = &pedido == &pedidos.first();
-        const Descriptor carpeta = enPersonal
-                                       ? abrirPersonal()
-                                       : Descriptor(::open(enDisco(ruta).constData(), soloNombrar));
-        const auto entrada =
-            carpeta
-                ? nombres.hallar(carpeta.numero(), enPersonal && esRaiz(pedido) ? m_nombre : pedido)
-                : std::nullopt;
+        const Descriptor carpeta(::open(enDisco(ruta + u'/').constData(), soloNombrar));
+        const auto entrada = carpeta ? nombres.hallar(carpeta.numero(), pedido) : std::nullopt;
         ruta += u'/' + (entrada ? entrada->nombre : pedido);
     }
-    return ruta.isEmpty() ? m_personal : ruta;
+    return ruta;
+}
+
+QString RaizArchivo::rutaNativa(const QStringList &pedidos)
+{
+    if (pedidos.isEmpty())
+        return m_personal;
+    const QString personal = m_personal == u"/" ? QString() : m_personal;
+    QString primero = pedidos.first();
+    // However the root is spelled in the path, it is the same folder as for writing.
+    if (esRaiz(primero) && abrirRaiz())
+        primero = m_nombre;
+    return seguir(personal, QStringList{primero} + pedidos.mid(1));
+}
+
+std::optional<QString> RaizArchivo::rutaNativa(const QString &carpeta, const QStringList &pedidos)
+{
+    const Descriptor raiz = abrirRaiz();
+    struct stat datos = {};
+    if (!raiz || ::fstatat(raiz.numero(), enDisco(carpeta).constData(), &datos, 0) != 0
+        || !S_ISDIR(datos.st_mode))
+        return std::nullopt;
+    return seguir(rutaNativa({m_nombre}) + u'/' + carpeta, pedidos);
 }

@@ -25,6 +25,20 @@ bool enUnidadC(const QString &ruta)
            && esSeparador(ruta[2]);
 }
 
+std::optional<EnLista> comoEnLista(const QString &ruta)
+{
+    static const QRegularExpression partes(QStringLiteral("\\A([^\\\\/]+)[\\\\/]([^/]+)/(.*)\\z"),
+                                           QRegularExpression::DotMatchesEverythingOption);
+    const auto hallado = enUnidadC(ruta) ? partes.match(ruta.mid(3)) : QRegularExpressionMatch();
+    if (!hallado.hasMatch())
+        return std::nullopt;
+    const QString carpeta = hallado.captured(2);
+    const auto resto = nombres(ruta.first(3) + hallado.captured(3));
+    if (!resto || carpeta == u"." || carpeta == u"..")
+        return std::nullopt;
+    return EnLista{hallado.captured(1), carpeta, *resto};
+}
+
 bool terminaEnSeparador(const QString &ruta)
 {
     return !ruta.isEmpty() && esSeparador(ruta.back());

@@ -18,6 +18,18 @@ std::optional<QStringList> nombres(const QString &ruta);
 // Whether the path ends in a separator, as only that of a folder does: `nombres` drops it.
 bool terminaEnSeparador(const QString &ruta);
 
+// A path that begins as a line of a folder's listing does: the folder's name ("Quorvela"), one
+// separator, and the name of a folder in it as it stands, up to the first "/". The name may be one
+// that Windows refuses, end in a blank or a dot, or hold a "\"; all that it cannot hold is a "/".
+struct EnLista {
+    QString madre;
+    QString carpeta;
+    QStringList nombres; // from there on
+};
+
+// Reads a path so. Nothing comes back when it cannot be read so.
+std::optional<EnLista> comoEnLista(const QString &ruta);
+
 // Whether Windows refuses the name: it holds one of < > : " | ? * or a control character, is
 // empty, or is a reserved device name (CON, PRN, AUX, NUL, COM1-9, LPT1-9), with or without an
 // extension.

@@ -14,6 +14,8 @@ private Q_SLOTS:
     void ruta_nombres();
     void ruta_refusada_data();
     void ruta_refusada();
+    void comoEnLista_data();
+    void comoEnLista();
     void separadorAlFinal_data();
     void separadorAlFinal();
     void nombre_refusado_data();
@@ -102,6 +104,43 @@ void tst_rutaWindows::ruta_refusada()
 {
     QFETCH(QString, ruta);
     QVERIFY(!rutaWindows::nombres(ruta));
+}
+
+void tst_rutaWindows::comoEnLista_data()
+{
+    QTest::addColumn<QString>("ruta");
+    QTest::addColumn<QString>("carpeta"); // empty: it cannot be read so
+    QTest::addColumn<QStringList>("nombres");
+    const QStringList portada = {u"index.html"_s};
+    QTest::newRow("comun") << u"C:\\Quorvela\\123-2010/index.html"_s << u"123-2010"_s << portada;
+    for (const auto &nombre : {u"con"_s, u"a:b"_s, u"punto."_s, u"blanco "_s, u" "_s, u"..."_s,
+                               u"a\\b"_s, u"\\a"_s, u"a\\"_s, u"a\nb"_s, u"\"<|>\""_s})
+        QTest::newRow(nombre.toLatin1().toPercentEncoding())
+            << u"c:\\Quorvela\\%1/index.html"_s.arg(nombre) << nombre << portada;
+    QTest::newRow("mas adentro") << u"C:\\Quorvela\\nul/a\\b./c"_s << u"nul"_s
+                                 << QStringList{u"a"_s, u"b"_s, u"c"_s};
+    QTest::newRow("sin documento") << u"C:\\Quorvela\\nul"_s << QString() << QStringList();
+    QTest::newRow("punto") << u"C:\\Quorvela\\./index.html"_s << QString() << QStringList();
+    QTest::newRow("dos puntos") << u"C:\\Quorvela\\../index.html"_s << QString() << QStringList();
+    QTest::newRow("documento refusado")
+        << u"C:\\Quorvela\\123-2010/a?b"_s << QString() << QStringList();
+    QTest::newRow("otra unidad") << u"D:\\Quorvela\\123-2010/index.html"_s << QString()
+                                 << QStringList();
+    QTest::newRow("nativa") << u"/home/ana/index.html"_s << QString() << QStringList();
+}
+
+void tst_rutaWindows::comoEnLista()
+{
+    QFETCH(QString, ruta);
+    QFETCH(QString, carpeta);
+    QFETCH(QStringList, nombres);
+    const auto leida = rutaWindows::comoEnLista(ruta);
+    QCOMPARE(leida.has_value(), !carpeta.isEmpty());
+    if (!leida)
+        return;
+    QCOMPARE(leida->madre, u"Quorvela"_s);
+    QCOMPARE(leida->carpeta, carpeta);
+    QCOMPARE(leida->nombres, nombres);
 }
 
 void tst_rutaWindows::separadorAlFinal_data()

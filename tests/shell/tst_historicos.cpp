@@ -156,20 +156,31 @@ private Q_SLOTS:
         QTest::addColumn<QString>("carpeta");
         QTest::newRow("an archive") << QStringLiteral("456-2011");
         QTest::newRow("any other folder") << QStringLiteral("fotos del paseo");
+        // Names that Windows refuses or shortens; each has a neighbour of the name it would get.
+        QTest::newRow("a device's name") << QStringLiteral("con");
+        QTest::newRow("a colon") << QStringLiteral("a:b");
+        QTest::newRow("a dot at the end") << QStringLiteral("punto.");
+        QTest::newRow("a blank at the end") << QStringLiteral("blanco ");
+        QTest::newRow("a back slash") << QStringLiteral("a\\b");
     }
     void verHistorico_abreLaPortadaDelElegido()
     {
         QFETCH(QString, carpeta);
         const AbridorAnotado abridor;
         VentanaDePrueba v;
-        QVERIFY(QDir().mkpath(v.e.nativa(QStringLiteral("123-2010"))));
+        for (const char *vecina : {"123-2010", "a/b", "punto", "blanco"})
+            QVERIFY(QDir().mkpath(v.e.nativa(QString::fromLatin1(vecina))));
         QVERIFY(QDir().mkpath(v.e.nativa(carpeta)));
         v.form.cargaListaHistoricos();
         v.ingresar();
         v.elegir("Option1_3");
         auto *lista = v.elemento<QListWidget>("lstHistoricos");
+        const auto renglon = lineas(lista).indexOf(QStringLiteral("C:\\Quorvela\\") + carpeta);
+        QVERIFY(renglon >= 0);
+        auto *elegido = lista->item(static_cast<int>(renglon));
+        lista->scrollToItem(elegido);
         QTest::mouseClick(lista->viewport(), Qt::LeftButton, {},
-                          lista->visualItemRect(lista->item(1)).center());
+                          lista->visualItemRect(elegido).center());
         v.clic("Command4");
         QTRY_COMPARE(abridor.anotado(),
                      "1\n" + v.e.nativa(carpeta + QStringLiteral("/index.html")).toUtf8() + '\n');
