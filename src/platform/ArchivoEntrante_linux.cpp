@@ -142,7 +142,7 @@ public:
 
     ~ArchivoEntranteLinux() override
     {
-        if (!m_abierto || m_publicado)
+        if (!m_creado || m_publicado)
             return;
         m_archivo.close();
         // One that cannot be removed is an abandoned one to the next download.
@@ -160,13 +160,12 @@ public:
             intento = crearTemporal(m_carpeta, m_temporal);
             return bool(intento.archivo);
         };
-        bool creado = false;
-        for (int vez = 0; !creado && vez < maximoDeIntentos && (vez == 0 || intento.ocupado); ++vez)
-            creado = m_raiz.nombres.cambiar(m_carpeta.numero(), {}, Queda::Igual, crear);
-        m_abierto = creado
-                    && m_archivo.open(intento.archivo.soltar(), QIODevice::WriteOnly,
-                                      QFileDevice::AutoCloseHandle);
-        return m_abierto;
+        for (int vez = 0; !m_creado && vez < maximoDeIntentos && (vez == 0 || intento.ocupado);
+             ++vez)
+            m_creado = m_raiz.nombres.cambiar(m_carpeta.numero(), {}, Queda::Igual, crear);
+        return m_creado
+               && m_archivo.open(intento.archivo.soltar(), QIODevice::WriteOnly,
+                                 QFileDevice::AutoCloseHandle);
     }
 
     QIODevice &dispositivo() override { return m_archivo; }
@@ -202,7 +201,7 @@ private:
     QString m_nombre;
     QString m_temporal;
     ArchivoTemporal m_archivo;
-    bool m_abierto = false;
+    bool m_creado = false;
     bool m_publicado = false;
 };
 

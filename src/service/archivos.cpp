@@ -43,7 +43,7 @@ bool descargarArchivo(Servicio &servicio, const QString &url, const QString &arc
     const auto entrante = servicio.disco.recibir(sinSaltos(archivo));
     // The request goes out whatever the disk says; what cannot be stored is let go.
     QBuffer sinDestino;
-    sinDestino.open(QIODevice::WriteOnly);
+    [[maybe_unused]] const bool abierto = sinDestino.open(QIODevice::WriteOnly); // memory opens
     QIODevice &destino = entrante ? entrante->dispositivo() : sinDestino;
     if (servicio.http.getArchivo(codepage::aBytes(url), destino) && entrante) {
         [[maybe_unused]] const bool guardado = entrante->publicar();

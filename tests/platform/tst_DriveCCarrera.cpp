@@ -130,7 +130,7 @@ void tst_DriveCCarrera::archivoTrocadoPorEnlace_nadaFuera()
         const Trueque trueque(casa->ruta(u"Quorvela/notas/a.txt"_s),
                               casa->ruta(u"Quorvela/notas/enlace"_s));
         QVERIFY(trueque.posible);
-        for (int vuelta = 0; vuelta < vueltas; ++vuelta) {
+        for (int vuelta = 0; vuelta < 10 * vueltas; ++vuelta) {
             [[maybe_unused]] const bool agregado =
                 disco->agregar(u"C:\\Quorvela\\notas\\a.txt"_s, "x");
         }
@@ -148,7 +148,7 @@ void tst_DriveCCarrera::archivoTrocadoPorTuberia_noEspera()
     const Trueque trueque(casa->ruta(u"Quorvela/notas/a.txt"_s),
                           casa->ruta(u"Quorvela/notas/tubo"_s));
     QVERIFY(trueque.posible);
-    for (int vuelta = 0; vuelta < vueltas; ++vuelta) {
+    for (int vuelta = 0; vuelta < 10 * vueltas; ++vuelta) {
         [[maybe_unused]] const bool agregado = disco->agregar(u"C:\\Quorvela\\notas\\a.txt"_s, "x");
     }
     QTRY_VERIFY(trueque.veces > 0);

@@ -149,6 +149,8 @@ void tst_DriveCDosEscrituras::trasBorrar_unArchivoPropio()
 
 void tst_DriveCDosEscrituras::trasBorrar_elOtroSigueSiendoElOtro()
 {
+    // Also when the folder's names are already known.
+    QVERIFY(!disco->largo(u"C:\\Quorvela\\ninguno.html"_s));
     QVERIFY(disco->borrar(u"C:\\Quorvela\\notas.html"_s));
     QCOMPARE(disco->largo(u"C:\\Quorvela\\Notas.html"_s), 10);
     QCOMPARE(disco->largo(u"C:\\Quorvela\\NOTAS.html"_s), 10);
