@@ -135,7 +135,6 @@ public:
 
         curl_multi_add_handle(m_multi, transferencia.easy);
         esperar(transferencia);
-        curl_multi_remove_handle(m_multi, transferencia.easy);
 
         Respuesta respuesta;
         respuesta.resultado = transferencia.resultado;
@@ -232,14 +231,15 @@ private:
         QTimer silencio;
         silencio.setSingleShot(true);
         connect(&silencio, &QTimer::timeout, this, [this, &transferencia, &silencio] {
+            if (transferencia.terminada) // and a wait above keeps this one from returning
+                return;
             const auto quieta = std::chrono::duration_cast<std::chrono::milliseconds>(
                 Reloj::now() - transferencia.ultimoByte);
             if (quieta < m_limites.silencio) {
                 silencio.start(m_limites.silencio - quieta);
                 return;
             }
-            transferencia.resultado = CURLE_OPERATION_TIMEDOUT;
-            transferencia.terminada = true;
+            terminar(transferencia, CURLE_OPERATION_TIMEDOUT);
         });
         silencio.start(m_limites.silencio);
         while (!transferencia.terminada) {
@@ -258,9 +258,18 @@ private:
                 continue;
             Transferencia *transferencia = nullptr;
             curl_easy_getinfo(mensaje->easy_handle, CURLINFO_PRIVATE, &transferencia);
-            transferencia->resultado = mensaje->data.result;
-            transferencia->terminada = true;
+            terminar(*transferencia, mensaje->data.result);
         }
+    }
+
+    // The end, whichever came first. The library lets go of the transfer here and now, with its
+    // connection: the wait for it may go on for long below others, and until then nothing more
+    // may be written for it.
+    void terminar(Transferencia &transferencia, CURLcode resultado)
+    {
+        transferencia.resultado = resultado;
+        transferencia.terminada = true;
+        curl_multi_remove_handle(m_multi, transferencia.easy);
     }
 
     std::unique_ptr<QSocketNotifier> vigilar(curl_socket_t conexion, QSocketNotifier::Type tipo,
