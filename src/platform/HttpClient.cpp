@@ -207,6 +207,10 @@ private:
         curl_easy_setopt(easy, CURLOPT_SHARE, m_comun);
         curl_easy_setopt(easy, CURLOPT_COOKIEFILE, ""); // memory only
         curl_easy_setopt(easy, CURLOPT_NOSIGNAL, 1L);
+        // A look-up that goes on after its request has been given up is left to itself: the
+        // library would wait for its thread, and the window with it, as long as a name server
+        // keeps silent.
+        curl_easy_setopt(easy, CURLOPT_QUICK_EXIT, 1L);
         curl_easy_setopt(easy, CURLOPT_CONNECTTIMEOUT_MS,
                          static_cast<long>(m_limites.conexion.count()));
         curl_easy_setopt(easy, CURLOPT_SSLVERSION, CURL_SSLVERSION_TLSv1_2);
