@@ -118,11 +118,13 @@ public:
     struct Respuesta {
         CURLcode resultado = CURLE_OK;
         long estado = 0;
-        QByteArray otraDireccion; // where a redirect leads, absolute
+        bool sigue = false;                      // it leads to another address
+        std::optional<QByteArray> otraDireccion; // absolute; nothing when it cannot be read
     };
 
-    // Sends one request and waits for its reply.
-    Respuesta pedir(const direccionHttp::Partes &direccion, const Cabeceras &cabeceras,
+    // Sends one request and waits for its reply. `protocolos`: the only ones that it may use.
+    Respuesta pedir(const direccionHttp::Partes &direccion, const char *protocolos,
+                    const Cabeceras &cabeceras,
                     const std::function<bool(const char *, qsizetype)> &recibir)
     {
         Transferencia transferencia;
@@ -131,7 +133,7 @@ public:
         curl_slist *lista = nullptr;
         for (const auto &[nombre, valor] : cabeceras)
             lista = curl_slist_append(lista, (nombre + ": " + valor).constData());
-        preparar(transferencia, direccion, lista);
+        preparar(transferencia, direccion, protocolos, lista);
 
         curl_multi_add_handle(m_multi, transferencia.easy);
         esperar(transferencia);
@@ -142,7 +144,8 @@ public:
         if (respuesta.resultado == CURLE_OK && !transferencia.cabeceraEntera)
             respuesta.resultado = CURLE_GOT_NOTHING;
         curl_easy_getinfo(transferencia.easy, CURLINFO_RESPONSE_CODE, &respuesta.estado);
-        if (transferencia.cuerpoSobra())
+        respuesta.sigue = transferencia.cuerpoSobra();
+        if (respuesta.sigue)
             respuesta.otraDireccion = direccionHttp::direccionDe(
                 transferencia.lugar, direccion.servidor + direccion.destino);
         curl_slist_free_all(lista);
@@ -151,24 +154,26 @@ public:
     }
 
     // The same through its redirects. They are followed here and not by the library, which would
-    // send the first request's target to each further address.
+    // send the first request's target to each further address. Once the way is a safe one it stays
+    // so: the library, too, is then allowed no other protocol, whatever it makes of an address.
     std::optional<long> seguir(const QByteArray &direccion, const Cabeceras &cabeceras,
                                const std::function<bool(const char *, qsizetype)> &recibir)
     {
         direccionHttp::Partes actual = direccionHttp::separar(direccion);
+        bool segura = direccionHttp::esSegura(direccion);
         for (int saltos = 0;; ++saltos) {
-            const Respuesta respuesta = pedir(actual, cabeceras, recibir);
+            const Respuesta respuesta =
+                pedir(actual, segura ? "https" : "http,https", cabeceras, recibir);
             if (respuesta.resultado != CURLE_OK)
                 return std::nullopt;
-            if (respuesta.otraDireccion.isEmpty())
+            if (!respuesta.sigue)
                 return respuesta.estado;
-            const QByteArray &otra = respuesta.otraDireccion;
-            const bool permitida =
-                direccionHttp::esSegura(otra)
-                || (!direccionHttp::esSegura(actual.servidor) && otra.startsWith("http:"));
-            if (saltos == redireccionesMaximas || !permitida)
+            if (saltos == redireccionesMaximas || !respuesta.otraDireccion)
                 return std::nullopt;
-            actual = direccionHttp::separar(otra);
+            if (segura && !direccionHttp::esSegura(*respuesta.otraDireccion))
+                return std::nullopt;
+            segura = direccionHttp::esSegura(*respuesta.otraDireccion);
+            actual = direccionHttp::separar(*respuesta.otraDireccion);
         }
     }
 
@@ -187,13 +192,13 @@ private:
     }
 
     void preparar(Transferencia &transferencia, const direccionHttp::Partes &direccion,
-                  curl_slist *lista)
+                  const char *protocolos, curl_slist *lista)
     {
         CURL *easy = transferencia.easy;
         curl_easy_setopt(easy, CURLOPT_URL, (direccion.servidor + direccion.destino).constData());
         curl_easy_setopt(easy, CURLOPT_REQUEST_TARGET, direccion.destino.constData());
         curl_easy_setopt(easy, CURLOPT_PATH_AS_IS, 1L);
-        curl_easy_setopt(easy, CURLOPT_PROTOCOLS_STR, "http,https");
+        curl_easy_setopt(easy, CURLOPT_PROTOCOLS_STR, protocolos);
         // Through a plain proxy the target would have to be a whole address; in a tunnel it is
         // the caller's.
         curl_easy_setopt(easy, CURLOPT_HTTPPROXYTUNNEL, 1L);

@@ -2,6 +2,8 @@
 
 #include <QList>
 
+#include <memory>
+
 #include <curl/curl.h>
 
 namespace direccionHttp {
@@ -30,17 +32,19 @@ bool esSegura(const QByteArray &direccion)
 
 // Escaped before the library reads it, which would write some bytes in another way ("+" for a
 // blank).
-QByteArray direccionDe(const QByteArray &lugar, const QByteArray &desde)
+std::optional<QByteArray> direccionDe(const QByteArray &lugar, const QByteArray &desde)
 {
-    QByteArray direccion = destinoEnLinea(lugar.split('#').first());
-    CURLU *partes = curl_url();
+    const QByteArray escrito = destinoEnLinea(lugar.split('#').first());
+    const std::unique_ptr<CURLU, decltype(&curl_url_cleanup)> partes(curl_url(), curl_url_cleanup);
     char *entera = nullptr;
-    if (curl_url_set(partes, CURLUPART_URL, desde.constData(), 0) == CURLUE_OK
-        && curl_url_set(partes, CURLUPART_URL, direccion.constData(), 0) == CURLUE_OK
-        && curl_url_get(partes, CURLUPART_URL, &entera, 0) == CURLUE_OK)
-        direccion = entera;
+    if (!partes || curl_url_set(partes.get(), CURLUPART_URL, desde.constData(), 0) != CURLUE_OK
+        || curl_url_set(partes.get(), CURLUPART_URL, escrito.constData(), 0) != CURLUE_OK
+        || curl_url_get(partes.get(), CURLUPART_URL, &entera, 0) != CURLUE_OK)
+        return std::nullopt;
+    const QByteArray direccion(entera);
     curl_free(entera);
-    curl_url_cleanup(partes);
+    if (!esSegura(direccion) && direccion.left(5).toLower() != "http:")
+        return std::nullopt;
     return direccion;
 }
 

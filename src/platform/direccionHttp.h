@@ -3,6 +3,8 @@
 
 #include <QByteArray>
 
+#include <optional>
+
 namespace direccionHttp {
 
 // What names the server, and the target asked of it.
@@ -17,8 +19,9 @@ Partes separar(const QByteArray &direccion);
 bool esSegura(const QByteArray &direccion);
 
 // Where a redirect from `desde` leads, absolute and without its fragment. Its bytes stay as they
-// came but for those that cannot stand in a request target.
-QByteArray direccionDe(const QByteArray &lugar, const QByteArray &desde);
+// came but for those that cannot stand in a request target. Nothing for an address that cannot be
+// read (it is never guessed at), or of another protocol than http and https.
+std::optional<QByteArray> direccionDe(const QByteArray &lugar, const QByteArray &desde);
 
 // A byte that cannot stand in a request target (a blank, a control character, one above 127, and
 // " # < > \ ^ ` { | }) becomes %XX; all others stay.

@@ -97,6 +97,9 @@ private Q_SLOTS:
     void deHttpsAHttps_seSigue();
     void deHttpAHttps_seSigue();
     void deHttpAHttpsAHttp_rechazada();
+    void haciaHttpsIlegible_noVaSinCifrar_data();
+    void haciaHttpsIlegible_noVaSinCifrar();
+    void direccionHttpsIlegible_noVaSinCifrar();
 
 private:
     QString archivoDe(const QByteArray &pem, const QString &nombre) const;
@@ -411,6 +414,45 @@ void tst_HttpsClient::deHttpAHttpsAHttp_rechazada()
     QCOMPARE(http.get(principio.base() + "/", cabecerasTexto), std::nullopt);
     QCOMPARE(servicio.peticiones().size(), 1);
     QCOMPARE(fin.conexiones(), 0);
+}
+
+// An address that begins with https and cannot be read must not be guessed at: "https" is then
+// taken for the name of a host, and asked in plain HTTP.
+void tst_HttpsClient::haciaHttpsIlegible_noVaSinCifrar_data()
+{
+    QTest::addColumn<QByteArray>("lugar"); // PUERTO stands for the plain server's
+    QTest::newRow("minusculas") << QByteArray("https:PUERTO/x");
+    QTest::newRow("mayusculas") << QByteArray("HTTPS:PUERTO/x");
+    QTest::newRow("con consulta") << QByteArray("https:PUERTO?x");
+}
+
+void tst_HttpsClient::haciaHttpsIlegible_noVaSinCifrar()
+{
+    QFETCH(QByteArray, lugar);
+    const ServidorGuion claro("HTTP/1.1 200 OK\r\nContent-Length: 4\r\n\r\nhola");
+    // Stands in the way of whatever goes out in plain HTTP, whoever it is meant for.
+    qputenv("http_proxy", claro.base());
+    servicio.fallar("/vieja", {Falla::Redireccion,
+                               lugar.replace("PUERTO", QByteArray::number(claro.puerto()))});
+    HttpClient http(autoridad);
+    QCOMPARE(http.get(base + "/vieja", cabecerasTexto), std::nullopt);
+    QBuffer destino;
+    destino.open(QIODevice::WriteOnly);
+    QVERIFY(!http.getArchivo(base + "/vieja", destino));
+    QCOMPARE(servicio.peticiones().size(), 2);
+    QCOMPARE(claro.conexiones(), 0);
+}
+
+void tst_HttpsClient::direccionHttpsIlegible_noVaSinCifrar()
+{
+    const ServidorGuion claro("HTTP/1.1 200 OK\r\nContent-Length: 4\r\n\r\nhola");
+    qputenv("http_proxy", claro.base());
+    HttpClient http(autoridad);
+    for (const QByteArray protocolo : {"https:", "HTTPS:"}) {
+        QCOMPARE(http.get(protocolo + QByteArray::number(claro.puerto()) + "/x", {}), std::nullopt);
+        QCOMPARE(http.get(protocolo + "servicio/x", {}), std::nullopt);
+    }
+    QCOMPARE(claro.conexiones(), 0);
 }
 
 QTEST_MAIN(tst_HttpsClient)

@@ -15,6 +15,8 @@ private Q_SLOTS:
     void redireccion();
     void lugar_resuelto_data();
     void lugar_resuelto();
+    void lugar_ilegible_data();
+    void lugar_ilegible();
 };
 
 void tst_direccionHttp::cadaByte_enLinea()
@@ -115,8 +117,7 @@ void tst_direccionHttp::lugar_resuelto_data()
     fila("blancos", "/a b?c=d e", "http://s.example:81/a%20b?c=d%20e");
     fila("acentos", "/\xC1?c=\xF1", "http://s.example:81/%C1?c=%F1");
     fila("ya escrito", "/a%20b%c1", "http://s.example:81/a%20b%c1");
-    // What cannot be read stays as it is, and fails as an address.
-    fila("puerto imposible", "http://s.example:99999/", "http://s.example:99999/");
+    fila("una sola barra", "https:/otro.example/y", "https://otro.example/y");
 }
 
 void tst_direccionHttp::lugar_resuelto()
@@ -124,6 +125,28 @@ void tst_direccionHttp::lugar_resuelto()
     QFETCH(QByteArray, lugar);
     QFETCH(QByteArray, direccion);
     QCOMPARE(direccionHttp::direccionDe(lugar, "http://s.example:81/dir/una?vieja=1"), direccion);
+}
+
+void tst_direccionHttp::lugar_ilegible_data()
+{
+    QTest::addColumn<QByteArray>("lugar");
+    QTest::newRow("puerto imposible") << QByteArray("http://s.example:99999/");
+    QTest::newRow("https sin servidor, con puerto") << QByteArray("https:18084/x");
+    QTest::newRow("HTTPS sin servidor, con puerto") << QByteArray("HTTPS:18084/x");
+    QTest::newRow("https sin servidor") << QByteArray("https:x");
+    QTest::newRow("https sin nada") << QByteArray("https:");
+    QTest::newRow("https y barras") << QByteArray("https://");
+    QTest::newRow("corchete sin cerrar") << QByteArray("https://[::1/x");
+    QTest::newRow("blanco en el nombre") << QByteArray("https://s example/");
+    QTest::newRow("archivo") << QByteArray("file:///etc/hostname");
+    QTest::newRow("otro protocolo") << QByteArray("ftp://s.example/x");
+}
+
+void tst_direccionHttp::lugar_ilegible()
+{
+    QFETCH(QByteArray, lugar);
+    for (const QByteArray desde : {"http://s.example:81/dir/una", "https://s.example/dir/una"})
+        QCOMPARE(direccionHttp::direccionDe(lugar, desde), std::nullopt);
 }
 
 QTEST_APPLESS_MAIN(tst_direccionHttp)
