@@ -1,0 +1,52 @@
+// Drives the HTTP client's transfers with this thread's event loop. Whoever turns the loop, a wait
+// of the client's or a message box, moves all of them on.
+#pragma once
+
+#include <QObject>
+#include <QSocketNotifier>
+#include <QTimer>
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <vector>
+
+#include <curl/curl.h>
+
+class MotorHttp : public QObject {
+public:
+    // Called when a transfer has ended, from within the event loop and from no callback of the
+    // library: it may take transfers off and put others on, but must not turn the loop.
+    using AlTerminar = std::function<void(CURL *, CURLcode)>;
+
+    explicit MotorHttp(AlTerminar alTerminar);
+    ~MotorHttp() override;
+
+    // Starts a transfer. It is borrowed, and must be taken off before it is cleaned up.
+    void poner(CURL *easy);
+    // Lets go of a transfer and its connection, whether it has ended or not: no callback of it is
+    // called any more.
+    void quitar(CURL *easy);
+    // Handles what events there are, or waits for one.
+    void girar();
+
+private:
+    // The notifiers of one socket.
+    struct Vigia {
+        std::unique_ptr<QSocketNotifier> lectura;
+        std::unique_ptr<QSocketNotifier> escritura;
+    };
+
+    void actuar(curl_socket_t conexion, int suceso);
+    std::unique_ptr<QSocketNotifier> vigilar(curl_socket_t conexion, QSocketNotifier::Type tipo,
+                                             int suceso);
+    static int alCambiarSocket(CURL *, curl_socket_t conexion, int que, void *quien, void *);
+    static int alCambiarPlazo(CURLM *, long milisegundos, void *quien);
+    void retirar(Vigia &vigia);
+
+    AlTerminar m_alTerminar;
+    CURLM *m_multi = nullptr;
+    std::map<curl_socket_t, Vigia> m_vigias;
+    std::vector<std::unique_ptr<QSocketNotifier>> m_retirados;
+    QTimer m_plazo;
+};

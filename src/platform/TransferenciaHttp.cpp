@@ -1,0 +1,79 @@
+#include "platform/TransferenciaHttp.h"
+#include "platform/HttpClientSistema.h"
+#include "platform/direccionHttp.h"
+
+namespace {
+
+int alAbrirConexion(void *, curl_socket_t conexion, curlsocktype)
+{
+    HttpClientSistema::noHeredar(static_cast<int>(conexion));
+    return CURL_SOCKOPT_OK;
+}
+
+} // namespace
+
+void TransferenciaHttp::atender()
+{
+    curl_easy_setopt(easy, CURLOPT_WRITEFUNCTION, &TransferenciaHttp::alRecibirCuerpo);
+    curl_easy_setopt(easy, CURLOPT_WRITEDATA, this);
+    curl_easy_setopt(easy, CURLOPT_HEADERFUNCTION, &TransferenciaHttp::alRecibirCabecera);
+    curl_easy_setopt(easy, CURLOPT_HEADERDATA, this);
+    curl_easy_setopt(easy, CURLOPT_SOCKOPTFUNCTION, &alAbrirConexion);
+    curl_easy_setopt(easy, CURLOPT_PREREQFUNCTION, &TransferenciaHttp::alConectar);
+    curl_easy_setopt(easy, CURLOPT_PREREQDATA, this);
+    curl_easy_setopt(easy, CURLOPT_PRIVATE, this);
+}
+
+std::chrono::milliseconds TransferenciaHttp::quieta() const
+{
+    return std::chrono::duration_cast<std::chrono::milliseconds>(Reloj::now() - m_ultimoByte);
+}
+
+QByteArray TransferenciaHttp::otroLugar() const
+{
+    long estado = 0;
+    curl_easy_getinfo(easy, CURLINFO_RESPONSE_CODE, &estado);
+    return direccionHttp::esRedireccion(estado) ? m_lugar : QByteArray();
+}
+
+size_t TransferenciaHttp::alRecibirCuerpo(char *datos, size_t, size_t cuantos, void *quien)
+{
+    auto &yo = *static_cast<TransferenciaHttp *>(quien);
+    yo.m_ultimoByte = Reloj::now();
+    return yo.recibirCuerpo(datos, static_cast<qsizetype>(cuantos)) ? cuantos : 0;
+}
+
+size_t TransferenciaHttp::alRecibirCabecera(char *datos, size_t, size_t cuantos, void *quien)
+{
+    auto &yo = *static_cast<TransferenciaHttp *>(quien);
+    yo.m_ultimoByte = Reloj::now();
+    yo.recibirCabecera(QByteArray::fromRawData(datos, static_cast<qsizetype>(cuantos)));
+    return cuantos;
+}
+
+// The silence of a transfer counts from its connection, which has a limit of its own.
+int TransferenciaHttp::alConectar(void *quien, char *, char *, int, int)
+{
+    static_cast<TransferenciaHttp *>(quien)->m_ultimoByte = Reloj::now();
+    return CURL_PREREQFUNC_OK;
+}
+
+// The body of a redirect's own reply is nobody's.
+bool TransferenciaHttp::recibirCuerpo(const char *datos, qsizetype cuantos)
+{
+    return !otroLugar().isEmpty() || m_recibir(datos, cuantos);
+}
+
+// A warning (status 1xx) has headers of its own before those of the reply, and what follows the
+// empty line of these comes after the body.
+void TransferenciaHttp::recibirCabecera(const QByteArray &linea)
+{
+    if (linea.startsWith("HTTP/")) {
+        m_lugar.clear();
+        m_cabeceraEntera = false;
+    } else if (linea.trimmed().isEmpty()) {
+        m_cabeceraEntera = true;
+    } else if (!m_cabeceraEntera && m_lugar.isEmpty() && linea.left(9).toLower() == "location:") {
+        m_lugar = linea.mid(9).trimmed();
+    }
+}

@@ -1,0 +1,49 @@
+// One request on its way: the library's transfer, and what has come of its reply.
+#pragma once
+
+#include <QByteArray>
+#include <QTimer>
+
+#include <chrono>
+#include <functional>
+
+#include <curl/curl.h>
+
+class TransferenciaHttp {
+public:
+    // Takes a piece of the body. False: the request is to be given up.
+    using Recibir = std::function<bool(const char *, qsizetype)>;
+    using Reloj = std::chrono::steady_clock;
+
+    // `easy` is borrowed. The object must not move: the library holds its address.
+    TransferenciaHttp(CURL *easy, const Recibir &recibir) : easy(easy), m_recibir(recibir) {}
+    TransferenciaHttp(const TransferenciaHttp &) = delete;
+    TransferenciaHttp &operator=(const TransferenciaHttp &) = delete;
+
+    // Has the library's callbacks call this object.
+    void atender();
+
+    CURL *const easy;
+    CURLcode resultado = CURLE_OK; // when it has ended
+    bool terminada = false;
+    QTimer silencio;
+
+    // How long no byte has moved.
+    std::chrono::milliseconds quieta() const;
+    // Whether the headers have come to their end.
+    bool cabeceraEntera() const { return m_cabeceraEntera; }
+    // The other address that the reply names, as it came; nothing when it leads nowhere.
+    QByteArray otroLugar() const;
+
+private:
+    static size_t alRecibirCuerpo(char *datos, size_t, size_t cuantos, void *quien);
+    static size_t alRecibirCabecera(char *datos, size_t, size_t cuantos, void *quien);
+    static int alConectar(void *quien, char *, char *, int, int);
+    bool recibirCuerpo(const char *datos, qsizetype cuantos);
+    void recibirCabecera(const QByteArray &linea);
+
+    Recibir m_recibir;
+    Reloj::time_point m_ultimoByte = Reloj::now();
+    QByteArray m_lugar;
+    bool m_cabeceraEntera = false;
+};
