@@ -67,8 +67,8 @@ public:
         Respuesta respuesta;
         respuesta.resultado = transferencia.resultado;
         // The library takes headers that break off for a reply with an empty body.
-        if (respuesta.resultado == CURLE_OK && !transferencia.cabeceraEntera())
-            respuesta.resultado = CURLE_GOT_NOTHING;
+        if (respuesta.resultado == CURLE_OK && !transferencia.entera())
+            respuesta.resultado = CURLE_PARTIAL_FILE;
         curl_easy_getinfo(transferencia.easy, CURLINFO_RESPONSE_CODE, &respuesta.estado);
         const QByteArray lugar = transferencia.otroLugar();
         respuesta.sigue = !lugar.isEmpty();
@@ -134,6 +134,7 @@ private:
         curl_easy_setopt(easy, CURLOPT_HTTPHEADER, lista);
         curl_easy_setopt(easy, CURLOPT_USERAGENT, "Parvanel/4.0");
         curl_easy_setopt(easy, CURLOPT_ACCEPT_ENCODING, "gzip, deflate");
+        curl_easy_setopt(easy, CURLOPT_HTTP_CONTENT_DECODING, 0L); // but see DecodificacionHttp
         curl_easy_setopt(easy, CURLOPT_FRESH_CONNECT, 1L);
         curl_easy_setopt(easy, CURLOPT_FORBID_REUSE, 1L);
         curl_easy_setopt(easy, CURLOPT_SHARE, m_comun.get());

@@ -40,7 +40,9 @@ size_t TransferenciaHttp::alRecibirCuerpo(char *datos, size_t, size_t cuantos, v
 {
     auto &yo = *static_cast<TransferenciaHttp *>(quien);
     yo.m_ultimoByte = Reloj::now();
-    return yo.recibirCuerpo(datos, static_cast<qsizetype>(cuantos)) ? cuantos : 0;
+    if (!yo.m_cuerpo || !yo.m_cuerpo->pasar(datos, static_cast<qsizetype>(cuantos)))
+        return 0;
+    return cuantos;
 }
 
 size_t TransferenciaHttp::alRecibirCabecera(char *datos, size_t, size_t cuantos, void *quien)
@@ -58,22 +60,50 @@ int TransferenciaHttp::alConectar(void *quien, char *, char *, int, int)
     return CURL_PREREQFUNC_OK;
 }
 
-// The body of a redirect's own reply is nobody's.
-bool TransferenciaHttp::recibirCuerpo(const char *datos, qsizetype cuantos)
-{
-    return !otroLugar().isEmpty() || m_recibir(datos, cuantos);
-}
-
 // A warning (status 1xx) has headers of its own before those of the reply, and what follows the
 // empty line of these comes after the body.
 void TransferenciaHttp::recibirCabecera(const QByteArray &linea)
 {
     if (linea.startsWith("HTTP/")) {
         m_lugar.clear();
+        m_codificaciones.clear();
         m_cabeceraEntera = false;
+    } else if (m_cabeceraEntera) {
+        return;
     } else if (linea.trimmed().isEmpty()) {
-        m_cabeceraEntera = true;
-    } else if (!m_cabeceraEntera && m_lugar.isEmpty() && linea.left(9).toLower() == "location:") {
-        m_lugar = linea.mid(9).trimmed();
+        terminarCabecera();
+    } else {
+        leerCabecera(linea);
     }
+}
+
+void TransferenciaHttp::leerCabecera(const QByteArray &linea)
+{
+    const QByteArray nombre = linea.left(linea.indexOf(':')).toLower();
+    const QByteArray valor = linea.mid(nombre.size() + 1).trimmed();
+    if (nombre == "location" && m_lugar.isEmpty())
+        m_lugar = valor;
+    const bool enTransporte = nombre == "transfer-encoding";
+    if (!enTransporte && nombre != "content-encoding")
+        return;
+    for (const QByteArray &una : valor.split(',')) {
+        const QByteArray codificacion = una.trimmed();
+        // Chunks are the library's business.
+        if (!codificacion.isEmpty() && !(enTransporte && codificacion.toLower() == "chunked"))
+            m_codificaciones.append(codificacion);
+    }
+}
+
+void TransferenciaHttp::terminarCabecera()
+{
+    m_cabeceraEntera = true;
+    m_cuerpo = std::make_unique<DecodificacionHttp>(
+        m_codificaciones,
+        [this](const char *datos, qsizetype cuantos) { return recibirCuerpo(datos, cuantos); });
+}
+
+// The body of a redirect's own reply is nobody's.
+bool TransferenciaHttp::recibirCuerpo(const char *datos, qsizetype cuantos)
+{
+    return !otroLugar().isEmpty() || m_recibir(datos, cuantos);
 }

@@ -1,11 +1,15 @@
 // One request on its way: the library's transfer, and what has come of its reply.
 #pragma once
 
+#include "platform/decodificacionHttp.h"
+
 #include <QByteArray>
+#include <QList>
 #include <QTimer>
 
 #include <chrono>
 #include <functional>
+#include <memory>
 
 #include <curl/curl.h>
 
@@ -30,8 +34,8 @@ public:
 
     // How long no byte has moved.
     std::chrono::milliseconds quieta() const;
-    // Whether the headers have come to their end.
-    bool cabeceraEntera() const { return m_cabeceraEntera; }
+    // Whether the headers have come to their end, and the body to the end that it tells itself.
+    bool entera() const { return m_cabeceraEntera && m_cuerpo->entera(); }
     // The other address that the reply names, as it came; nothing when it leads nowhere.
     QByteArray otroLugar() const;
 
@@ -39,11 +43,15 @@ private:
     static size_t alRecibirCuerpo(char *datos, size_t, size_t cuantos, void *quien);
     static size_t alRecibirCabecera(char *datos, size_t, size_t cuantos, void *quien);
     static int alConectar(void *quien, char *, char *, int, int);
-    bool recibirCuerpo(const char *datos, qsizetype cuantos);
     void recibirCabecera(const QByteArray &linea);
+    void leerCabecera(const QByteArray &linea);
+    void terminarCabecera();
+    bool recibirCuerpo(const char *datos, qsizetype cuantos);
 
     Recibir m_recibir;
     Reloj::time_point m_ultimoByte = Reloj::now();
     QByteArray m_lugar;
+    QList<QByteArray> m_codificaciones;
     bool m_cabeceraEntera = false;
+    std::unique_ptr<DecodificacionHttp> m_cuerpo; // there when the headers are
 };

@@ -12,6 +12,23 @@ const HttpClient::Cabeceras cabecerasTexto = {{"Content-type", "application/x-ww
                                               {"Content-length", "0"},
                                               {"Connection", "close"}};
 
+// "deflate" first and "gzip" over it.
+const QByteArray zlibEnGzip = QByteArray::fromHex(
+    "1f8b0800000000000203ab98f359f7ef8cf8d4b51326ce9fbca2d9e5531123432d33c76400f20caae318000000");
+
+// The same with a deflate of which half is missing.
+const QByteArray zlibCortadoEnGzip =
+    QByteArray::fromHex("1f8b0800000000000203ab98f359f7ef8cf8d4b51326ce0700e137e05c0c000000");
+
+// A chunked body whose every chunk is one byte.
+QByteArray porBytes(const QByteArray &cuerpo)
+{
+    QByteArray trozos;
+    for (const char byte : cuerpo)
+        trozos += QByteArray("1\r\n") + byte + "\r\n";
+    return trozos + "0\r\n\r\n";
+}
+
 } // namespace
 
 class tst_HttpRespuestas : public QObject {
@@ -76,6 +93,51 @@ void tst_HttpRespuestas::respuesta_cuerpo_data()
         << ok + "Content-Encoding: deflate\r\nContent-Length: 18\r\n\r\n" + crudo << frase;
     QTest::newRow("sin compresion, dicho")
         << ok + "Content-Encoding: identity\r\nContent-Length: 3\r\n\r\nabc" << QByteArray("abc");
+    QTest::newRow("gzip de otra letra") << ok + "content-encoding:\t GZip \r\n\r\n" + gzip << frase;
+    QTest::newRow("x-gzip") << ok + "Content-Encoding: x-gzip\r\n\r\n" + gzip << frase;
+    QTest::newRow("gzip con envoltura de deflate")
+        << ok + "Content-Encoding: gzip\r\n\r\n" + zlib << frase;
+    QTest::newRow("gzip sin un byte") << ok + "Content-Encoding: gzip\r\nContent-Length: 0\r\n\r\n"
+                                      << QByteArray();
+    QTest::newRow("deflate sin un byte") << ok + "Content-Encoding: deflate\r\n\r\n"
+                                         << QByteArray();
+    QTest::newRow("gzip de nada") << ok + "Content-Encoding: gzip\r\n\r\n"
+                                         + QByteArray::fromHex(
+                                             "1f8b080000000000020303000000000000000000")
+                                  << QByteArray();
+    QTest::newRow("deflate sin envoltura y con cola")
+        << ok + "Content-Encoding: deflate\r\n\r\n" + crudo + "abcd" << frase;
+    QTest::newRow("deflate sin envoltura, byte a byte")
+        << ok + "Content-Encoding: deflate\r\nTransfer-Encoding: chunked\r\n\r\n" + porBytes(crudo)
+        << frase;
+    QTest::newRow("gzip byte a byte")
+        << ok + "Content-Encoding: gzip\r\nTransfer-Encoding: chunked\r\n\r\n" + porBytes(gzip)
+        << frase;
+    QTest::newRow("gzip en el transporte")
+        << ok + "Transfer-Encoding: gzip, chunked\r\n\r\n24\r\n" + gzip + "\r\n0\r\n\r\n"
+        << frase;
+    QTest::newRow("deflate, y gzip encima")
+        << ok + "Content-Encoding: deflate, gzip\r\n\r\n" + zlibEnGzip << frase;
+    QTest::newRow("deflate, y gzip encima, en dos lineas")
+        << ok + "Content-Encoding: deflate\r\nContent-Encoding: identity,gzip\r\n\r\n" + zlibEnGzip
+        << frase;
+    QTest::newRow("cinco sin efecto")
+        << ok + "Content-Encoding: identity,none,,identity, none,identity\r\n\r\nabc"
+        << QByteArray("abc");
+    QTest::newRow("compresion sin nombre")
+        << ok + "Content-Encoding: ,\r\n\r\nabc" << QByteArray("abc");
+    QTest::newRow("compresion que no se pidio, sin un byte")
+        << ok + "Content-Encoding: x-otra\r\nContent-Length: 0\r\n\r\n"
+        << QByteArray();
+    QTest::newRow("compresion en un aviso")
+        << "HTTP/1.1 103 Hints\r\nContent-Encoding: gzip\r\n\r\n" + ok
+               + "Content-Length: 3\r\n\r\nabc"
+        << QByteArray("abc");
+    QTest::newRow("compresion tras el cuerpo")
+        << ok
+               + "Transfer-Encoding: chunked\r\n\r\n3\r\nabc\r\n0\r\n"
+                 "Content-Encoding: gzip\r\n\r\n"
+        << QByteArray("abc");
     QTest::newRow("error comprimido")
         << "HTTP/1.1 500 Mal\r\nContent-Encoding: gzip\r\nContent-Length: 36\r\n\r\n" + gzip
         << frase;
@@ -127,6 +189,49 @@ void tst_HttpRespuestas::respuesta_rota_data()
         << ok + "Content-Encoding: gzip\r\n\r\n" + QByteArray(gzip).replace(14, 2, "\xFF\xFF");
     QTest::newRow("gzip cortado con largo")
         << ok + "Content-Encoding: gzip\r\nContent-Length: 36\r\n\r\n" + gzip.left(30);
+    const QByteArray zlib = QByteArray::fromHex("789cf32dfd985f65ad90919f93a88344f27201007d030893");
+    const QByteArray crudo = QByteArray::fromHex("f32dfd985f65ad90919f93a88344f2720100");
+    // Streams that break off, and a reply that is whole in every other regard.
+    const auto cortada = [&](const char *nombre, const QByteArray &codificacion,
+                             const QByteArray &cuerpo) {
+        const QByteArray cabeza = ok + "Content-Encoding: " + codificacion + "\r\n";
+        const QByteArray largo = QByteArray::number(cuerpo.size());
+        QTest::addRow("%s, con su largo", nombre)
+            << cabeza + "Content-Length: " + largo + "\r\n\r\n" + cuerpo;
+        QTest::addRow("%s, hasta el fin", nombre) << cabeza + "\r\n" + cuerpo;
+        QTest::addRow("%s, por trozos", nombre)
+            << cabeza + "Transfer-Encoding: chunked\r\n\r\n" + porBytes(cuerpo);
+    };
+    cortada("gzip a medias", "gzip", gzip.left(20));
+    cortada("gzip, un byte", "gzip", gzip.left(1));
+    cortada("gzip sin su suma", "gzip", gzip.chopped(8));
+    cortada("gzip, falta un byte", "gzip", gzip.chopped(1));
+    cortada("x-gzip a medias", "x-gzip", gzip.left(20));
+    cortada("deflate a medias", "deflate", zlib.left(12));
+    cortada("deflate, un byte", "deflate", zlib.left(1));
+    cortada("deflate sin su suma", "deflate", zlib.chopped(4));
+    cortada("deflate sin envoltura a medias", "deflate", crudo.left(12));
+    cortada("deflate sin envoltura, falta un byte", "deflate", crudo.chopped(1));
+    cortada("gzip de dos, a medias", "deflate, gzip", zlibEnGzip.chopped(12));
+    cortada("gzip entero de un deflate a medias", "deflate, gzip", zlibCortadoEnGzip);
+    QTest::newRow("gzip en el transporte, a medias")
+        << ok + "Transfer-Encoding: gzip, chunked\r\n\r\n14\r\n" + gzip.left(20) + "\r\n0\r\n\r\n";
+    // What comes after a stream's own end.
+    QTest::newRow("gzip y otro gzip") << ok + "Content-Encoding: gzip\r\n\r\n" + gzip + gzip;
+    QTest::newRow("gzip y basura") << ok + "Content-Encoding: gzip\r\n\r\n" + gzip + "xyz";
+    QTest::newRow("gzip y basura aparte")
+        << ok + "Content-Encoding: gzip\r\nTransfer-Encoding: chunked\r\n\r\n"
+               + porBytes(gzip + "x");
+    QTest::newRow("deflate y un byte") << ok + "Content-Encoding: deflate\r\n\r\n" + zlib + "x";
+    QTest::newRow("deflate sin envoltura y cinco bytes")
+        << ok + "Content-Encoding: deflate\r\n\r\n" + crudo + "abcde";
+    QTest::newRow("gzip con otra suma")
+        << ok + "Content-Encoding: gzip\r\n\r\n" + QByteArray(gzip).replace(28, 1, "\x01");
+    QTest::newRow("gzip sin envoltura") << ok + "Content-Encoding: gzip\r\n\r\n" + crudo;
+    QTest::newRow("deflate en envoltura de gzip")
+        << ok + "Content-Encoding: deflate\r\n\r\n" + gzip;
+    QTest::newRow("seis compresiones")
+        << ok + "Content-Encoding: identity,none,identity,none,identity,none\r\n\r\nabc";
     QTest::newRow("compresion que no se pidio")
         << ok + "Content-Encoding: x-otra\r\nContent-Length: 3\r\n\r\nabc";
 }
