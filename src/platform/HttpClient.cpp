@@ -1,5 +1,6 @@
 #include "platform/HttpClient.h"
 #include "platform/HttpClientSistema.h"
+#include "platform/IntentosHttp.h"
 #include "platform/MotorHttp.h"
 #include "platform/TransferenciaHttp.h"
 #include "platform/direccionHttp.h"
@@ -61,7 +62,6 @@ public:
             lista = curl_slist_append(lista, (nombre + ": " + valor).constData());
         preparar(transferencia, direccion, protocolos, lista);
 
-        m_motor.poner(transferencia.easy);
         esperar(transferencia);
 
         Respuesta respuesta;
@@ -144,8 +144,6 @@ private:
         // library would wait for its thread, and the window with it, as long as a name server
         // keeps silent.
         curl_easy_setopt(easy, CURLOPT_QUICK_EXIT, 1L);
-        curl_easy_setopt(easy, CURLOPT_CONNECTTIMEOUT_MS,
-                         static_cast<long>(m_limites.conexion.count()));
         curl_easy_setopt(easy, CURLOPT_SSLVERSION, CURL_SSLVERSION_TLSv1_2);
         // One bundle and no folder of certificates: only so is the bundle parsed once and not
         // at every connection (19 ms of CPU each).
@@ -158,9 +156,20 @@ private:
     // they only note what has happened.
     void esperar(TransferenciaHttp &transferencia)
     {
+        IntentosHttp intentos(transferencia, m_motor, m_limites,
+                              [&](CURLcode resultado) { terminar(transferencia, resultado); });
+        transferencia.intentos = &intentos;
+        contarSilencio(transferencia);
+        intentos.empezar();
+        while (!transferencia.terminada)
+            m_motor.girar();
+    }
+
+    void contarSilencio(TransferenciaHttp &transferencia)
+    {
         QTimer &silencio = transferencia.silencio;
         silencio.setSingleShot(true);
-        QObject::connect(&silencio, &QTimer::timeout, &m_motor, [this, &transferencia] {
+        QObject::connect(&silencio, &QTimer::timeout, &silencio, [this, &transferencia] {
             const auto quieta = transferencia.quieta();
             if (quieta < m_limites.silencio)
                 transferencia.silencio.start(m_limites.silencio - quieta);
@@ -168,15 +177,17 @@ private:
                 terminar(transferencia, CURLE_OPERATION_TIMEDOUT);
         });
         silencio.start(m_limites.silencio);
-        while (!transferencia.terminada)
-            m_motor.girar();
     }
 
+    // What the library has done with a transfer.
     void alTerminar(CURL *easy, CURLcode resultado)
     {
+        m_motor.quitar(easy);
         TransferenciaHttp *transferencia = nullptr;
         curl_easy_getinfo(easy, CURLINFO_PRIVATE, &transferencia);
-        terminar(*transferencia, resultado);
+        m_haContestado = m_haContestado || transferencia->cabeceraEntera();
+        if (!m_haContestado || !transferencia->intentos->otroTras(resultado))
+            terminar(*transferencia, resultado);
     }
 
     // The end, whichever came first. The library lets go of the transfer here and now, with its
@@ -198,6 +209,7 @@ private:
     std::unique_ptr<CURLSH, BorraComun> m_comun{curl_share_init()};
     MotorHttp m_motor;
     std::vector<Manija> m_libres;
+    bool m_haContestado = false; // the service, in this process
 };
 
 HttpClient::HttpClient(const QString &autoridades) : HttpClient(autoridades, Limites()) {}

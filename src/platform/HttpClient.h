@@ -23,6 +23,7 @@ public:
 
     struct Limites {
         std::chrono::milliseconds conexion = std::chrono::seconds(60);  // to make a connection
+        std::chrono::milliseconds reintento = std::chrono::seconds(1);  // between two attempts
         std::chrono::milliseconds silencio = std::chrono::seconds(120); // without a byte moved
         qint64 texto = qint64(256) * 1024 * 1024; // bytes of a body in memory, decoded
     };

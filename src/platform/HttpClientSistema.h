@@ -1,14 +1,34 @@
 // What the HTTP client asks of its operating system.
 #pragma once
 
+#include <QByteArray>
+
+#include <atomic>
+#include <cstddef>
+#include <memory>
+
 namespace HttpClientSistema {
 
 // Once, before the first request: a connection that the peer has closed must be an error of its
 // request, never a signal that ends the program.
 void preparar();
 
-// A connection must not be inherited by a program started while it is open: it would stay open
+// A new socket, by the numbers that the system has for its kinds; -1 when there is none to be had.
+// A program that is started while it is open does not inherit it: the connection would stay open
 // for as long as that program lives.
-void noHeredar(int conexion);
+int abrirZocalo(int familia, int tipo, int protocolo);
+
+// Whether this computer has a way out to a peer (`direccion`: a socket address of the system's): a
+// route, and an interface that is up and connected. It tells from its own tables and sends nothing.
+bool haySalida(const void *direccion, std::size_t largo);
+
+// What became of a name look-up: OtraVez when it failed for now or has found the name meanwhile, No
+// when the name does not exist.
+enum class Busqueda { EnCurso, OtraVez, No };
+using Consulta = std::atomic<Busqueda>;
+
+// Looks a name up in a thread of its own, which nobody waits for: the answer appears in the result.
+// Null when that cannot be done.
+std::shared_ptr<const Consulta> consultar(const QByteArray &nombre);
 
 } // namespace HttpClientSistema

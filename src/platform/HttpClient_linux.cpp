@@ -1,14 +1,68 @@
 #include "platform/HttpClient.h"
 #include "platform/HttpClientSistema.h"
 
+#include <cerrno>
 #include <csignal>
+#include <system_error>
+#include <thread>
 
-#include <fcntl.h>
+#include <ifaddrs.h>
+#include <net/if.h>
+#include <netdb.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <unistd.h>
 
 QString HttpClient::autoridadesDelSistema()
 {
     return QStringLiteral("/etc/ssl/certs/ca-certificates.crt");
 }
+
+namespace {
+
+bool mismaDireccion(const sockaddr *una, const sockaddr_storage &otra)
+{
+    if (!una || una->sa_family != otra.ss_family)
+        return false;
+    if (una->sa_family == AF_INET)
+        return reinterpret_cast<const sockaddr_in *>(una)->sin_addr.s_addr
+               == reinterpret_cast<const sockaddr_in &>(otra).sin_addr.s_addr;
+    return una->sa_family == AF_INET6
+           && IN6_ARE_ADDR_EQUAL(&reinterpret_cast<const sockaddr_in6 *>(una)->sin6_addr,
+                                 &reinterpret_cast<const sockaddr_in6 &>(otra).sin6_addr);
+}
+
+// Whether an interface with this address has its cable in. The routes of one without may stay.
+bool conectada(const sockaddr_storage &propia)
+{
+    ifaddrs *interfaces = nullptr;
+    if (::getifaddrs(&interfaces) != 0)
+        return true; // not known
+    bool alguna = false;
+    bool conCable = false;
+    for (const ifaddrs *una = interfaces; una; una = una->ifa_next) {
+        if (!mismaDireccion(una->ifa_addr, propia))
+            continue;
+        alguna = true;
+        conCable = conCable || (una->ifa_flags & IFF_RUNNING) != 0;
+    }
+    ::freeifaddrs(interfaces);
+    return conCable || !alguna;
+}
+
+HttpClientSistema::Busqueda buscar(const QByteArray &nombre)
+{
+    addrinfo pedido = {};
+    pedido.ai_socktype = SOCK_STREAM;
+    addrinfo *hallado = nullptr;
+    const int error = ::getaddrinfo(nombre.constData(), nullptr, &pedido, &hallado);
+    if (hallado)
+        ::freeaddrinfo(hallado);
+    return error == 0 || error == EAI_AGAIN ? HttpClientSistema::Busqueda::OtraVez
+                                            : HttpClientSistema::Busqueda::No;
+}
+
+} // namespace
 
 namespace HttpClientSistema {
 
@@ -17,11 +71,41 @@ void preparar()
     std::signal(SIGPIPE, SIG_IGN);
 }
 
-void noHeredar(int conexion)
+int abrirZocalo(int familia, int tipo, int protocolo)
 {
-    const int marcas = ::fcntl(conexion, F_GETFD);
-    if (marcas >= 0)
-        ::fcntl(conexion, F_SETFD, marcas | FD_CLOEXEC);
+    return ::socket(familia, tipo | SOCK_CLOEXEC, protocolo);
+}
+
+// To "connect" a datagram socket is to look for a route and no more.
+bool haySalida(const void *direccion, std::size_t largo)
+{
+    const auto *par = static_cast<const sockaddr *>(direccion);
+    const int zocalo = ::socket(par->sa_family, SOCK_DGRAM | SOCK_CLOEXEC, 0);
+    if (zocalo < 0)
+        return true; // not known
+    bool hay = true;
+    if (::connect(zocalo, par, static_cast<socklen_t>(largo)) != 0) {
+        hay = errno != ENETUNREACH && errno != EHOSTUNREACH && errno != ENETDOWN
+              && errno != EADDRNOTAVAIL;
+    } else {
+        sockaddr_storage propia = {};
+        socklen_t cuanto = sizeof propia;
+        hay = ::getsockname(zocalo, reinterpret_cast<sockaddr *>(&propia), &cuanto) != 0
+              || conectada(propia);
+    }
+    ::close(zocalo);
+    return hay;
+}
+
+std::shared_ptr<const Consulta> consultar(const QByteArray &nombre)
+{
+    const auto consulta = std::make_shared<Consulta>(Busqueda::EnCurso);
+    try {
+        std::thread([consulta, nombre] { *consulta = buscar(nombre); }).detach();
+    } catch (const std::system_error &) {
+        return nullptr;
+    }
+    return consulta;
 }
 
 } // namespace HttpClientSistema

@@ -20,9 +20,9 @@ MotorHttp::~MotorHttp()
     curl_multi_cleanup(m_multi);
 }
 
-void MotorHttp::poner(CURL *easy)
+bool MotorHttp::poner(CURL *easy)
 {
-    curl_multi_add_handle(m_multi, easy);
+    return curl_multi_add_handle(m_multi, easy) == CURLM_OK;
 }
 
 void MotorHttp::quitar(CURL *easy)

@@ -22,8 +22,9 @@ public:
     explicit MotorHttp(AlTerminar alTerminar);
     ~MotorHttp() override;
 
-    // Starts a transfer. It is borrowed, and must be taken off before it is cleaned up.
-    void poner(CURL *easy);
+    // Starts a transfer. It is borrowed, and must be taken off before it is cleaned up. False: it
+    // could not be taken up.
+    bool poner(CURL *easy);
     // Lets go of a transfer and its connection, whether it has ended or not: no callback of it is
     // called any more.
     void quitar(CURL *easy);

@@ -2,12 +2,14 @@
 #include "platform/HttpClientSistema.h"
 #include "platform/direccionHttp.h"
 
+#include <algorithm>
+
 namespace {
 
-int alAbrirConexion(void *, curl_socket_t conexion, curlsocktype)
+bool haySalida(const QByteArray &direccion)
 {
-    HttpClientSistema::noHeredar(static_cast<int>(conexion));
-    return CURL_SOCKOPT_OK;
+    return HttpClientSistema::haySalida(direccion.constData(),
+                                        static_cast<std::size_t>(direccion.size()));
 }
 
 } // namespace
@@ -18,15 +20,40 @@ void TransferenciaHttp::atender()
     curl_easy_setopt(easy, CURLOPT_WRITEDATA, this);
     curl_easy_setopt(easy, CURLOPT_HEADERFUNCTION, &TransferenciaHttp::alRecibirCabecera);
     curl_easy_setopt(easy, CURLOPT_HEADERDATA, this);
-    curl_easy_setopt(easy, CURLOPT_SOCKOPTFUNCTION, &alAbrirConexion);
+    curl_easy_setopt(easy, CURLOPT_OPENSOCKETFUNCTION, &TransferenciaHttp::alAbrirZocalo);
+    curl_easy_setopt(easy, CURLOPT_OPENSOCKETDATA, this);
+    curl_easy_setopt(easy, CURLOPT_ERRORBUFFER, m_error.data());
     curl_easy_setopt(easy, CURLOPT_PREREQFUNCTION, &TransferenciaHttp::alConectar);
     curl_easy_setopt(easy, CURLOPT_PREREQDATA, this);
     curl_easy_setopt(easy, CURLOPT_PRIVATE, this);
 }
 
+bool TransferenciaHttp::renovar(long conexion)
+{
+    m_error.front() = '\0';
+    m_conSalida.clear();
+    m_sinSalida = 0;
+    return curl_easy_setopt(easy, CURLOPT_CONNECTTIMEOUT_MS, conexion) == CURLE_OK;
+}
+
 std::chrono::milliseconds TransferenciaHttp::quieta() const
 {
+    if (!m_conectada)
+        return std::chrono::milliseconds::zero();
     return std::chrono::duration_cast<std::chrono::milliseconds>(Reloj::now() - m_ultimoByte);
+}
+
+bool TransferenciaHttp::sinSalida() const
+{
+    return (m_sinSalida > 0 || !m_conSalida.empty())
+           && std::none_of(m_conSalida.begin(), m_conSalida.end(), haySalida);
+}
+
+// The library says it in words alone: "Could not resolve proxy: name".
+QByteArray TransferenciaHttp::nombreBuscado() const
+{
+    const QByteArray error(m_error.data());
+    return error.mid(error.lastIndexOf(": ") + 2);
 }
 
 QByteArray TransferenciaHttp::otroLugar() const
@@ -53,10 +80,24 @@ size_t TransferenciaHttp::alRecibirCabecera(char *datos, size_t, size_t cuantos,
     return cuantos;
 }
 
-// The silence of a transfer counts from its connection, which has a limit of its own.
+// Called for each address of the peer's that is tried.
+curl_socket_t TransferenciaHttp::alAbrirZocalo(void *quien, curlsocktype, curl_sockaddr *direccion)
+{
+    auto &yo = *static_cast<TransferenciaHttp *>(quien);
+    const QByteArray una(reinterpret_cast<const char *>(&direccion->addr), direccion->addrlen);
+    if (haySalida(una))
+        yo.m_conSalida.append(una);
+    else
+        ++yo.m_sinSalida;
+    return HttpClientSistema::abrirZocalo(direccion->family, direccion->socktype,
+                                          direccion->protocol);
+}
+
 int TransferenciaHttp::alConectar(void *quien, char *, char *, int, int)
 {
-    static_cast<TransferenciaHttp *>(quien)->m_ultimoByte = Reloj::now();
+    auto &yo = *static_cast<TransferenciaHttp *>(quien);
+    yo.m_conectada = true;
+    yo.m_ultimoByte = Reloj::now();
     return CURL_PREREQFUNC_OK;
 }
 

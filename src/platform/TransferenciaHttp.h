@@ -7,11 +7,14 @@
 #include <QList>
 #include <QTimer>
 
+#include <array>
 #include <chrono>
 #include <functional>
 #include <memory>
 
 #include <curl/curl.h>
+
+class IntentosHttp;
 
 class TransferenciaHttp {
 public:
@@ -26,14 +29,24 @@ public:
 
     // Has the library's callbacks call this object.
     void atender();
+    // Made ready for an attempt that has this many milliseconds for its connection. False: it
+    // cannot be made.
+    bool renovar(long conexion);
 
     CURL *const easy;
     CURLcode resultado = CURLE_OK; // when it has ended
     bool terminada = false;
     QTimer silencio;
+    IntentosHttp *intentos = nullptr; // borrowed: those of this transfer
 
-    // How long no byte has moved.
+    // How long no byte has moved since the connection was made, which has a limit of its own.
     std::chrono::milliseconds quieta() const;
+    // Of the last attempt, just failed: whether this computer had no way out to any address that
+    // was tried, then or by now (a cable that is out takes the system a moment to notice).
+    bool sinSalida() const;
+    // Of the last attempt, when a name was not found: that name, the service's or the proxy's.
+    QByteArray nombreBuscado() const;
+    bool cabeceraEntera() const { return m_cabeceraEntera; }
     // Whether the headers have come to their end, and the body to the end that it tells itself.
     bool entera() const { return m_cabeceraEntera && m_cuerpo->entera(); }
     // The other address that the reply names, as it came; nothing when it leads nowhere.
@@ -42,6 +55,7 @@ public:
 private:
     static size_t alRecibirCuerpo(char *datos, size_t, size_t cuantos, void *quien);
     static size_t alRecibirCabecera(char *datos, size_t, size_t cuantos, void *quien);
+    static curl_socket_t alAbrirZocalo(void *quien, curlsocktype, curl_sockaddr *direccion);
     static int alConectar(void *quien, char *, char *, int, int);
     void recibirCabecera(const QByteArray &linea);
     void leerCabecera(const QByteArray &linea);
@@ -49,7 +63,11 @@ private:
     bool recibirCuerpo(const char *datos, qsizetype cuantos);
 
     Recibir m_recibir;
-    Reloj::time_point m_ultimoByte = Reloj::now();
+    std::array<char, CURL_ERROR_SIZE> m_error = {};
+    int m_sinSalida = 0;           // addresses tried without a way out to them,
+    QList<QByteArray> m_conSalida; // and those with one
+    bool m_conectada = false;
+    Reloj::time_point m_ultimoByte;
     QByteArray m_lugar;
     QList<QByteArray> m_codificaciones;
     bool m_cabeceraEntera = false;

@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
+#include <thread>
 
 #include <fcntl.h>
 #include <net/if.h>
@@ -88,5 +89,81 @@ QString nombresSegun(const QByteArray &resolvConf)
     const QString motivo = poner("/etc/resolv.conf", resolvConf);
     return motivo.isEmpty() ? poner("/etc/nsswitch.conf", "hosts: files dns\n") : motivo;
 }
+
+QString nombresSabidos(const QByteArray &hosts)
+{
+    static const QString motivo = poner("/etc/hosts", {});
+    if (!motivo.isEmpty())
+        return motivo;
+    return ::truncate("/etc/hosts", 0) == 0 && escribir("/etc/hosts", hosts) ? QString()
+                                                                             : error("hosts");
+}
+
+namespace otraOrilla {
+
+namespace {
+
+int alliRed = -1; // descriptor of the second network
+
+bool orden(const QByteArray &que)
+{
+    return std::system(que.constData()) == 0;
+}
+
+} // namespace
+
+QString tender()
+{
+    std::thread([] {
+        if (::unshare(CLONE_NEWNET) == 0)
+            alliRed = ::open("/proc/thread-self/ns/net", O_RDONLY | O_CLOEXEC);
+    }).join();
+    if (alliRed < 0)
+        return error("no second network namespace");
+    const QByteArray red =
+        "/proc/" + QByteArray::number(::getpid()) + "/fd/" + QByteArray::number(alliRed);
+    bool tendido = orden("ip link add cable0 type veth peer name cable1 netns " + red)
+                   && orden("ip addr add 10.77.0.1/24 dev cable0") && encender();
+    alli([&] {
+        tendido = tendido && orden("ip addr add 10.77.0.2/24 dev cable1")
+                  && orden("ip link set cable1 up");
+    });
+    return tendido ? QString() : u"no veth interface to be had (ip link)"_s;
+}
+
+void alli(const std::function<void()> &que)
+{
+    std::thread([&] {
+        if (::setns(alliRed, CLONE_NEWNET) != 0)
+            qFatal("the second network is gone");
+        que();
+    }).join();
+}
+
+bool apagar()
+{
+    return orden("ip link set cable0 down");
+}
+
+bool encender()
+{
+    return orden("ip link set cable0 up");
+}
+
+bool desenchufar()
+{
+    bool hecho = false;
+    alli([&] { hecho = orden("ip link set cable1 down"); });
+    return hecho;
+}
+
+bool enchufar()
+{
+    bool hecho = false;
+    alli([&] { hecho = orden("ip link set cable1 up"); });
+    return hecho;
+}
+
+} // namespace otraOrilla
 
 } // namespace RedPropia

@@ -61,7 +61,8 @@ bool ServidorGuion::Charla::clienteCierra(std::chrono::milliseconds tiempo)
     }
 }
 
-ServidorGuion::ServidorGuion(const Guion &guion) : m_guion(guion)
+ServidorGuion::ServidorGuion(const Guion &guion, const char *direccion)
+    : m_guion(guion), m_direccion(direccion)
 {
     abrir();
 }
@@ -93,7 +94,7 @@ ServidorGuion::~ServidorGuion()
 
 QByteArray ServidorGuion::base() const
 {
-    return "http://127.0.0.1:" + QByteArray::number(m_puerto);
+    return "http://" + m_direccion + ':' + QByteArray::number(m_puerto);
 }
 
 QList<QByteArray> ServidorGuion::cabezas() const
@@ -115,7 +116,7 @@ void ServidorGuion::abrir()
     m_oido = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
     sockaddr_in donde = {};
     donde.sin_family = AF_INET;
-    donde.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    donde.sin_addr.s_addr = ::inet_addr(m_direccion.constData());
     socklen_t largo = sizeof donde;
     auto *direccion = reinterpret_cast<sockaddr *>(&donde);
     if (::bind(m_oido, direccion, largo) != 0 || ::listen(m_oido, 64) != 0

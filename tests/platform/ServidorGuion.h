@@ -42,7 +42,8 @@ public:
 
     using Guion = std::function<void(Charla &)>;
 
-    explicit ServidorGuion(const Guion &guion);
+    // `direccion`: of this computer's, in figures.
+    explicit ServidorGuion(const Guion &guion, const char *direccion = "127.0.0.1");
     // The same reply to every request, and the connection's end after it.
     explicit ServidorGuion(const QByteArray &respuesta);
     ~ServidorGuion();
@@ -62,6 +63,7 @@ private:
     void abrir();
 
     Guion m_guion;
+    QByteArray m_direccion;
     int m_oido = -1;
     int m_puerto = 0;
     std::atomic<int> m_conexiones = 0;

@@ -53,6 +53,8 @@ private Q_SLOTS:
     void goteo_noEsSilencio();
     void silencioRepetido_elClienteSigue();
     void conexionQueNoSeHace_seAbandona();
+    void saludoQueNoLlega_seAbandona_data();
+    void saludoQueNoLlega_seAbandona();
 };
 
 // Ten bytes, or more, in each way in which a body can come.
@@ -206,6 +208,37 @@ void tst_HttpLimites::conexionQueNoSeHace_seAbandona()
     QCOMPARE(respuesta, std::nullopt);
     QVERIFY(tardanza >= 299);   // it was the limit, and no refusal
     QVERIFY(tardanza < 60'000); // and not the silence's
+}
+
+void tst_HttpLimites::saludoQueNoLlega_seAbandona_data()
+{
+    QTest::addColumn<QByteArray>("variable");
+    QTest::addColumn<QByteArray>("direccion"); // empty: the mute server's own, encrypted
+    QTest::newRow("del servicio") << QByteArray() << QByteArray();
+    QTest::newRow("del proxy") << QByteArray("http_proxy")
+                               << QByteArray("http://servicio.example/");
+}
+
+// A connection is made when the service can be asked, and not before: the limit for it counts, and
+// no silence.
+void tst_HttpLimites::saludoQueNoLlega_seAbandona()
+{
+    QFETCH(QByteArray, variable);
+    QFETCH(QByteArray, direccion);
+    std::atomic<bool> cerrada = false;
+    const ServidorGuion mudo([&](Charla &charla) { cerrada = charla.clienteCierra(plazo); });
+    if (!variable.isEmpty())
+        qputenv(variable.constData(), mudo.base());
+    else
+        direccion = "https://127.0.0.1:" + QByteArray::number(mudo.puerto()) + "/";
+    HttpClient::Limites limites;
+    limites.conexion = 300ms;
+    limites.silencio = 1h;
+    HttpClient http(HttpClient::autoridadesDelSistema(), limites);
+    const auto respuesta = http.get(direccion, {});
+    sinProxy();
+    QCOMPARE(respuesta, std::nullopt);
+    QTRY_VERIFY(cerrada);
 }
 
 QTEST_GUILESS_MAIN(tst_HttpLimites)

@@ -1,0 +1,66 @@
+#include "platform/IntentosHttp.h"
+
+using namespace std::chrono_literals;
+
+IntentosHttp::IntentosHttp(TransferenciaHttp &transferencia, MotorHttp &motor,
+                           const HttpClient::Limites &limites, AlFallar alFallar)
+    : m_transferencia(transferencia), m_motor(motor), m_limites(limites),
+      m_alFallar(std::move(alFallar))
+{
+    m_pausa.setSingleShot(true);
+    QObject::connect(&m_pausa, &QTimer::timeout, &m_pausa, [this] { intentar(); });
+    QObject::connect(&m_mirada, &QTimer::timeout, &m_mirada, [this] { mirarRespuesta(); });
+}
+
+std::chrono::milliseconds IntentosHttp::resta() const
+{
+    const auto pasado = TransferenciaHttp::Reloj::now() - m_principio;
+    return m_limites.conexion - std::chrono::duration_cast<std::chrono::milliseconds>(pasado);
+}
+
+void IntentosHttp::empezar()
+{
+    m_principio = TransferenciaHttp::Reloj::now();
+    intentar();
+}
+
+// The time for the connection is that of all attempts together; zero would be none at all.
+void IntentosHttp::intentar()
+{
+    const long tiempo = std::max(1L, static_cast<long>(resta().count()));
+    if (!m_transferencia.renovar(tiempo) || !m_motor.poner(m_transferencia.easy))
+        m_alFallar(CURLE_FAILED_INIT);
+}
+
+bool IntentosHttp::otroTras(CURLcode resultado)
+{
+    m_fallo = resultado;
+    if (resultado == CURLE_COULDNT_CONNECT)
+        return m_transferencia.sinSalida() && programar();
+    if (resultado != CURLE_COULDNT_RESOLVE_HOST && resultado != CURLE_COULDNT_RESOLVE_PROXY)
+        return false;
+    // The library does not tell a name that does not exist from a look-up that fails for now.
+    m_consulta = HttpClientSistema::consultar(m_transferencia.nombreBuscado());
+    if (m_consulta)
+        m_mirada.start(20ms);
+    return m_consulta != nullptr;
+}
+
+bool IntentosHttp::programar()
+{
+    if (resta() <= m_limites.reintento)
+        return false;
+    m_pausa.start(m_limites.reintento);
+    return true;
+}
+
+void IntentosHttp::mirarRespuesta()
+{
+    using HttpClientSistema::Busqueda;
+    const Busqueda busqueda = *m_consulta;
+    if (busqueda == Busqueda::EnCurso && resta() > 0ms)
+        return;
+    m_mirada.stop();
+    if (busqueda != Busqueda::OtraVez || !programar())
+        m_alFallar(m_fallo);
+}

@@ -1,0 +1,46 @@
+// The attempts to make one request's connection. An attempt that fails because this computer has
+// no way out is made again until the time for the connection is over: nothing has reached the wire
+// meanwhile. Whatever the peer answers, a refusal too, is no such case.
+#pragma once
+
+#include "platform/HttpClient.h"
+#include "platform/HttpClientSistema.h"
+#include "platform/MotorHttp.h"
+#include "platform/TransferenciaHttp.h"
+
+#include <QTimer>
+
+#include <functional>
+#include <memory>
+
+class IntentosHttp {
+public:
+    using AlFallar = std::function<void(CURLcode)>;
+
+    // All but `alFallar` are borrowed. It is called when the last attempt promised by otroTras()
+    // cannot be made or the time is over.
+    IntentosHttp(TransferenciaHttp &transferencia, MotorHttp &motor,
+                 const HttpClient::Limites &limites, AlFallar alFallar);
+
+    // The first attempt.
+    void empezar();
+    // An attempt has ended so. True: another will follow, or alFallar() be called; false: it was
+    // the last.
+    bool otroTras(CURLcode resultado);
+
+private:
+    std::chrono::milliseconds resta() const;
+    void intentar();
+    bool programar();
+    void mirarRespuesta();
+
+    TransferenciaHttp &m_transferencia;
+    MotorHttp &m_motor;
+    const HttpClient::Limites &m_limites;
+    AlFallar m_alFallar;
+    TransferenciaHttp::Reloj::time_point m_principio;
+    CURLcode m_fallo = CURLE_OK; // of the last attempt
+    QTimer m_pausa;              // until the next
+    std::shared_ptr<const HttpClientSistema::Consulta> m_consulta;
+    QTimer m_mirada;
+};
