@@ -5,6 +5,7 @@
 #include "platform/TransferenciaHttp.h"
 #include "platform/direccionHttp.h"
 
+#include <algorithm>
 #include <vector>
 
 #include <curl/curl.h>
@@ -56,7 +57,7 @@ public:
                     const Cabeceras &cabeceras, const TransferenciaHttp::Recibir &recibir)
     {
         Manija manija = tomar();
-        TransferenciaHttp transferencia(manija.get(), recibir);
+        TransferenciaHttp transferencia(manija.get(), recibir, m_limites.texto);
         curl_slist *lista = nullptr;
         for (const auto &[nombre, valor] : cabeceras)
             lista = curl_slist_append(lista, (nombre + ": " + valor).constData());
@@ -224,9 +225,14 @@ HttpClient::~HttpClient() = default;
 std::optional<QByteArray> HttpClient::get(const QByteArray &direccion, const Cabeceras &cabeceras)
 {
     QByteArray cuerpo;
+    const qint64 limite = d->limiteTexto();
     const auto recibir = [&](const char *datos, qsizetype cuantos) {
-        if (cuerpo.size() + cuantos > d->limiteTexto())
+        const qsizetype nuevo = cuerpo.size() + cuantos;
+        if (nuevo > limite)
             return false;
+        // Growing by itself it would copy, and hold a long body twice.
+        if (nuevo > cuerpo.capacity())
+            cuerpo.reserve(std::min<qint64>(limite, 2 * nuevo));
         cuerpo.append(datos, cuantos);
         return true;
     };

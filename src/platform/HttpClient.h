@@ -25,7 +25,8 @@ public:
         std::chrono::milliseconds conexion = std::chrono::seconds(60);  // to make a connection
         std::chrono::milliseconds reintento = std::chrono::seconds(1);  // between two attempts
         std::chrono::milliseconds silencio = std::chrono::seconds(120); // without a byte moved
-        qint64 texto = qint64(256) * 1024 * 1024; // bytes of a body in memory, decoded
+        // Bytes, decoded: of a body in memory, and of a redirect's own body, a download's too.
+        qint64 texto = qint64(64) * 1024 * 1024;
     };
 
     // `autoridades` is the native path of the one file of trusted certificate authorities (PEM).

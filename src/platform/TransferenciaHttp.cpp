@@ -143,8 +143,11 @@ void TransferenciaHttp::terminarCabecera()
         [this](const char *datos, qsizetype cuantos) { return recibirCuerpo(datos, cuantos); });
 }
 
-// The body of a redirect's own reply is nobody's.
+// The body of a redirect's own reply is nobody's, and yet may not go on for ever.
 bool TransferenciaHttp::recibirCuerpo(const char *datos, qsizetype cuantos)
 {
-    return !otroLugar().isEmpty() || m_recibir(datos, cuantos);
+    if (otroLugar().isEmpty())
+        return m_recibir(datos, cuantos);
+    m_salto += cuantos;
+    return m_salto <= m_limiteSalto;
 }

@@ -22,8 +22,12 @@ public:
     using Recibir = std::function<bool(const char *, qsizetype)>;
     using Reloj = std::chrono::steady_clock;
 
-    // `easy` is borrowed. The object must not move: the library holds its address.
-    TransferenciaHttp(CURL *easy, const Recibir &recibir) : easy(easy), m_recibir(recibir) {}
+    // `easy` is borrowed. The object must not move: the library holds its address. `limiteSalto`:
+    // how many bytes a redirect's own body may have.
+    TransferenciaHttp(CURL *easy, const Recibir &recibir, qint64 limiteSalto)
+        : easy(easy), m_recibir(recibir), m_limiteSalto(limiteSalto)
+    {
+    }
     TransferenciaHttp(const TransferenciaHttp &) = delete;
     TransferenciaHttp &operator=(const TransferenciaHttp &) = delete;
 
@@ -63,6 +67,8 @@ private:
     bool recibirCuerpo(const char *datos, qsizetype cuantos);
 
     Recibir m_recibir;
+    qint64 m_limiteSalto;
+    qint64 m_salto = 0; // of it so far
     std::array<char, CURL_ERROR_SIZE> m_error = {};
     int m_sinSalida = 0;           // addresses tried without a way out to them,
     QList<QByteArray> m_conSalida; // and those with one

@@ -55,7 +55,9 @@ private Q_SLOTS:
     void otroServidor_seSigue();
     void galletaDelSalto_va();
     void cuerpoDelSalto_noEsDeNadie();
-    void cuerpoDelSaltoGrande_noCuenta();
+    void cuerpoDelSalto_noCuentaEnElFinal();
+    void cuerpoDelSaltoSobreElLimite_falla_data();
+    void cuerpoDelSaltoSobreElLimite_falla();
     void saltoQueSeCorta_falla();
     void haciaError_segunSeaTextoODescarga();
     void haciaNadie_falla();
@@ -242,13 +244,48 @@ void tst_HttpRedirecciones::cuerpoDelSalto_noEsDeNadie()
     QCOMPARE(destino.data(), QByteArray("final"));
 }
 
-void tst_HttpRedirecciones::cuerpoDelSaltoGrande_noCuenta()
+// Each reply of the way may be as long as the limit says.
+void tst_HttpRedirecciones::cuerpoDelSalto_noCuentaEnElFinal()
 {
-    const ServidorGuion guion(porTurnos({redireccion("/otra", 302, QByteArray(100, 'x')), final}));
+    const ServidorGuion guion(porTurnos({redireccion("/otra", 302, "12345"), final}));
     HttpClient::Limites limites;
     limites.texto = 5;
     HttpClient http(HttpClient::autoridadesDelSistema(), limites);
     QCOMPARE(http.get(guion.base() + "/una", {}), QByteArray("final"));
+}
+
+void tst_HttpRedirecciones::cuerpoDelSaltoSobreElLimite_falla_data()
+{
+    QTest::addColumn<QByteArray>("salto");
+    const QByteArray comienzo = "HTTP/1.1 302 Otra\r\nLocation: /otra\r\n";
+    QTest::newRow("con largo") << comienzo + "Content-Length: 6\r\n\r\n123456";
+    QTest::newRow("hasta el fin") << comienzo + "\r\n123456";
+    QTest::newRow("por trozos")
+        << comienzo + "Transfer-Encoding: chunked\r\n\r\n5\r\n12345\r\n1\r\n6\r\n0\r\n\r\n";
+    // 29 bytes that decode to a thousand.
+    QTest::newRow("comprimido")
+        << comienzo + "Content-Encoding: gzip\r\nContent-Length: 29\r\n\r\n"
+               + QByteArray::fromHex("1f8b0800000000000203aba81805a360140c770000e6c9413be8030000");
+}
+
+// Nobody's body, and yet it must not go on for ever; a download's neither.
+void tst_HttpRedirecciones::cuerpoDelSaltoSobreElLimite_falla()
+{
+    QFETCH(QByteArray, salto);
+    const ServidorGuion guion([&](Charla &charla) {
+        const QByteArray cabeza = charla.leerCabeza();
+        charla.enviar(cabeza.contains("/una") ? salto : final);
+        charla.terminar();
+        charla.clienteCierra();
+    });
+    HttpClient::Limites limites;
+    limites.texto = salto.contains("gzip") ? 999 : 5;
+    HttpClient http(HttpClient::autoridadesDelSistema(), limites);
+    QCOMPARE(http.get(guion.base() + "/una", {}), std::nullopt);
+    QBuffer destino;
+    destino.open(QIODevice::WriteOnly);
+    QVERIFY(!http.getArchivo(guion.base() + "/una", destino));
+    QCOMPARE(guion.destinos(), (QList<QByteArray>{"/una", "/una"}));
 }
 
 void tst_HttpRedirecciones::saltoQueSeCorta_falla()
