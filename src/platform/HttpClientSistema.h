@@ -9,8 +9,9 @@
 
 namespace HttpClientSistema {
 
-// Once, before the first request: a connection that the peer has closed must be an error of its
-// request, never a signal that ends the program.
+// Once, before the library is made ready: a connection that the peer has closed must be an error of
+// its request, never a signal that ends the program, and no variable of the environment may have
+// the keys of the connections written to a file.
 void preparar();
 
 // A new socket, by the numbers that the system has for its kinds; -1 when there is none to be had.

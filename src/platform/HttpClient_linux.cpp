@@ -3,6 +3,7 @@
 
 #include <cerrno>
 #include <csignal>
+#include <cstdlib>
 #include <system_error>
 #include <thread>
 
@@ -69,6 +70,7 @@ namespace HttpClientSistema {
 void preparar()
 {
     std::signal(SIGPIPE, SIG_IGN);
+    ::unsetenv("SSLKEYLOGFILE");
 }
 
 int abrirZocalo(int familia, int tipo, int protocolo)

@@ -72,6 +72,13 @@ int pedirConMemoria(const QByteArray &direccion)
     return 0;
 }
 
+int pedirCifrado(const QByteArray &direccion, const QString &autoridad)
+{
+    HttpClient http(autoridad);
+    std::printf("%s\n", http.get(direccion, {}).value_or("nada").constData());
+    return 0;
+}
+
 } // namespace
 
 class tst_HttpProceso : public QObject {
@@ -83,6 +90,7 @@ private Q_SLOTS:
     void respuestaEnElLimite_unaSolaVezEnMemoria_data();
     void respuestaEnElLimite_unaSolaVezEnMemoria();
     void respuestaSinMedida_acotada();
+    void archivoDeLlaves_noSeEscribe();
 
 private:
     QTemporaryDir carpeta;
@@ -145,6 +153,19 @@ void tst_HttpProceso::respuestaSinMedida_acotada()
     QVERIFY2(crecio <= 96 * MiB, qPrintable(QString::number(crecio)));
 }
 
+// A file with the keys of every connection would let others read along.
+void tst_HttpProceso::archivoDeLlaves_noSeEscribe()
+{
+    const QString llaves = carpeta.filePath(u"llaves"_s);
+    QProcessEnvironment entorno = QProcessEnvironment::systemEnvironment();
+    entorno.insert(u"SSLKEYLOGFILE"_s, llaves);
+    const Salida salida = correr(
+        {u"--cifrado"_s, servicio.base() + QString::fromLatin1(consulta), autoridad}, entorno);
+    QVERIFY(salida.termino);
+    QCOMPARE(salida.lineas.value(0), QByteArray("305001012345")); // over TLS
+    QVERIFY(!QFile::exists(llaves));
+}
+
 int main(int argc, char **argv)
 {
     QGuiApplication aplicacion(argc, argv);
@@ -153,6 +174,8 @@ int main(int argc, char **argv)
     const QByteArray direccion = argumentos.value(2).toLatin1();
     if (como == u"--memoria")
         return pedirConMemoria(direccion);
+    if (como == u"--cifrado")
+        return pedirCifrado(direccion, argumentos.value(3));
     tst_HttpProceso prueba;
     return QTest::qExec(&prueba, argc, argv);
 }
