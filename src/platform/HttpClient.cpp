@@ -14,12 +14,13 @@ namespace {
 
 constexpr int redireccionesMaximas = 10;
 
-// The library, ready for use.
+// The library, made ready for use.
 struct Biblioteca {
+    bool lista = false;
     Biblioteca()
     {
         HttpClientSistema::preparar();
-        curl_global_init(CURL_GLOBAL_DEFAULT);
+        lista = curl_global_init(CURL_GLOBAL_DEFAULT) == CURLE_OK;
     }
 };
 
@@ -32,6 +33,25 @@ struct BorraComun {
     void operator()(CURLSH *comun) const { curl_share_cleanup(comun); }
 };
 
+struct BorraLista {
+    void operator()(curl_slist *lista) const { curl_slist_free_all(lista); }
+};
+using Lista = std::unique_ptr<curl_slist, BorraLista>;
+
+// Null when there are no headers, and when one of them could not be added.
+Lista listaDe(const HttpClient::Cabeceras &cabeceras)
+{
+    Lista lista;
+    for (const auto &[nombre, valor] : cabeceras) {
+        curl_slist *mas = curl_slist_append(lista.get(), (nombre + ": " + valor).constData());
+        if (!mas)
+            return nullptr;
+        static_cast<void>(lista.release()); // the same list, by its first member
+        lista.reset(mas);
+    }
+    return lista;
+}
+
 } // namespace
 
 class HttpClient::Interno {
@@ -40,9 +60,11 @@ public:
         : m_autoridades(autoridades.toUtf8()), m_limites(limites),
           m_motor([this](CURL *easy, CURLcode resultado) { alTerminar(easy, resultado); })
     {
+        m_listo = m_biblioteca.lista && m_comun && m_motor.listo();
         for (const curl_lock_data que :
              {CURL_LOCK_DATA_COOKIE, CURL_LOCK_DATA_DNS, CURL_LOCK_DATA_SSL_SESSION})
-            curl_share_setopt(m_comun.get(), CURLSHOPT_SHARE, que);
+            m_listo =
+                m_listo && curl_share_setopt(m_comun.get(), CURLSHOPT_SHARE, que) == CURLSHE_OK;
     }
 
     struct Respuesta {
@@ -56,27 +78,28 @@ public:
     Respuesta pedir(const direccionHttp::Partes &direccion, const char *protocolos,
                     const Cabeceras &cabeceras, const TransferenciaHttp::Recibir &recibir)
     {
-        Manija manija = tomar();
+        Respuesta respuesta;
+        respuesta.resultado = CURLE_FAILED_INIT;
+        Manija manija = m_listo ? tomar() : nullptr;
+        const Lista lista = listaDe(cabeceras);
+        if (!manija || (!lista && !cabeceras.isEmpty()))
+            return respuesta;
         TransferenciaHttp transferencia(manija.get(), recibir, m_limites.texto);
-        curl_slist *lista = nullptr;
-        for (const auto &[nombre, valor] : cabeceras)
-            lista = curl_slist_append(lista, (nombre + ": " + valor).constData());
-        preparar(transferencia, direccion, protocolos, lista);
+        if (!preparar(transferencia, direccion, protocolos, lista.get()))
+            return respuesta;
 
         esperar(transferencia);
 
-        Respuesta respuesta;
         respuesta.resultado = transferencia.resultado;
         // The library takes headers that break off for a reply with an empty body.
         if (respuesta.resultado == CURLE_OK && !transferencia.entera())
             respuesta.resultado = CURLE_PARTIAL_FILE;
-        curl_easy_getinfo(transferencia.easy, CURLINFO_RESPONSE_CODE, &respuesta.estado);
+        respuesta.estado = transferencia.estado();
         const QByteArray lugar = transferencia.otroLugar();
         respuesta.sigue = !lugar.isEmpty();
         if (respuesta.sigue)
             respuesta.otraDireccion =
                 direccionHttp::direccionDe(lugar, direccion.servidor + direccion.destino);
-        curl_slist_free_all(lista);
         m_libres.push_back(std::move(manija));
         return respuesta;
     }
@@ -108,49 +131,60 @@ public:
     qint64 limiteTexto() const { return m_limites.texto; }
 
 private:
+    // Null when there is none to be had.
     Manija tomar()
     {
         if (m_libres.empty())
             return Manija(curl_easy_init());
         Manija manija = std::move(m_libres.back());
         m_libres.pop_back();
-        curl_easy_setopt(manija.get(), CURLOPT_COOKIEFILE, nullptr); // which a reset would lose
+        // Which a reset would lose.
+        if (curl_easy_setopt(manija.get(), CURLOPT_COOKIEFILE, nullptr) != CURLE_OK)
+            return nullptr;
         curl_easy_reset(manija.get());
         return manija;
     }
 
-    void preparar(TransferenciaHttp &transferencia, const direccionHttp::Partes &direccion,
+    // False when an option could not be set. The request must not go out then: it might be without
+    // what protects it.
+    bool preparar(TransferenciaHttp &transferencia, const direccionHttp::Partes &direccion,
                   const char *protocolos, curl_slist *lista)
     {
-        CURL *easy = transferencia.easy;
-        curl_easy_setopt(easy, CURLOPT_URL, (direccion.servidor + direccion.destino).constData());
-        curl_easy_setopt(easy, CURLOPT_REQUEST_TARGET, direccion.destino.constData());
-        curl_easy_setopt(easy, CURLOPT_PATH_AS_IS, 1L);
-        curl_easy_setopt(easy, CURLOPT_PROTOCOLS_STR, protocolos);
+        bool bien = true;
+        const auto poner = [&](CURLoption opcion, auto valor) {
+            bien = bien && curl_easy_setopt(transferencia.easy, opcion, valor) == CURLE_OK;
+        };
+        constexpr const char *nada = nullptr;
+        poner(CURLOPT_URL, (direccion.servidor + direccion.destino).constData());
+        poner(CURLOPT_REQUEST_TARGET, direccion.destino.constData());
+        poner(CURLOPT_PATH_AS_IS, 1L);
+        poner(CURLOPT_PROTOCOLS_STR, protocolos);
         // Through a plain proxy the target would have to be a whole address; in a tunnel it is
         // the caller's.
-        curl_easy_setopt(easy, CURLOPT_HTTPPROXYTUNNEL, 1L);
-        curl_easy_setopt(easy, CURLOPT_SUPPRESS_CONNECT_HEADERS, 1L);
-        curl_easy_setopt(easy, CURLOPT_HTTP_VERSION, CURL_HTTP_VERSION_1_1);
-        curl_easy_setopt(easy, CURLOPT_HTTPHEADER, lista);
-        curl_easy_setopt(easy, CURLOPT_USERAGENT, "Parvanel/4.0");
-        curl_easy_setopt(easy, CURLOPT_ACCEPT_ENCODING, "gzip, deflate");
-        curl_easy_setopt(easy, CURLOPT_HTTP_CONTENT_DECODING, 0L); // but see DecodificacionHttp
-        curl_easy_setopt(easy, CURLOPT_FRESH_CONNECT, 1L);
-        curl_easy_setopt(easy, CURLOPT_FORBID_REUSE, 1L);
-        curl_easy_setopt(easy, CURLOPT_SHARE, m_comun.get());
-        curl_easy_setopt(easy, CURLOPT_COOKIEFILE, ""); // memory only
-        curl_easy_setopt(easy, CURLOPT_NOSIGNAL, 1L);
+        poner(CURLOPT_HTTPPROXYTUNNEL, 1L);
+        poner(CURLOPT_SUPPRESS_CONNECT_HEADERS, 1L);
+        poner(CURLOPT_HTTP_VERSION, static_cast<long>(CURL_HTTP_VERSION_1_1));
+        poner(CURLOPT_HTTPHEADER, lista);
+        poner(CURLOPT_USERAGENT, "Parvanel/4.0");
+        poner(CURLOPT_ACCEPT_ENCODING, "gzip, deflate");
+        poner(CURLOPT_HTTP_CONTENT_DECODING, 0L); // but see DecodificacionHttp
+        poner(CURLOPT_FRESH_CONNECT, 1L);
+        poner(CURLOPT_FORBID_REUSE, 1L);
+        poner(CURLOPT_SHARE, m_comun.get());
+        poner(CURLOPT_COOKIEFILE, ""); // memory only
+        poner(CURLOPT_NOSIGNAL, 1L);
         // A look-up that goes on after its request has been given up is left to itself: the
         // library would wait for its thread, and the window with it, as long as a name server
         // keeps silent.
-        curl_easy_setopt(easy, CURLOPT_QUICK_EXIT, 1L);
-        curl_easy_setopt(easy, CURLOPT_SSLVERSION, CURL_SSLVERSION_TLSv1_2);
+        poner(CURLOPT_QUICK_EXIT, 1L);
+        poner(CURLOPT_SSLVERSION, static_cast<long>(CURL_SSLVERSION_TLSv1_2));
+        poner(CURLOPT_SSL_VERIFYPEER, 1L);
+        poner(CURLOPT_SSL_VERIFYHOST, 2L);
         // One bundle and no folder of certificates: only so is the bundle parsed once and not
         // at every connection (19 ms of CPU each).
-        curl_easy_setopt(easy, CURLOPT_CAINFO, m_autoridades.constData());
-        curl_easy_setopt(easy, CURLOPT_CAPATH, nullptr);
-        transferencia.atender();
+        poner(CURLOPT_CAINFO, m_autoridades.constData());
+        poner(CURLOPT_CAPATH, nada);
+        return bien && transferencia.atender();
     }
 
     // Turns the event loop until the transfer has ended. No callback of the library does so:
@@ -209,6 +243,7 @@ private:
     Biblioteca m_biblioteca;
     std::unique_ptr<CURLSH, BorraComun> m_comun{curl_share_init()};
     MotorHttp m_motor;
+    bool m_listo = false; // all of them could be had
     std::vector<Manija> m_libres;
     bool m_haContestado = false; // the service, in this process
 };

@@ -6,10 +6,14 @@
 MotorHttp::MotorHttp(AlTerminar alTerminar)
     : m_alTerminar(std::move(alTerminar)), m_multi(curl_multi_init())
 {
-    curl_multi_setopt(m_multi, CURLMOPT_SOCKETFUNCTION, &MotorHttp::alCambiarSocket);
-    curl_multi_setopt(m_multi, CURLMOPT_SOCKETDATA, this);
-    curl_multi_setopt(m_multi, CURLMOPT_TIMERFUNCTION, &MotorHttp::alCambiarPlazo);
-    curl_multi_setopt(m_multi, CURLMOPT_TIMERDATA, this);
+    m_listo = m_multi != nullptr;
+    const auto poner = [&](CURLMoption opcion, auto valor) {
+        m_listo = m_listo && curl_multi_setopt(m_multi, opcion, valor) == CURLM_OK;
+    };
+    poner(CURLMOPT_SOCKETFUNCTION, &MotorHttp::alCambiarSocket);
+    poner(CURLMOPT_SOCKETDATA, this);
+    poner(CURLMOPT_TIMERFUNCTION, &MotorHttp::alCambiarPlazo);
+    poner(CURLMOPT_TIMERDATA, this);
     m_plazo.setSingleShot(true);
     m_plazo.setTimerType(Qt::PreciseTimer);
     connect(&m_plazo, &QTimer::timeout, this, [this] { actuar(CURL_SOCKET_TIMEOUT, 0); });
@@ -17,7 +21,8 @@ MotorHttp::MotorHttp(AlTerminar alTerminar)
 
 MotorHttp::~MotorHttp()
 {
-    curl_multi_cleanup(m_multi);
+    if (m_multi)
+        curl_multi_cleanup(m_multi);
 }
 
 bool MotorHttp::poner(CURL *easy)
@@ -25,9 +30,10 @@ bool MotorHttp::poner(CURL *easy)
     return curl_multi_add_handle(m_multi, easy) == CURLM_OK;
 }
 
+// To take off what is not there changes nothing.
 void MotorHttp::quitar(CURL *easy)
 {
-    curl_multi_remove_handle(m_multi, easy);
+    static_cast<void>(curl_multi_remove_handle(m_multi, easy));
 }
 
 void MotorHttp::girar()
@@ -39,7 +45,8 @@ void MotorHttp::girar()
 void MotorHttp::actuar(curl_socket_t conexion, int suceso)
 {
     int enMarcha = 0;
-    curl_multi_socket_action(m_multi, conexion, suceso, &enMarcha);
+    // What goes wrong with a transfer here is told by the message of its end.
+    static_cast<void>(curl_multi_socket_action(m_multi, conexion, suceso, &enMarcha));
     int restantes = 0;
     while (const CURLMsg *mensaje = curl_multi_info_read(m_multi, &restantes)) {
         if (mensaje->msg == CURLMSG_DONE)

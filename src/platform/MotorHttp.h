@@ -22,6 +22,8 @@ public:
     explicit MotorHttp(AlTerminar alTerminar);
     ~MotorHttp() override;
 
+    // Whether the library has given all that is needed. Nothing may be started otherwise.
+    bool listo() const { return m_listo; }
     // Starts a transfer. It is borrowed, and must be taken off before it is cleaned up. False: it
     // could not be taken up.
     bool poner(CURL *easy);
@@ -47,6 +49,7 @@ private:
 
     AlTerminar m_alTerminar;
     CURLM *m_multi = nullptr;
+    bool m_listo = false;
     std::map<curl_socket_t, Vigia> m_vigias;
     std::vector<std::unique_ptr<QSocketNotifier>> m_retirados;
     QTimer m_plazo;

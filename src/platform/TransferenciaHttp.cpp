@@ -14,18 +14,23 @@ bool haySalida(const QByteArray &direccion)
 
 } // namespace
 
-void TransferenciaHttp::atender()
+bool TransferenciaHttp::atender()
 {
-    curl_easy_setopt(easy, CURLOPT_WRITEFUNCTION, &TransferenciaHttp::alRecibirCuerpo);
-    curl_easy_setopt(easy, CURLOPT_WRITEDATA, this);
-    curl_easy_setopt(easy, CURLOPT_HEADERFUNCTION, &TransferenciaHttp::alRecibirCabecera);
-    curl_easy_setopt(easy, CURLOPT_HEADERDATA, this);
-    curl_easy_setopt(easy, CURLOPT_OPENSOCKETFUNCTION, &TransferenciaHttp::alAbrirZocalo);
-    curl_easy_setopt(easy, CURLOPT_OPENSOCKETDATA, this);
-    curl_easy_setopt(easy, CURLOPT_ERRORBUFFER, m_error.data());
-    curl_easy_setopt(easy, CURLOPT_PREREQFUNCTION, &TransferenciaHttp::alConectar);
-    curl_easy_setopt(easy, CURLOPT_PREREQDATA, this);
-    curl_easy_setopt(easy, CURLOPT_PRIVATE, this);
+    bool bien = true;
+    const auto poner = [&](CURLoption opcion, auto valor) {
+        bien = bien && curl_easy_setopt(easy, opcion, valor) == CURLE_OK;
+    };
+    poner(CURLOPT_WRITEFUNCTION, &TransferenciaHttp::alRecibirCuerpo);
+    poner(CURLOPT_WRITEDATA, this);
+    poner(CURLOPT_HEADERFUNCTION, &TransferenciaHttp::alRecibirCabecera);
+    poner(CURLOPT_HEADERDATA, this);
+    poner(CURLOPT_OPENSOCKETFUNCTION, &TransferenciaHttp::alAbrirZocalo);
+    poner(CURLOPT_OPENSOCKETDATA, this);
+    poner(CURLOPT_ERRORBUFFER, m_error.data());
+    poner(CURLOPT_PREREQFUNCTION, &TransferenciaHttp::alConectar);
+    poner(CURLOPT_PREREQDATA, this);
+    poner(CURLOPT_PRIVATE, this);
+    return bien;
 }
 
 bool TransferenciaHttp::renovar(long conexion)
@@ -56,11 +61,17 @@ QByteArray TransferenciaHttp::nombreBuscado() const
     return error.mid(error.lastIndexOf(": ") + 2);
 }
 
+long TransferenciaHttp::estado() const
+{
+    long numero = 0;
+    // It stays 0 when there is nothing to tell.
+    static_cast<void>(curl_easy_getinfo(easy, CURLINFO_RESPONSE_CODE, &numero));
+    return numero;
+}
+
 QByteArray TransferenciaHttp::otroLugar() const
 {
-    long estado = 0;
-    curl_easy_getinfo(easy, CURLINFO_RESPONSE_CODE, &estado);
-    return direccionHttp::esRedireccion(estado) ? m_lugar : QByteArray();
+    return direccionHttp::esRedireccion(estado()) ? m_lugar : QByteArray();
 }
 
 size_t TransferenciaHttp::alRecibirCuerpo(char *datos, size_t, size_t cuantos, void *quien)

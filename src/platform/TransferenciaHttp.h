@@ -31,8 +31,8 @@ public:
     TransferenciaHttp(const TransferenciaHttp &) = delete;
     TransferenciaHttp &operator=(const TransferenciaHttp &) = delete;
 
-    // Has the library's callbacks call this object.
-    void atender();
+    // Has the library's callbacks call this object. False: it could not be done.
+    bool atender();
     // Made ready for an attempt that has this many milliseconds for its connection. False: it
     // cannot be made.
     bool renovar(long conexion);
@@ -53,6 +53,8 @@ public:
     bool cabeceraEntera() const { return m_cabeceraEntera; }
     // Whether the headers have come to their end, and the body to the end that it tells itself.
     bool entera() const { return m_cabeceraEntera && m_cuerpo->entera(); }
+    // The reply's status; 0 when none has come.
+    long estado() const;
     // The other address that the reply names, as it came; nothing when it leads nowhere.
     QByteArray otroLugar() const;
 

@@ -14,6 +14,10 @@
 #include <csignal>
 #include <cstdio>
 
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <unistd.h>
+
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 using Charla = ServidorGuion::Charla;
@@ -36,6 +40,17 @@ qint64 memoriaMayor()
             return linea.mid(6).trimmed().split(' ').first().toLongLong() * 1024;
     }
     return -1;
+}
+
+// Leaves room for so many further descriptors.
+void limitarDescriptores(int cuantos)
+{
+    const int siguiente = ::open("/dev/null", O_RDONLY | O_CLOEXEC);
+    ::close(siguiente);
+    rlimit limite = {};
+    ::getrlimit(RLIMIT_NOFILE, &limite);
+    limite.rlim_cur = static_cast<rlim_t>(siguiente + cuantos);
+    ::setrlimit(RLIMIT_NOFILE, &limite);
 }
 
 struct Salida {
@@ -79,6 +94,17 @@ int pedirCifrado(const QByteArray &direccion, const QString &autoridad)
     return 0;
 }
 
+int pedirConDescriptores(const QByteArray &direccion, const QString &autoridad, int cuantos,
+                         bool desdeElPrincipio)
+{
+    if (desdeElPrincipio)
+        limitarDescriptores(cuantos);
+    HttpClient http(autoridad);
+    limitarDescriptores(cuantos);
+    std::printf("%s\n", http.get(direccion, {}).value_or("nada").constData());
+    return 0;
+}
+
 } // namespace
 
 class tst_HttpProceso : public QObject {
@@ -91,6 +117,8 @@ private Q_SLOTS:
     void respuestaEnElLimite_unaSolaVezEnMemoria();
     void respuestaSinMedida_acotada();
     void archivoDeLlaves_noSeEscribe();
+    void pocosDescriptores_terminaSiempre_data();
+    void pocosDescriptores_terminaSiempre();
 
 private:
     QTemporaryDir carpeta;
@@ -166,6 +194,32 @@ void tst_HttpProceso::archivoDeLlaves_noSeEscribe()
     QVERIFY(!QFile::exists(llaves));
 }
 
+void tst_HttpProceso::pocosDescriptores_terminaSiempre_data()
+{
+    QTest::addColumn<QString>("desdeCuando");
+    QTest::newRow("desde el principio") << u"principio"_s;
+    QTest::newRow("desde la peticion") << u"peticion"_s;
+}
+
+// With no descriptor to be had a request fails; it must not wait for what cannot come.
+void tst_HttpProceso::pocosDescriptores_terminaSiempre()
+{
+    QFETCH(QString, desdeCuando);
+    const QString direccion = QString(servicio.base()).replace(u"127.0.0.1"_s, u"localhost"_s)
+                              + QString::fromLatin1(consulta);
+    QByteArray ultima;
+    for (int cuantos = 0; cuantos <= 16; ++cuantos) {
+        const Salida salida = correr(
+            {u"--descriptores"_s, direccion, autoridad, QString::number(cuantos), desdeCuando});
+        QVERIFY2(salida.termino, qPrintable(QString::number(cuantos)));
+        ultima = salida.lineas.value(0);
+        if (cuantos == 0)
+            QCOMPARE(ultima, QByteArray("nada"));
+        QVERIFY2(ultima == "nada" || ultima == "305001012345", ultima.constData());
+    }
+    QCOMPARE(ultima, QByteArray("305001012345")); // enough of them
+}
+
 int main(int argc, char **argv)
 {
     QGuiApplication aplicacion(argc, argv);
@@ -176,6 +230,9 @@ int main(int argc, char **argv)
         return pedirConMemoria(direccion);
     if (como == u"--cifrado")
         return pedirCifrado(direccion, argumentos.value(3));
+    if (como == u"--descriptores")
+        return pedirConDescriptores(direccion, argumentos.value(3), argumentos.value(4).toInt(),
+                                    argumentos.value(5) == u"principio");
     tst_HttpProceso prueba;
     return QTest::qExec(&prueba, argc, argv);
 }
