@@ -6,11 +6,12 @@
 
 Cola::Cola(std::size_t adelanto) : adelanto_(adelanto) {}
 
-void Cola::agregar(std::string ruta)
+void Cola::agregar(std::string ruta, Momento llegada)
 {
     Documento documento;
     documento.turno = siguiente_++;
     documento.ruta = std::move(ruta);
+    documento.llegada = llegada;
     documentos_.push_back(std::move(documento));
 }
 
@@ -41,6 +42,39 @@ void Cola::fallido(Turno turno, std::string motivo)
     Documento &documento = con(turno);
     documento.estado = Estado::Fallido;
     documento.motivo = std::move(motivo);
+}
+
+bool Cola::redibujar(Turno turno)
+{
+    Documento &documento = con(turno);
+    if (documento.repetido)
+        return false;
+    documento.repetido = true;
+    documento.estado = Estado::EnEspera;
+    return true;
+}
+
+void Cola::enDuda(Turno turno, int trabajo)
+{
+    con(turno).trabajo = trabajo;
+}
+
+std::vector<std::string> Cola::abandonar(Momento hasta, const std::string &motivo)
+{
+    std::vector<std::string> sobrantes;
+    for (Documento &documento : documentos_) {
+        if (documento.llegada > hasta)
+            break; // in order of arrival
+        if (documento.estado == Estado::Dibujando || documento.estado == Estado::Fallido)
+            continue;
+        if (!documento.pdf.empty())
+            sobrantes.push_back(documento.pdf);
+        fallido(documento.turno, documento.trabajo == 0
+                                     ? motivo
+                                     : motivo + " (puede estar en la cola como trabajo "
+                                           + std::to_string(documento.trabajo) + ")");
+    }
+    return sobrantes;
 }
 
 const Cola::Documento *Cola::primero() const

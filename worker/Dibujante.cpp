@@ -47,19 +47,19 @@ struct Arranque {
     Arranque &operator=(const Arranque &) = delete;
 };
 
-std::string motivoDeCodigo(int codigo)
+Dibujante::Fin finDeCodigo(int codigo)
 {
     switch (codigo) {
     case salida::hecho:
         return {};
     case salida::sinPagina:
-        return "no se pudo cargar la página";
+        return {"no se pudo cargar la página"};
     case salida::sinPdf:
-        return "no se pudo escribir el PDF";
+        return {"no se pudo escribir el PDF"};
     case salida::motorCaido:
-        return "la página agotó el motor de dibujo";
-    default:
-        return "el dibujante terminó con el código " + std::to_string(codigo);
+        return {"la página agotó el motor de dibujo", true};
+    default: // a library that could not be loaded, an engine that gave up
+        return {"el dibujante terminó con el código " + std::to_string(codigo), true};
     }
 }
 
@@ -111,15 +111,14 @@ bool Dibujante::encargar(const Papel &papel, const std::string &html, const std:
     return true;
 }
 
-bool Dibujante::terminado(std::string &motivo) const
+std::optional<Dibujante::Fin> Dibujante::fin() const
 {
     siginfo_t fin{};
     // WNOWAIT: while the process stays unreaped, no other can take its group's number.
     if (waitid(P_PID, static_cast<id_t>(pid_), &fin, WEXITED | WNOHANG | WNOWAIT) != 0
         || fin.si_pid == 0)
-        return false;
-    motivo = fin.si_code == CLD_EXITED
-                 ? motivoDeCodigo(fin.si_status)
-                 : "el dibujante murió por la señal " + std::to_string(fin.si_status);
-    return true;
+        return {};
+    if (fin.si_code == CLD_EXITED)
+        return finDeCodigo(fin.si_status);
+    return Fin{"el dibujante murió por la señal " + std::to_string(fin.si_status), true};
 }

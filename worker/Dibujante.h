@@ -32,9 +32,12 @@ public:
     bool ocupado() const { return tope_.has_value(); }
     Reloj::time_point tope() const { return tope_.value_or(Reloj::time_point::max()); }
 
-    // Whether the process has ended. `motivo` is empty when it did what it was asked, else a
-    // reason for the log.
-    bool terminado(std::string &motivo) const;
+    struct Fin {
+        std::string motivo; // empty when it did what it was asked, else a reason for the log
+        bool murio = false; // the engine went, for all that is known not on the page's account
+    };
+    // How the process ended; nothing while it runs.
+    std::optional<Fin> fin() const;
 
 private:
     Dibujante(pid_t pid, int entrada) : pid_(pid), entrada_(entrada) {}

@@ -7,22 +7,24 @@
 #include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <utility>
 
 namespace {
 
-[[noreturn]] void cumplir(const std::function<std::string()> &trabajo, int escritura)
+[[noreturn]] void cumplir(const Encargo::Trabajo &trabajo, int escritura)
 {
     prctl(PR_SET_PDEATHSIG, SIGKILL);
-    const std::string respuesta = trabajo();
-    // Well below the capacity of a pipe, hence one write and no loop.
-    [[maybe_unused]] const ssize_t escritos = write(escritura, respuesta.data(), respuesta.size());
+    // All of it together is well below the capacity of a pipe, hence one write and no loop.
+    const auto decir = [escritura](const std::string &texto) {
+        [[maybe_unused]] const ssize_t escritos = write(escritura, texto.data(), texto.size());
+    };
+    decir(trabajo(decir));
     _exit(0); // the parent's objects are the parent's to destroy
 }
 
 } // namespace
 
-std::unique_ptr<Encargo> Encargo::empezar(const std::function<std::string()> &trabajo,
-                                          Reloj::time_point tope)
+std::unique_ptr<Encargo> Encargo::empezar(const Trabajo &trabajo, Reloj::time_point tope)
 {
     std::array<int, 2> tubo{};
     if (pipe2(tubo.data(), O_CLOEXEC) != 0)
@@ -35,8 +37,9 @@ std::unique_ptr<Encargo> Encargo::empezar(const std::function<std::string()> &tr
         close(tubo[0]);
         return nullptr;
     }
-    fcntl(tubo[0], F_SETFL, O_NONBLOCK);
-    return std::unique_ptr<Encargo>(new Encargo(pid, tubo[0], tope));
+    std::unique_ptr<Encargo> encargo(new Encargo(pid, tubo[0], tope));
+    // A pipe that blocks would hold the worker up for as long as the server likes.
+    return fcntl(tubo[0], F_SETFL, O_NONBLOCK) == 0 ? std::move(encargo) : nullptr;
 }
 
 Encargo::Encargo(pid_t pid, int lectura, Reloj::time_point tope)

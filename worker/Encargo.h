@@ -1,5 +1,6 @@
 // One errand in a child process of its own: a function whose answer is a text, run under a
-// deadline that nothing inside it can outlast.
+// deadline that nothing inside it can outlast. What it says on the way is known even when it never
+// comes to its end.
 //
 // The print server is only ever spoken to in an errand. libcups can be given time limits of its
 // own, but they do not reach everything that it waits for (name look-ups, the TLS handshake, a
@@ -17,11 +18,12 @@
 class Encargo {
 public:
     using Reloj = std::chrono::steady_clock;
+    using Decir = std::function<void(const std::string &)>; // ahead of the answer
+    using Trabajo = std::function<std::string(const Decir &)>;
 
     // Forks; null when that fails. `trabajo` runs in the child, whose end is its return. The
     // calling process must be single-threaded. `tope` is when the errand counts as failed.
-    static std::unique_ptr<Encargo> empezar(const std::function<std::string()> &trabajo,
-                                            Reloj::time_point tope);
+    static std::unique_ptr<Encargo> empezar(const Trabajo &trabajo, Reloj::time_point tope);
     // Kills the child if it still runs, and reaps it.
     ~Encargo();
     Encargo(const Encargo &) = delete;
@@ -32,7 +34,8 @@ public:
 
     // Takes what has come without blocking; true once the answer is whole.
     bool leer();
-    // Empty when the child ended without an answer.
+    // All that was said and then the answer, as far as it has come. Empty when the child ended
+    // without a word.
     const std::string &respuesta() const { return respuesta_; }
 
 private:

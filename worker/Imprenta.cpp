@@ -28,6 +28,9 @@ constexpr auto descanso = 5s;
 
 constexpr int arranquesMaximos = 3;
 
+// A renderer that could not be started for want of memory or processes may be, a moment later.
+constexpr auto entreArranques = 1s;
+
 // Why the file cannot be printed; empty when it can.
 std::string impedimento(const std::string &ruta)
 {
@@ -57,7 +60,7 @@ Imprenta::Imprenta(int entrada, fs::path dibujador, fs::path carpeta, Registro r
                    const Opciones &opciones)
     : entrada_(entrada), dibujador_(std::move(dibujador)), carpeta_(std::move(carpeta)),
       registro_(std::move(registro)), opciones_(opciones), lineas_(PATH_MAX), cola_(adelanto),
-      ultimaActividad_(Reloj::now())
+      ausencia_(opciones.plazoAusencia), ultimaActividad_(Reloj::now())
 {
 }
 
@@ -85,6 +88,7 @@ bool Imprenta::avanzar()
     algo = despacharPrimero() || algo;
     if (cola_.vacia()) {
         impresora_.reset(); // the next batch asks again: the user may choose another printer
+        ausencia_.terminar();
         cerrarMesasOciosas();
         return algo;
     }
@@ -103,22 +107,27 @@ bool Imprenta::prepararSiguiente()
         return true;
     }
     // The paper has to be known before anything is drawn.
-    return impresora_ ? darADibujar(*documento) : buscarImpresora(documento->turno);
+    return impresora_ ? darADibujar(*documento) : buscarImpresora();
 }
 
-bool Imprenta::buscarImpresora(Cola::Turno turno)
+bool Imprenta::buscarImpresora()
 {
-    if (encargo_)
+    return encargar([](const Encargo::Decir &) {
+        impresora::Falla falla;
+        const auto hallada = impresora::predeterminada(falla);
+        return impresora::aTexto(hallada, falla);
+    });
+}
+
+// False when the print server is busy with something else, or was not there a moment ago.
+bool Imprenta::encargar(const Encargo::Trabajo &trabajo)
+{
+    const auto ahora = Reloj::now();
+    if (encargo_ || ahora < ausencia_.proximoIntento())
         return false;
-    encargo_ = Encargo::empezar(
-        [] {
-            std::string motivo;
-            const auto hallada = impresora::predeterminada(motivo);
-            return impresora::aTexto(hallada, motivo);
-        },
-        Reloj::now() + opciones_.plazoServidor);
+    encargo_ = Encargo::empezar(trabajo, ahora + opciones_.plazoServidor);
     if (!encargo_)
-        cola_.fallido(turno, "no se pudo consultar la impresora");
+        faltaServidor("no se pudo llamar al servidor de impresión");
     return true;
 }
 
@@ -128,13 +137,11 @@ bool Imprenta::darADibujar(const Cola::Documento &documento)
     auto libre = std::find_if(mesas_.begin(), mesas_.end(),
                               [](const Mesa &m) { return !m.dibujante->ocupado(); });
     if (libre == mesas_.end()) {
-        if (mesas_.size() >= mesasMaximas)
+        if (mesas_.size() >= mesasMaximas || Reloj::now() < proximoArranque_)
             return false;
         auto dibujante = Dibujante::nacer(dibujador_);
-        if (!dibujante) {
-            cola_.fallido(turno, "no se pudo arrancar el dibujante");
-            return true;
-        }
+        if (!dibujante)
+            return sinDibujante(turno);
         mesas_.push_back({std::move(dibujante), {}});
         libre = mesas_.end() - 1;
     }
@@ -145,6 +152,17 @@ bool Imprenta::darADibujar(const Cola::Documento &documento)
     }
     libre->turno = turno;
     cola_.empezado(turno);
+    return true;
+}
+
+// As a page whose engine died: it gets one more try. A pause goes before it, unless renderers have
+// failed so often that a pause would mend nothing.
+bool Imprenta::sinDibujante(Cola::Turno turno)
+{
+    if (++arranquesFallidos_ < arranquesMaximos)
+        proximoArranque_ = Reloj::now() + entreArranques;
+    if (!cola_.redibujar(turno))
+        cola_.fallido(turno, "no se pudo arrancar el dibujante");
     return true;
 }
 
@@ -159,21 +177,22 @@ bool Imprenta::despacharPrimero()
         cola_.retirar();
         return true;
     }
-    if (encargo_)
-        return false;
+    return entregar(*primero);
+}
+
+bool Imprenta::entregar(const Cola::Documento &primero)
+{
     const Impresora destino = *impresora_;
-    const std::string pdf = primero->pdf;
-    const std::string titulo = fs::path(primero->ruta).filename().string();
-    encargo_ = Encargo::empezar(
-        [=] {
-            std::string motivo;
-            const int trabajo = impresora::imprimir(destino, pdf, titulo, motivo);
-            return impresora::aTexto(trabajo, motivo);
-        },
-        Reloj::now() + opciones_.plazoServidor);
-    if (!encargo_)
-        cola_.fallido(primero->turno, "no se pudo llamar al servidor de impresión");
-    return true;
+    const impresora::Entrega entrega{primero.pdf, fs::path(primero.ruta).filename().string(),
+                                     primero.trabajo};
+    return encargar([=](const Encargo::Decir &decir) {
+        const auto empezado = [&decir](int trabajo) {
+            decir(impresora::empezadoATexto(trabajo));
+        };
+        impresora::Falla falla;
+        const int trabajo = impresora::imprimir(destino, entrega, empezado, falla);
+        return impresora::aTexto(trabajo, falla);
+    });
 }
 
 // Warms renderers up: as many as there are pages waiting, and one for the page that may come next.
@@ -183,7 +202,7 @@ bool Imprenta::abrirMesas()
         mesas_.begin(), mesas_.end(), [](const Mesa &m) { return !m.dibujante->ocupado(); }));
     const std::size_t deseados = cola_.enEspera() + (abierta_ ? 1 : 0);
     if (mesas_.size() >= mesasMaximas || libres >= deseados
-        || arranquesFallidos_ >= arranquesMaximos)
+        || arranquesFallidos_ >= arranquesMaximos || Reloj::now() < proximoArranque_)
         return false;
     auto dibujante = Dibujante::nacer(dibujador_);
     if (!dibujante)
@@ -232,12 +251,12 @@ void Imprenta::leerEntrada()
         }
         if (leidos > 0) {
             for (auto &ruta : lineas_.agregar({trozo.data(), static_cast<std::size_t>(leidos)}))
-                cola_.agregar(std::move(ruta));
+                cola_.agregar(std::move(ruta), Reloj::now());
             continue;
         }
         abierta_ = false;
         if (std::string ruta = lineas_.resto(); !ruta.empty())
-            cola_.agregar(std::move(ruta));
+            cola_.agregar(std::move(ruta), Reloj::now());
     }
 }
 
@@ -245,30 +264,35 @@ void Imprenta::revisarMesas()
 {
     const auto ahora = Reloj::now();
     std::erase_if(mesas_, [&](const Mesa &mesa) {
-        std::string motivo;
-        const bool terminado = mesa.dibujante->terminado(motivo);
-        if (!terminado && ahora < mesa.dibujante->tope())
+        auto fin = mesa.dibujante->fin();
+        if (!fin && ahora < mesa.dibujante->tope())
             return false;
-        if (!terminado)
-            motivo = "la página no terminó de dibujarse en "
-                     + std::to_string(opciones_.plazoDibujo.count()) + " s";
-        if (!mesa.turno) {
-            ++arranquesFallidos_;
-            return true;
-        }
-        arranquesFallidos_ = 0;
-        std::error_code sinArchivo;
-        const fs::path pdf = pdfDe(*mesa.turno);
-        if (motivo.empty() && (fs::file_size(pdf, sinArchivo) == 0 || sinArchivo))
-            motivo = "el PDF salió vacío";
-        if (motivo.empty()) {
-            cola_.dibujado(*mesa.turno, pdf.string());
+        if (!fin)
+            fin = {"la página no terminó de dibujarse en "
+                   + std::to_string(opciones_.plazoDibujo.count()) + " s"};
+        if (mesa.turno) {
+            arranquesFallidos_ = 0;
+            concluirDibujo(*mesa.turno, std::move(*fin));
         } else {
-            borrar(pdf);
-            cola_.fallido(*mesa.turno, motivo);
+            ++arranquesFallidos_;
         }
         return true;
     });
+}
+
+void Imprenta::concluirDibujo(Cola::Turno turno, Dibujante::Fin fin)
+{
+    const fs::path pdf = pdfDe(turno);
+    std::error_code sinArchivo;
+    if (fin.motivo.empty() && (fs::file_size(pdf, sinArchivo) == 0 || sinArchivo))
+        fin.motivo = "el PDF salió vacío";
+    if (fin.motivo.empty()) {
+        cola_.dibujado(turno, pdf.string());
+        return;
+    }
+    borrar(pdf);
+    if (!fin.murio || !cola_.redibujar(turno))
+        cola_.fallido(turno, std::move(fin.motivo));
 }
 
 void Imprenta::revisarEncargo()
@@ -278,32 +302,54 @@ void Imprenta::revisarEncargo()
     const bool contestado = encargo_->leer();
     if (!contestado && Reloj::now() < encargo_->tope())
         return;
-    const std::string respuesta = contestado ? encargo_->respuesta() : std::string();
+    auto dicho = impresora::leer(encargo_->respuesta());
     encargo_.reset();
-    concluirEncargo(respuesta, contestado
-                                   ? "el servidor de impresión no contestó"
-                                   : "el servidor de impresión no contestó en "
-                                         + std::to_string(opciones_.plazoServidor.count()) + " s");
+    if (dicho.contenido.empty())
+        dicho.contenido = contestado ? "el servidor de impresión no contestó"
+                                     : "el servidor de impresión no contestó en "
+                                           + std::to_string(opciones_.plazoServidor.count()) + " s";
+    concluirEncargo(dicho);
 }
 
 // The errand was the search for the printer as long as none is known, else the head's printing.
-void Imprenta::concluirEncargo(const std::string &respuesta, const std::string &siNoHay)
+void Imprenta::concluirEncargo(const impresora::Contestacion &dicho)
 {
-    const std::string motivo = respuesta.empty() ? siNoHay : respuesta.substr(1);
+    using Clase = impresora::Contestacion::Clase;
+    if (impresora_ && dicho.empezado > 0)
+        cola_.enDuda(cola_.primero()->turno, dicho.empezado);
+    if (dicho.clase == Clase::Ausente) {
+        faltaServidor(dicho.contenido);
+        return;
+    }
+    ausencia_.terminar();
     if (!impresora_) {
-        impresora_ = impresora::deTexto(respuesta);
+        if (dicho.clase == Clase::Hecho)
+            impresora_ = impresora::deTexto(dicho.contenido);
         const Cola::Documento *documento = cola_.porDibujar();
         // Only the document that asked: the printer may be there for the next one.
         if (!impresora_ && documento)
-            cola_.fallido(documento->turno, motivo);
+            cola_.fallido(documento->turno, dicho.contenido);
         return;
     }
     const Cola::Documento *primero = cola_.primero();
-    const bool impreso = !respuesta.empty() && respuesta.front() == '+';
-    registro_.anotar(primero->ruta,
-                     impreso ? "trabajo " + motivo + " en " + impresora_->nombre : motivo);
+    registro_.anotar(primero->ruta, dicho.clase == Clase::Hecho
+                                        ? "trabajo " + dicho.contenido + " en " + impresora_->nombre
+                                        : dicho.contenido);
     borrar(primero->pdf);
     cola_.retirar();
+}
+
+// Says so once in the log, in the name of the first document that waits; those that have waited
+// long enough are given up.
+void Imprenta::faltaServidor(const std::string &motivo)
+{
+    const auto ahora = Reloj::now();
+    if (ausencia_.notar(ahora))
+        registro_.anotar(cola_.rutaPrimera(), motivo + "; se espera hasta "
+                                                  + std::to_string(opciones_.plazoAusencia.count())
+                                                  + " s a que vuelva");
+    for (const std::string &pdf : cola_.abandonar(ausencia_.vencidos(ahora), motivo))
+        borrar(pdf);
 }
 
 fs::path Imprenta::pdfDe(Cola::Turno turno) const
@@ -318,5 +364,10 @@ Imprenta::Reloj::time_point Imprenta::proximoTope() const
         tope = std::min(tope, mesa.dibujante->tope());
     if (cola_.vacia() && !mesas_.empty())
         tope = std::min(tope, ultimaActividad_ + descanso);
+    // What is waited for again, as long as it lies ahead.
+    for (const auto espera : {ausencia_.proximoIntento(), proximoArranque_}) {
+        if (!cola_.vacia() && espera > Reloj::now())
+            tope = std::min(tope, espera);
+    }
     return tope;
 }

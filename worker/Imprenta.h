@@ -1,9 +1,14 @@
 // The worker's loop: takes paths in, has pages drawn ahead, hands the PDFs over in order.
 //
+// What fails on nobody's account is made up for: a page whose engine died is drawn once more, and
+// documents that the print server was not there to take wait for it (Ausencia.h). What the page or
+// the server itself says no to is logged and done with.
+//
 // It never blocks but in esperar(), so that whoever writes the paths never does either: drawing
 // and talking to the print server happen in other processes, watched by deadlines.
 #pragma once
 
+#include "worker/Ausencia.h"
 #include "worker/Cola.h"
 #include "worker/Dibujante.h"
 #include "worker/Encargo.h"
@@ -39,17 +44,22 @@ private:
 
     bool avanzar(); // one round of the steps below; false when nothing changed
     bool prepararSiguiente();
-    bool buscarImpresora(Cola::Turno turno);
     bool darADibujar(const Cola::Documento &documento);
+    bool sinDibujante(Cola::Turno turno);
     bool despacharPrimero();
+    bool buscarImpresora();
+    bool entregar(const Cola::Documento &primero);
+    bool encargar(const Encargo::Trabajo &trabajo);
     bool abrirMesas();
     void cerrarMesasOciosas();
 
     void esperar(const sigset_t &senales);
     void leerEntrada();
     void revisarMesas();
+    void concluirDibujo(Cola::Turno turno, Dibujante::Fin fin);
     void revisarEncargo();
-    void concluirEncargo(const std::string &respuesta, const std::string &siNoHay);
+    void concluirEncargo(const impresora::Contestacion &dicho);
+    void faltaServidor(const std::string &motivo);
 
     std::filesystem::path pdfDe(Cola::Turno turno) const;
     Reloj::time_point proximoTope() const;
@@ -67,5 +77,7 @@ private:
     int arranquesFallidos_ = 0;          // renderers in a row that ended before they had a page
     std::unique_ptr<Encargo> encargo_;   // looking for the printer, or printing the head
     std::optional<Impresora> impresora_; // known while a batch lasts
+    Ausencia ausencia_;                  // of the print server
+    Reloj::time_point proximoArranque_;  // of a renderer, after one that could not be started
     Reloj::time_point ultimaActividad_;
 };

@@ -1,4 +1,5 @@
-// The worker's log: one line for each document, in the order of printing.
+// The worker's log: one line for each document, in the order of printing, and one more for a
+// document that has to wait for the print server.
 //
 //     2010-11-26T15:04:05-0500 <TAB> /home/ana/Quorvela/.../1001.html <TAB> trabajo 12 en lote
 //

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdlib>
 #include <cups/cups.h>
+#include <fstream>
 #include <memory>
 #include <sstream>
 
@@ -17,7 +18,9 @@ using Conexion = std::unique_ptr<http_t, Cierra>;
 using Destino = std::unique_ptr<cups_dest_t, Cierra>;
 using Respuesta = std::unique_ptr<ipp_t, Cierra>;
 
-Conexion conectar(std::string &motivo)
+const std::string noAtiende = "el servidor de impresión no atiende";
+
+Conexion conectar(impresora::Falla &falla)
 {
     // Left alone, libcups asks for a password on the terminal.
     cupsSetPasswordCB2([](const char *, http_t *, const char *, const char *,
@@ -29,8 +32,17 @@ Conexion conectar(std::string &motivo)
                                cancelable, milisegundos, nullptr));
     if (!http)
         // What errno holds by now is of the last thing tried, and tells a reader nothing.
-        motivo = "el servidor de impresión no atiende";
+        falla = {noAtiende, true};
     return http;
+}
+
+// Whether what was asked last got no answer. An answer that the library could not make sense of
+// counts as none: to wait in vain costs time, to take a breach for a refusal costs the document.
+bool sinRespuesta()
+{
+    const ipp_status_t estado = cupsLastError();
+    return estado == IPP_STATUS_ERROR_INTERNAL || estado == IPP_STATUS_ERROR_SERVICE_UNAVAILABLE
+           || estado == IPP_STATUS_ERROR_TIMEOUT;
 }
 
 std::string opcion(const cups_dest_t &destino, const char *nombre)
@@ -117,11 +129,14 @@ int borde(ipp_t *respuesta, ipp_t *colMedia, const char *nombre)
     return menor;
 }
 
-papel::Fuentes fuentes(http_t *http, const cups_dest_t &destino)
+// Nothing when the server went away over it.
+std::optional<papel::Fuentes> fuentes(http_t *http, const cups_dest_t &destino)
 {
     papel::Fuentes fuentes;
     fuentes.mediaUsuario = opcion(destino, "media") + ',' + opcion(destino, "PageSize");
     const Respuesta respuesta = atributos(http, destino);
+    if (!respuesta && sinRespuesta())
+        return {};
     if (!respuesta)
         return fuentes; // the locale settles it; whether the printer works shows when it is used
     if (ipp_attribute_t *media = ippFindAttribute(respuesta.get(), "media-default", IPP_TAG_ZERO)) {
@@ -143,68 +158,200 @@ papel::Fuentes fuentes(http_t *http, const cups_dest_t &destino)
     return fuentes;
 }
 
+enum class Suerte { Tomado, Perdido, SinRespuesta };
+
+Respuesta estadoDeTrabajo(http_t *http, int trabajo)
+{
+    ipp_t *pregunta = ippNewRequest(IPP_OP_GET_JOB_ATTRIBUTES);
+    const std::string uri = "ipp://localhost/jobs/" + std::to_string(trabajo);
+    ippAddString(pregunta, IPP_TAG_OPERATION, IPP_TAG_URI, "job-uri", nullptr, uri.c_str());
+    ippAddString(pregunta, IPP_TAG_OPERATION, IPP_TAG_NAME, "requesting-user-name", nullptr,
+                 cupsUser());
+    constexpr std::array<const char *, 3> pedidos{"job-state", "job-name", "number-of-documents"};
+    ippAddStrings(pregunta, IPP_TAG_OPERATION, IPP_TAG_KEYWORD, "requested-attributes",
+                  static_cast<int>(pedidos.size()), nullptr, pedidos.data());
+    return Respuesta(cupsDoRequest(http, pregunta, "/jobs/"));
+}
+
+// What became of a job whose conversation broke off. The server counts a document once it has all
+// of it; it may drop the documents of a finished job, but a completed one was printed. A number may
+// have been given to somebody else's job by a server that forgot this one: then the title, where
+// it may be seen, is another.
+Suerte suerteDe(http_t *http, int trabajo, const std::string &titulo)
+{
+    const Respuesta respuesta = estadoDeTrabajo(http, trabajo);
+    if (!respuesta || ippGetStatusCode(respuesta.get()) >= IPP_STATUS_ERROR_BAD_REQUEST)
+        return sinRespuesta() ? Suerte::SinRespuesta : Suerte::Perdido;
+    ipp_attribute_t *nombre = ippFindAttribute(respuesta.get(), "job-name", IPP_TAG_ZERO);
+    const char *suyo = nombre ? ippGetString(nombre, 0, nullptr) : nullptr;
+    if (suyo && titulo != suyo)
+        return Suerte::Perdido;
+    ipp_attribute_t *estado = ippFindAttribute(respuesta.get(), "job-state", IPP_TAG_ENUM);
+    const bool impreso = estado && ippGetInteger(estado, 0) == IPP_JSTATE_COMPLETED;
+    return impreso || entero(respuesta.get(), "number-of-documents") > 0 ? Suerte::Tomado
+                                                                         : Suerte::Perdido;
+}
+
+impresora::Falla noAceptado(const char *respuesta, bool ausente)
+{
+    return {std::string("la impresora no lo aceptó: ") + respuesta, ausente};
+}
+
+// Nothing when the server has taken it. The library's own operation for the end of a document tells
+// a connection that was lost apart from an answer only by what was answered before.
+std::optional<impresora::Falla> enviarDocumento(http_t *http, const std::string &cola, int trabajo,
+                                                const std::string &titulo, std::istream &pdf)
+{
+    constexpr int ultimo = 1;
+    http_status_t estado =
+        cupsStartDocument(http, cola.c_str(), trabajo, titulo.c_str(), "application/pdf", ultimo);
+    std::array<char, 32768> trozo{};
+    while (estado == HTTP_STATUS_CONTINUE && pdf) {
+        pdf.read(trozo.data(), trozo.size());
+        estado = cupsWriteRequestData(http, trozo.data(), static_cast<std::size_t>(pdf.gcount()));
+    }
+    if (estado != HTTP_STATUS_CONTINUE)
+        return estado > HTTP_STATUS_CONTINUE ? noAceptado(httpStatus(estado), false)
+                                             : impresora::Falla{noAtiende, true};
+    const Respuesta respuesta(cupsGetResponse(http, ("/printers/" + cola).c_str()));
+    const bool negado = cupsLastError() >= IPP_STATUS_ERROR_BAD_REQUEST;
+    if (negado)
+        return noAceptado(cupsLastErrorString(), sinRespuesta());
+    return respuesta ? std::nullopt : std::optional(impresora::Falla{noAtiende, true});
+}
+
+// An empty job would wait in the queue for a document that never comes.
+void anular(http_t *http, const Impresora &destino, int trabajo)
+{
+    constexpr int yOlvidar = 1;
+    [[maybe_unused]] const ipp_status_t
+        descartado = // the server drops an empty job by itself, later
+        cupsCancelJob2(http, destino.nombre.c_str(), trabajo, yOlvidar);
+}
+
+constexpr char signoHecho = '+';
+constexpr char signoNegado = '-';
+constexpr char signoAusente = '~';
+constexpr char signoEmpezado = '#';
+
+std::string enTexto(const impresora::Falla &falla)
+{
+    return (falla.ausente ? signoAusente : signoNegado) + falla.motivo;
+}
+
 } // namespace
 
-std::optional<Impresora> impresora::predeterminada(std::string &motivo)
+std::optional<Impresora> impresora::predeterminada(Falla &falla)
 {
-    const Conexion http = conectar(motivo);
+    const Conexion http = conectar(falla);
     if (!http)
         return {};
     Destino destino(cupsGetNamedDest(http.get(), nullptr, nullptr));
-    if (!destino)
+    if (!destino && !sinRespuesta())
         destino = unicaInstalada(http.get());
     if (!destino) {
-        motivo = "no hay impresora predeterminada";
+        falla = sinRespuesta() ? Falla{noAtiende, true} : Falla{"no hay impresora predeterminada"};
+        return {};
+    }
+    const auto delServidor = fuentes(http.get(), *destino);
+    if (!delServidor) {
+        falla = {noAtiende, true};
         return {};
     }
     return Impresora{destino->name, destino->instance ? destino->instance : "",
-                     papel::elegir(fuentes(http.get(), *destino), papel::localizacionDelEntorno())};
+                     papel::elegir(*delServidor, papel::localizacionDelEntorno())};
 }
 
-int impresora::imprimir(const Impresora &destino, const std::string &pdf, const std::string &titulo,
-                        std::string &motivo)
+int impresora::imprimir(const Impresora &destino, const Entrega &entrega,
+                        const std::function<void(int)> &empezado, Falla &falla)
 {
-    const Conexion http = conectar(motivo);
-    if (!http)
-        return 0;
-    const char *instancia = destino.instancia.empty() ? nullptr : destino.instancia.c_str();
-    Destino conOpciones(cupsGetNamedDest(http.get(), destino.nombre.c_str(), instancia));
-    if (!conOpciones) {
-        motivo = "la impresora " + destino.nombre + " ya no está";
+    std::ifstream pdf(entrega.pdf, std::ios::binary);
+    if (!pdf) {
+        falla = {"no se pudo leer el PDF"};
         return 0;
     }
-    conOpciones->num_options = cupsAddOption("document-format", "application/pdf",
-                                             conOpciones->num_options, &conOpciones->options);
-    const int trabajo =
-        cupsPrintFile2(http.get(), destino.nombre.c_str(), pdf.c_str(), titulo.c_str(),
-                       conOpciones->num_options, conOpciones->options);
-    if (trabajo == 0)
-        motivo = std::string("la impresora no lo aceptó: ") + cupsLastErrorString();
-    return trabajo;
+    const Conexion http = conectar(falla);
+    if (!http)
+        return 0;
+    if (entrega.previo > 0) {
+        const Suerte suerte = suerteDe(http.get(), entrega.previo, entrega.titulo);
+        if (suerte == Suerte::Tomado)
+            return entrega.previo;
+        if (suerte == Suerte::SinRespuesta) {
+            falla = {noAtiende, true};
+            return 0;
+        }
+        anular(http.get(), destino, entrega.previo);
+    }
+    const char *instancia = destino.instancia.empty() ? nullptr : destino.instancia.c_str();
+    const Destino conOpciones(cupsGetNamedDest(http.get(), destino.nombre.c_str(), instancia));
+    if (!conOpciones) {
+        falla = sinRespuesta() ? Falla{noAtiende, true}
+                               : Falla{"la impresora " + destino.nombre + " ya no está"};
+        return 0;
+    }
+    const int trabajo = cupsCreateJob(http.get(), destino.nombre.c_str(), entrega.titulo.c_str(),
+                                      conOpciones->num_options, conOpciones->options);
+    if (trabajo == 0) {
+        falla = noAceptado(cupsLastErrorString(), sinRespuesta());
+        return 0;
+    }
+    empezado(trabajo);
+    const auto rechazo = enviarDocumento(http.get(), destino.nombre, trabajo, entrega.titulo, pdf);
+    if (!rechazo)
+        return trabajo;
+    falla = *rechazo;
+    if (!falla.ausente)
+        anular(http.get(), destino, trabajo);
+    return 0;
 }
 
-std::string impresora::aTexto(const std::optional<Impresora> &impresora, const std::string &motivo)
+std::string impresora::aTexto(const std::optional<Impresora> &impresora, const Falla &falla)
 {
     if (!impresora)
-        return '-' + motivo;
+        return enTexto(falla);
     const Papel &p = impresora->papel;
     std::ostringstream texto;
-    texto << '+' << p.ancho << ' ' << p.alto << ' ' << p.izquierdo << ' ' << p.arriba << ' '
+    texto << signoHecho << p.ancho << ' ' << p.alto << ' ' << p.izquierdo << ' ' << p.arriba << ' '
           << p.derecho << ' ' << p.abajo << ' ' << impresora->nombre << '\n'
           << impresora->instancia;
     return texto.str();
 }
 
-std::string impresora::aTexto(int trabajo, const std::string &motivo)
+std::string impresora::aTexto(int trabajo, const Falla &falla)
 {
-    return trabajo > 0 ? '+' + std::to_string(trabajo) : '-' + motivo;
+    return trabajo > 0 ? signoHecho + std::to_string(trabajo) : enTexto(falla);
 }
 
-std::optional<Impresora> impresora::deTexto(const std::string &texto)
+std::string impresora::empezadoATexto(int trabajo)
 {
-    if (texto.empty() || texto.front() != '+')
-        return {};
-    std::istringstream campos(texto.substr(1));
+    return signoEmpezado + std::to_string(trabajo) + '\n';
+}
+
+impresora::Contestacion impresora::leer(const std::string &texto)
+{
+    Contestacion leida;
+    std::size_t desde = 0;
+    while (desde < texto.size() && texto[desde] == signoEmpezado) {
+        const auto fin = texto.find('\n', desde);
+        if (fin == std::string::npos)
+            return leida;
+        std::istringstream(texto.substr(desde + 1, fin - desde - 1)) >> leida.empezado;
+        desde = fin + 1;
+    }
+    if (desde == texto.size())
+        return leida;
+    if (texto[desde] == signoHecho)
+        leida.clase = Contestacion::Clase::Hecho;
+    else if (texto[desde] == signoNegado)
+        leida.clase = Contestacion::Clase::Negado;
+    leida.contenido = texto.substr(desde + 1);
+    return leida;
+}
+
+std::optional<Impresora> impresora::deTexto(const std::string &contenido)
+{
+    std::istringstream campos(contenido);
     Impresora leida;
     Papel &p = leida.papel;
     campos >> p.ancho >> p.alto >> p.izquierdo >> p.arriba >> p.derecho >> p.abajo;

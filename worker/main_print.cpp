@@ -64,7 +64,8 @@ int main(int argc, char **argv)
 {
     const auto opciones = leerOpciones({argv + 1, argv + argc});
     if (!opciones) {
-        std::fputs("uso: parvanel-print [--plazo-dibujo SEGUNDOS] [--plazo-servidor SEGUNDOS]\n",
+        std::fputs("uso: parvanel-print [--plazo-dibujo SEGUNDOS] [--plazo-servidor SEGUNDOS]"
+                   " [--plazo-ausencia SEGUNDOS]\n",
                    stderr);
         return 2;
     }

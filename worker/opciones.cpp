@@ -27,6 +27,8 @@ std::optional<Opciones> leerOpciones(const std::vector<std::string> &argumentos)
             opciones.plazoDibujo = *plazo;
         else if (argumentos[i] == "--plazo-servidor")
             opciones.plazoServidor = *plazo;
+        else if (argumentos[i] == "--plazo-ausencia")
+            opciones.plazoAusencia = *plazo;
         else
             return {};
     }

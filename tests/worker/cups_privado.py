@@ -94,6 +94,10 @@ class CupsPrivado:
 
     def iniciar(self):
         self._preparar()
+        self.volver()
+
+    def volver(self):
+        """Starts the server, with the queues and jobs that it had when it was stopped."""
         self._proceso = subprocess.Popen(
             [SERVIDOR, "-f", "-c", str(self.carpeta / "cupsd.conf"),
              "-s", str(self.carpeta / "cups-files.conf")],
@@ -106,7 +110,12 @@ class CupsPrivado:
             raise
 
     def parar(self):
-        """Ends the server, by its own process, and removes the folder."""
+        """Stops the server and removes the folder."""
+        self.detener()
+        shutil.rmtree(self.carpeta, ignore_errors=True)
+
+    def detener(self):
+        """Ends the server, by its own process. Its folder stays."""
         if self._proceso:
             self._proceso.terminate()
             try:
@@ -115,7 +124,6 @@ class CupsPrivado:
                 self._proceso.kill()
                 self._proceso.wait()
             self._proceso = None
-        shutil.rmtree(self.carpeta, ignore_errors=True)
 
     def agregar_cola(self, nombre, media=None, ppd=None):
         """A raw queue: documents come out as they went in. `media` is its default medium.
@@ -133,6 +141,13 @@ class CupsPrivado:
         opciones = ["-o", f"media-default={media}"] if media else []
         self._orden("lpadmin", "-p", nombre, "-E", "-v", f"captura:{capturas}", *controlador,
                     *opciones)
+
+    def quitar_cola(self, nombre):
+        self._orden("lpadmin", "-x", nombre)
+
+    def rechazar(self, nombre):
+        """From now on the queue refuses what it is given."""
+        self._orden("cupsreject", nombre)
 
     def poner_predeterminada(self, nombre):
         self._orden("lpadmin", "-d", nombre)

@@ -17,7 +17,8 @@ from pathlib import Path
 from cups_privado import CupsPrivado
 
 TRABAJADOR = os.environ["PARVANEL_PRINT"]
-GUARDA = 60
+DIBUJADOR = Path(TRABAJADOR).parent / "parvanel-print-render"
+GUARDA = 240
 
 
 def png(ancho, alto, color):
@@ -72,6 +73,7 @@ class Prueba(unittest.TestCase):
         self.temporal = self.casa / "tmp"
         self.temporal.mkdir()
         self.registro = self.casa / "estado" / "parvanel" / "print.log"
+        self.programa = TRABAJADOR
 
     def entorno(self, cups, **mas):
         limpio = {k: v for k, v in os.environ.items()
@@ -89,8 +91,32 @@ class Prueba(unittest.TestCase):
         return ruta
 
     def trabajador(self, cups, *opciones, **mas):
-        return subprocess.Popen([TRABAJADOR, *opciones], stdin=subprocess.PIPE,
+        return subprocess.Popen([self.programa, *opciones], stdin=subprocess.PIPE,
                                 env=self.entorno(cups, **mas), start_new_session=True)
+
+    def conDibujador(self, guion):
+        """From now on the worker is a copy that finds this script as its renderer."""
+        carpeta = self.casa / "programa"
+        carpeta.mkdir()
+        self.programa = carpeta / "parvanel-print"
+        shutil.copy2(TRABAJADOR, self.programa)
+        dibujador = carpeta / "parvanel-print-render"
+        dibujador.write_text(guion, encoding="utf-8")
+        dibujador.chmod(0o755)
+
+    def conPercance(self, percance):
+        """The same, with a renderer to which `percance`, lines of shell, happens after it has taken
+        its page, `$html`, and which then draws like any other."""
+        self.conDibujador(
+            "#!/bin/sh\nIFS= read -r papel && IFS= read -r html && IFS= read -r pdf || exit 0\n"
+            f"echo \"$html\" >> '{self.casa}/tomadas'\n"
+            f"{percance}\n"
+            f"printf '%s\\n' \"$papel\" \"$html\" \"$pdf\" | '{DIBUJADOR}' --espera\n")
+
+    def tomadas(self):
+        """The names of the pages that such renderers have taken, one for each time."""
+        return sorted(Path(ruta).name for ruta in
+                      (self.casa / "tomadas").read_text(encoding="utf-8").splitlines())
 
     def imprimir(self, cups, rutas, *opciones, **mas):
         """Hands the paths over, waits for the end, and checks what must be so after every run."""

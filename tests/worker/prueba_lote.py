@@ -61,7 +61,8 @@ class Lote(ConCups):
 
     def test_terminated_worker_leaves_nothing_behind(self):
         bucle = self.archivo("bucle.html", "<script>while(true){}</script>")
-        proceso = self.trabajador(self.cups.entorno())
+        # So that the endless page does not end first.
+        proceso = self.trabajador(self.cups.entorno(), "--plazo-dibujo", "3600")
         self.addCleanup(proceso.kill)
         proceso.stdin.write(f"{self.boletin(0)}\n{bucle}\n{self.boletin(1)}\n".encode())
         proceso.stdin.flush()

@@ -2,6 +2,8 @@
 
 #include <QtTest>
 
+using namespace std::chrono_literals;
+
 class TstCola : public QObject {
     Q_OBJECT
 
@@ -13,6 +15,10 @@ private Q_SLOTS:
     void waitingDocument_isOfferedUntilItIsBegun();
     void lateDocument_goesBehind();
     void retiredBeforeItsTurn_givesItsPath();
+    void drawnOnceMore_keepsItsPlace();
+    void givenUp_whatCameInTimeStays();
+    void givenUp_documentBeingDrawnStays();
+    void givenUp_jobInDoubtIsNamed();
 };
 
 void TstCola::drawnOutOfOrder_comesOutInOrder()
@@ -95,6 +101,61 @@ void TstCola::retiredBeforeItsTurn_givesItsPath()
     QVERIFY(!cola.primero());
     QCOMPARE(cola.retirar(), std::string("/a"));
     QVERIFY(cola.vacia());
+}
+
+void TstCola::drawnOnceMore_keepsItsPlace()
+{
+    Cola cola(2);
+    cola.agregar("/a");
+    cola.agregar("/b");
+    cola.empezado(0);
+    QVERIFY(cola.redibujar(0));
+    QCOMPARE(cola.porDibujar()->turno, Cola::Turno{0});
+    cola.empezado(0);
+    QVERIFY(!cola.redibujar(0));
+    QVERIFY(!cola.primero()); // still with its renderer, for all that the queue knows
+    cola.empezado(1);
+    QVERIFY(cola.redibujar(1));
+}
+
+void TstCola::givenUp_whatCameInTimeStays()
+{
+    const Cola::Momento cero;
+    Cola cola(4);
+    cola.agregar("/a", cero);
+    cola.agregar("/b", cero + 1s);
+    cola.agregar("/c", cero + 2s);
+    cola.dibujado(0, "0.pdf");
+    QCOMPARE(cola.abandonar(cero + 1s, "no atiende"), std::vector<std::string>{"0.pdf"});
+    for (int i = 0; i < 2; ++i) {
+        QVERIFY(cola.primero());
+        QCOMPARE(cola.primero()->motivo, std::string("no atiende"));
+        cola.retirar();
+    }
+    QVERIFY(!cola.primero());
+    QCOMPARE(cola.porDibujar()->turno, Cola::Turno{2});
+}
+
+void TstCola::givenUp_documentBeingDrawnStays()
+{
+    Cola cola(2);
+    cola.agregar("/a");
+    cola.empezado(0);
+    QVERIFY(cola.abandonar({}, "no atiende").empty());
+    cola.dibujado(0, "0.pdf");
+    QCOMPARE(cola.primero()->estado, Cola::Estado::Dibujado);
+}
+
+void TstCola::givenUp_jobInDoubtIsNamed()
+{
+    Cola cola(2);
+    cola.agregar("/a");
+    cola.dibujado(0, "0.pdf");
+    cola.enDuda(0, 12);
+    QCOMPARE(cola.primero()->trabajo, 12);
+    QCOMPARE(cola.abandonar({}, "no atiende").size(), std::size_t{1});
+    QCOMPARE(cola.primero()->motivo,
+             std::string("no atiende (puede estar en la cola como trabajo 12)"));
 }
 
 QTEST_GUILESS_MAIN(TstCola)

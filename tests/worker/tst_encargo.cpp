@@ -14,6 +14,7 @@ class TstEncargo : public QObject {
 private Q_SLOTS:
     void answer_comesBackWhole();
     void childThatDies_givesNoAnswer();
+    void childThatDies_leavesWhatItSaid();
     void childThatHangs_isGoneWithTheErrand();
 };
 
@@ -31,7 +32,7 @@ auto tope()
 void TstEncargo::answer_comesBackWhole()
 {
     const std::string larga(3000, 'x');
-    const auto encargo = Encargo::empezar([&] { return larga; }, tope());
+    const auto encargo = Encargo::empezar([&](const auto &) { return larga; }, tope());
     QVERIFY(encargo);
     QTRY_VERIFY(encargo->leer());
     QCOMPARE(encargo->respuesta(), larga);
@@ -40,7 +41,7 @@ void TstEncargo::answer_comesBackWhole()
 void TstEncargo::childThatDies_givesNoAnswer()
 {
     const auto encargo = Encargo::empezar(
-        []() -> std::string {
+        [](const auto &) -> std::string {
             raise(SIGKILL);
             return "never";
         },
@@ -49,13 +50,26 @@ void TstEncargo::childThatDies_givesNoAnswer()
     QCOMPARE(encargo->respuesta(), std::string());
 }
 
+void TstEncargo::childThatDies_leavesWhatItSaid()
+{
+    const auto encargo = Encargo::empezar(
+        [](const auto &decir) -> std::string {
+            decir("begun");
+            raise(SIGKILL);
+            return "never";
+        },
+        tope());
+    QTRY_VERIFY(encargo->leer());
+    QCOMPARE(encargo->respuesta(), std::string("begun"));
+}
+
 void TstEncargo::childThatHangs_isGoneWithTheErrand()
 {
     // The child holds the writing end of this pipe: it reads as ended once the child is gone.
     std::array<int, 2> tubo{};
     QCOMPARE(pipe(tubo.data()), 0);
     auto encargo = Encargo::empezar(
-        []() -> std::string {
+        [](const auto &) -> std::string {
             for (;;)
                 pause();
         },

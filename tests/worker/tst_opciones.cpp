@@ -21,13 +21,15 @@ void TstOpciones::noArguments_giveTheUsualDeadlines()
 {
     QCOMPARE(leerOpciones({})->plazoDibujo, std::chrono::seconds(20));
     QCOMPARE(leerOpciones({})->plazoServidor, std::chrono::seconds(15));
+    QCOMPARE(leerOpciones({})->plazoAusencia, std::chrono::seconds(300));
 }
 
 void TstOpciones::deadlines_areTaken()
 {
-    const auto opciones = leerOpciones({"--plazo-servidor", "7", "--plazo-dibujo", "3"});
+    const auto opciones =
+        leerOpciones({"--plazo-servidor", "7", "--plazo-ausencia", "60", "--plazo-dibujo", "3"});
     QVERIFY(opciones);
-    QVERIFY(*opciones == (Opciones{3s, 7s}));
+    QVERIFY(*opciones == (Opciones{3s, 7s, 60s}));
 }
 
 void TstOpciones::nonsense_isRefused_data()
