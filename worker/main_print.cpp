@@ -22,13 +22,18 @@ constexpr std::uintmax_t bytesDelRegistro = 256 * 1024;
 
 volatile std::sig_atomic_t interrumpido = 0;
 
+// Beside this program, where an installation that was moved has it, or where this one was to be
+// installed.
 fs::path dibujador()
 {
     constexpr auto nombre = "parvanel-print-render";
-    std::error_code sinImportancia;
-    const fs::path propio = fs::read_symlink("/proc/self/exe", sinImportancia);
-    const fs::path vecino = propio.parent_path() / nombre;
-    return access(vecino.c_str(), X_OK) == 0 ? vecino : fs::path(PARVANEL_LIBEXEC) / nombre;
+    std::error_code sinImportancia; // without a place of its own the last one is left
+    const fs::path propia = fs::read_symlink("/proc/self/exe", sinImportancia).parent_path();
+    for (const fs::path &carpeta : {propia, propia / "../libexec/parvanel"}) {
+        if (access((carpeta / nombre).c_str(), X_OK) == 0)
+            return carpeta / nombre;
+    }
+    return fs::path(PARVANEL_LIBEXEC) / nombre;
 }
 
 // Blocks the signals that the loop wants to hear of, and gives the mask to wait under.

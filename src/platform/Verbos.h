@@ -7,11 +7,25 @@
 #include <chrono>
 #include <memory>
 
+// What the print worker has to know of the program, handed to it in its environment and to nobody
+// else: as PARVANEL_ORIGEN and PARVANEL_RAIZ.
+struct EntornoImpresion {
+    QString origen; // of the service, "https://host:port": pages may fetch from there
+    QString raiz;   // native path of the archive root: pages may read below it
+};
+
+struct PlazosImpresion {
+    // A worker reads at once what it is given; one that has left its pipe full for so long is
+    // stuck and is replaced.
+    std::chrono::milliseconds atasco = std::chrono::seconds(30);
+    // After three workers in a row that took nothing, what they were to print is passed over, and
+    // so is what comes for so long; then the next document starts one more, until one takes it.
+    std::chrono::milliseconds descanso = std::chrono::seconds(60);
+};
+
 class Verbos {
 public:
-    // A worker reads at once what it is given; one that has left its pipe full for `plazoAtasco`
-    // is stuck and is replaced.
-    explicit Verbos(std::chrono::milliseconds plazoAtasco = std::chrono::seconds(30));
+    explicit Verbos(const EntornoImpresion &entorno = {}, PlazosImpresion plazos = {});
     ~Verbos();
     Verbos(const Verbos &) = delete;
     Verbos &operator=(const Verbos &) = delete;
@@ -20,7 +34,8 @@ public:
     void abrir(const QString &documento);
 
     // Hands the document to the print worker, which prints in order what it is given and goes on
-    // after this program has ended. A document that does not exist is passed over.
+    // after this program has ended. What a worker that ended had not read goes to the next one. A
+    // document that does not exist is passed over.
     void imprimir(const QString &documento);
 
 private:

@@ -1,7 +1,11 @@
 #include "platform/Verbos.h"
 
+#include "platform/Obrero.h"
+#include "platform/herencia.h"
+
 #include <QByteArray>
 #include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QFile>
 #include <QFileInfo>
 #include <QObject>
@@ -10,24 +14,21 @@
 #include <QStandardPaths>
 #include <QTimer>
 
-#include <cerrno>
 #include <chrono>
 #include <csignal>
-
-#include <fcntl.h>
-#include <linux/close_range.h>
-#include <spawn.h>
-#include <sys/wait.h>
-#include <unistd.h>
+#include <utility>
+#include <vector>
 
 namespace {
 
-// Beside the running program, then in the installation, then on PATH.
+// Beside the running program, where an installation that was moved has it, where this one was to
+// be installed, then on PATH.
 QString programaImpresion()
 {
     const QString nombre = QStringLiteral("parvanel-print");
-    for (const QString &carpeta :
-         {QCoreApplication::applicationDirPath(), QStringLiteral(PARVANEL_LIBEXECDIR)}) {
+    const QString propia = QCoreApplication::applicationDirPath();
+    for (const QString &carpeta : {propia, propia + QStringLiteral("/../libexec/parvanel"),
+                                   QStringLiteral(PARVANEL_LIBEXECDIR)}) {
         const QString hallado = QStandardPaths::findExecutable(nombre, {carpeta});
         if (!hallado.isEmpty())
             return hallado;
@@ -35,51 +36,14 @@ QString programaImpresion()
     return QStandardPaths::findExecutable(nombre);
 }
 
-// A program started here inherits none of this one's descriptors: libraries open some that would
-// go along, and a pipe or connection held open by a browser would never end.
-void nadaSeHereda()
+QList<QByteArray> variablesDe(const EntornoImpresion &entorno)
 {
-    ::close_range(3, ~0U, CLOSE_RANGE_CLOEXEC);
+    return {"PARVANEL_ORIGEN=" + entorno.origen.toUtf8(),
+            "PARVANEL_RAIZ=" + QFile::encodeName(entorno.raiz)};
 }
 
-struct Obrero {
-    pid_t pid = -1;
-    int tuberia = -1; // its standard input
-};
-
-// Starts the worker in a session of its own, so that neither a closed terminal nor the end of
-// this program ends it; its pipe closes on exec, so that a browser opened later does not keep
-// it open.
-Obrero arrancar(const QString &programa)
-{
-    Obrero obrero;
-    nadaSeHereda();
-    int extremos[2] = {-1, -1};
-    if (programa.isEmpty() || ::pipe2(extremos, O_CLOEXEC) != 0)
-        return obrero;
-    posix_spawn_file_actions_t acciones;
-    posix_spawn_file_actions_init(&acciones);
-    posix_spawn_file_actions_adddup2(&acciones, extremos[0], STDIN_FILENO);
-    posix_spawn_file_actions_addopen(&acciones, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
-    posix_spawn_file_actions_addopen(&acciones, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
-    posix_spawnattr_t atributos;
-    posix_spawnattr_init(&atributos);
-    posix_spawnattr_setflags(&atributos, POSIX_SPAWN_SETSID);
-    QByteArray ruta = QFile::encodeName(programa);
-    char *argumentos[] = {ruta.data(), nullptr};
-    const int fallo =
-        ::posix_spawn(&obrero.pid, ruta.constData(), &acciones, &atributos, argumentos, environ);
-    posix_spawnattr_destroy(&atributos);
-    posix_spawn_file_actions_destroy(&acciones);
-    ::close(extremos[0]);
-    if (fallo != 0) {
-        ::close(extremos[1]);
-        return Obrero();
-    }
-    ::fcntl(extremos[1], F_SETFL, ::fcntl(extremos[1], F_GETFL) | O_NONBLOCK);
-    obrero.tuberia = extremos[1];
-    return obrero;
-}
+// So many workers in a row that ended without taking anything, and the next is no better.
+constexpr int arranquesEnVano = 3;
 
 } // namespace
 
@@ -87,118 +51,122 @@ Obrero arrancar(const QString &programa)
 // never waits for the worker.
 class Verbos::Interno : public QObject {
 public:
-    explicit Interno(std::chrono::milliseconds plazoAtasco) : m_plazoAtasco(plazoAtasco)
+    Interno(const EntornoImpresion &entorno, PlazosImpresion plazos)
+        : m_variables(variablesDe(entorno)), m_plazos(plazos)
     {
         std::signal(SIGPIPE, SIG_IGN); // a worker that is gone is an error of the write
         m_atasco.setSingleShot(true);
-        connect(&m_atasco, &QTimer::timeout, this, [this] {
-            reemplazar();
-            escribir();
-        });
+        connect(&m_atasco, &QTimer::timeout, this, &Interno::atascado);
     }
-
-    ~Interno() override { soltar(); }
 
     void entregar(const QString &documento)
     {
+        segar();
         m_pendiente += QFile::encodeName(documento) + '\n';
-        if (m_obrero.tuberia < 0)
-            tomar();
         escribir();
     }
 
 private:
-    // A worker that cannot be started is as good as a missing print handler: nothing is printed
-    // and nothing is said.
-    void tomar()
-    {
-        m_obrero = arrancar(programaImpresion());
-        if (m_obrero.tuberia < 0) {
-            m_pendiente.clear();
-            return;
-        }
-        m_aviso = std::make_unique<QSocketNotifier>(m_obrero.tuberia, QSocketNotifier::Write);
-        m_aviso->setEnabled(false);
-        connect(m_aviso.get(), &QSocketNotifier::activated, this, [this] { escribir(); });
-    }
-
-    void soltar()
-    {
-        m_atasco.stop();
-        if (m_aviso) {
-            m_aviso->setEnabled(false);
-            m_aviso.release()->deleteLater(); // its signal may be the one being handled
-        }
-        if (m_obrero.tuberia >= 0)
-            ::close(m_obrero.tuberia);
-        if (m_obrero.pid > 0)
-            ::waitpid(m_obrero.pid, nullptr, WNOHANG);
-        m_obrero = Obrero();
-    }
-
-    // The next worker gets the pending documents, beginning with the whole line that the last
-    // one was given only in part. The last one is left alone: if it is only slow, it still prints
-    // what it has been given.
-    void reemplazar()
-    {
-        soltar();
-        m_pendiente.prepend(m_escrito);
-        m_escrito.clear();
-        tomar();
-    }
-
     void escribir()
     {
-        bool reemplazado = false;
-        while (!m_pendiente.isEmpty() && m_obrero.tuberia >= 0) {
-            const ssize_t escritos = ::write(m_obrero.tuberia, m_pendiente.constData(),
-                                             static_cast<size_t>(m_pendiente.size()));
-            if (escritos > 0) {
-                anotar(m_pendiente.left(static_cast<qsizetype>(escritos)));
-                m_pendiente.remove(0, static_cast<qsizetype>(escritos));
-                m_atasco.stop();
-            } else if (errno == EAGAIN) {
-                m_aviso->setEnabled(true);
-                if (!m_atasco.isActive())
-                    m_atasco.start(m_plazoAtasco);
+        while (!m_pendiente.isEmpty()) {
+            if (!m_obrero && !tomar()) {
+                // As good as a missing print handler: nothing is printed and nothing is said.
+                m_pendiente.clear();
                 return;
-            } else if (errno != EINTR) {
-                if (reemplazado) { // a worker that ends at once, every time
-                    m_pendiente.clear();
-                    soltar();
-                    return;
-                }
-                reemplazado = true;
-                reemplazar();
+            }
+            switch (m_obrero->escribir(m_pendiente)) {
+            case Obrero::Escrito::Algo:
+                m_atasco.stop();
+                break;
+            case Obrero::Escrito::Lleno:
+                m_hueco->setEnabled(true);
+                if (!m_atasco.isActive())
+                    m_atasco.start(m_plazos.atasco);
+                return;
+            case Obrero::Escrito::Cerrado:
+                despedir(m_obrero->sinTomar());
+                break;
             }
         }
-        if (m_aviso)
-            m_aviso->setEnabled(false);
+        if (m_hueco)
+            m_hueco->setEnabled(false);
     }
 
-    // Remembers the part of a document's line that the worker has been given without its end.
-    void anotar(const QByteArray &bytes)
+    bool tomar()
     {
-        m_escrito += bytes;
-        m_escrito.remove(0, m_escrito.lastIndexOf('\n') + 1);
+        if (m_enVano >= arranquesEnVano && !m_descanso.hasExpired())
+            return false;
+        m_obrero = Obrero::arrancar(programaImpresion(), m_variables, [this] { terminado(); });
+        if (!m_obrero)
+            return false;
+        m_hueco = std::make_unique<QSocketNotifier>(m_obrero->tuberia(), QSocketNotifier::Write);
+        m_hueco->setEnabled(false);
+        connect(m_hueco.get(), &QSocketNotifier::activated, this, &Interno::escribir);
+        return true;
     }
 
-    Obrero m_obrero;
-    std::unique_ptr<QSocketNotifier> m_aviso;
-    QByteArray m_pendiente; // not yet written
-    QByteArray m_escrito;   // written of a line whose end is still pending
-    std::chrono::milliseconds m_plazoAtasco;
+    // The next worker begins with `devueltas`, whole lines that this one has not got to.
+    void despedir(const QByteArray &devueltas)
+    {
+        m_atasco.stop();
+        m_hueco->setEnabled(false);
+        m_hueco.release()->deleteLater(); // its signal may be the one being handled
+        m_enVano = m_obrero->tomoAlgo() ? 0 : m_enVano + 1;
+        m_pendiente.prepend(devueltas);
+        if (m_enVano >= arranquesEnVano) {
+            m_pendiente.clear();
+            m_descanso.setRemainingTime(m_plazos.descanso);
+        }
+        m_obrero->soltar();
+        m_anteriores.push_back(std::move(m_obrero));
+    }
+
+    // It is left alone: if it is only slow, it still prints what it has been given.
+    void atascado()
+    {
+        despedir(m_obrero->lineaEmpezada());
+        escribir();
+    }
+
+    // Some worker has ended, this one or one before it. What this one has left unread is not lost.
+    void terminado()
+    {
+        segar();
+        escribir();
+    }
+
+    void segar()
+    {
+        if (m_obrero && m_obrero->termino())
+            despedir(m_obrero->sinTomar());
+        std::erase_if(m_anteriores, [](const auto &anterior) { return anterior->termino(); });
+    }
+
+    QList<QByteArray> m_variables;
+    PlazosImpresion m_plazos;
+    std::unique_ptr<Obrero> m_obrero;
+    std::vector<std::unique_ptr<Obrero>> m_anteriores; // that have not ended yet
+    std::unique_ptr<QSocketNotifier> m_hueco;          // room in the pipe
+    QByteArray m_pendiente;                            // not yet written
     QTimer m_atasco;
+    int m_enVano = 0; // workers in a row that took nothing
+    QDeadlineTimer m_descanso;
 };
 
-Verbos::Verbos(std::chrono::milliseconds plazoAtasco) : d(std::make_unique<Interno>(plazoAtasco)) {}
+Verbos::Verbos(const EntornoImpresion &entorno, PlazosImpresion plazos)
+    : d(std::make_unique<Interno>(entorno, plazos))
+{
+}
 
 Verbos::~Verbos() = default;
 
 void Verbos::abrir(const QString &documento)
 {
-    nadaSeHereda();
-    QProcess::startDetached(QStringLiteral("xdg-open"), {documento});
+    herencia::nada();
+    [[maybe_unused]] const bool
+        abierto = // a desktop without a browser is not this program's affair
+        QProcess::startDetached(QStringLiteral("xdg-open"), {documento});
 }
 
 void Verbos::imprimir(const QString &documento)

@@ -1,5 +1,6 @@
 #include "shell/programa.h"
 #include "platform/Verbos.h"
+#include "platform/direccionHttp.h"
 #include "platform/paleta.h"
 #include "platform/pausa.h"
 #include "service/Servicio.h"
@@ -31,7 +32,9 @@ int Programa::correr(const QString &ServiceBase)
     HttpClient http;
     DriveC disco(DriveC::carpetaPersonal());
     Azar azar;
-    Verbos verbos;
+    Verbos verbos(
+        {.origen = QString::fromUtf8(direccionHttp::separar(ServiceBase.toUtf8()).servidor),
+         .raiz = disco.rutaNativa(QStringLiteral("C:\\Quorvela"))});
     Servicio servicio{ServiceBase, http, disco, azar, &pausa};
     // At once, from whatever handler or wait the close comes in: nothing is unwound or saved.
     Form1 ventana(servicio, verbos, [] { std::_Exit(EXIT_SUCCESS); });
