@@ -1,5 +1,6 @@
 #include "worker/Dibujante.h"
 
+#include "worker/memoria.h"
 #include "worker/render/salida.h"
 
 #include <array>
@@ -13,6 +14,9 @@
 extern char **environ;
 
 namespace {
+
+// A renderer with an ordinary page takes an eighth of it.
+constexpr std::uintmax_t memoriaMaxima = std::uintmax_t{1} << 30;
 
 // The attributes and file actions of one start, freed together.
 struct Arranque {
@@ -121,4 +125,9 @@ std::optional<Dibujante::Fin> Dibujante::fin() const
     if (fin.si_code == CLD_EXITED)
         return finDeCodigo(fin.si_status);
     return Fin{"el dibujante murió por la señal " + std::to_string(fin.si_status), true};
+}
+
+bool Dibujante::desbordado() const
+{
+    return ocupado() && memoria::excede(pid_, memoriaMaxima);
 }

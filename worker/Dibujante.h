@@ -39,6 +39,9 @@ public:
     // How the process ended; nothing while it runs.
     std::optional<Fin> fin() const;
 
+    // Whether its page has made it take more memory than a page may.
+    bool desbordado() const;
+
 private:
     Dibujante(pid_t pid, int entrada) : pid_(pid), entrada_(entrada) {}
 

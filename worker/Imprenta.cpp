@@ -28,6 +28,9 @@ constexpr auto descanso = 5s;
 
 constexpr int arranquesMaximos = 3;
 
+// How often drawing renderers are looked at: a page can fill half a gigabyte in this time.
+constexpr auto entreMediciones = 100ms;
+
 // A renderer that could not be started for want of memory or processes may be, a moment later.
 constexpr auto entreArranques = 1s;
 
@@ -264,20 +267,30 @@ void Imprenta::revisarMesas()
 {
     const auto ahora = Reloj::now();
     std::erase_if(mesas_, [&](const Mesa &mesa) {
-        auto fin = mesa.dibujante->fin();
-        if (!fin && ahora < mesa.dibujante->tope())
-            return false;
+        const auto fin = finDe(mesa, ahora);
         if (!fin)
-            fin = {"la página no terminó de dibujarse en "
-                   + std::to_string(opciones_.plazoDibujo.count()) + " s"};
+            return false;
         if (mesa.turno) {
             arranquesFallidos_ = 0;
-            concluirDibujo(*mesa.turno, std::move(*fin));
+            concluirDibujo(*mesa.turno, *fin);
         } else {
             ++arranquesFallidos_;
         }
         return true;
     });
+}
+
+// How it ended, or why it is ended now; nothing while it may go on.
+std::optional<Dibujante::Fin> Imprenta::finDe(const Mesa &mesa, Reloj::time_point ahora) const
+{
+    if (auto fin = mesa.dibujante->fin())
+        return fin;
+    if (mesa.dibujante->desbordado())
+        return Dibujante::Fin{"la página pidió demasiada memoria"};
+    if (ahora >= mesa.dibujante->tope())
+        return Dibujante::Fin{"la página no terminó de dibujarse en "
+                              + std::to_string(opciones_.plazoDibujo.count()) + " s"};
+    return {};
 }
 
 void Imprenta::concluirDibujo(Cola::Turno turno, Dibujante::Fin fin)
@@ -360,8 +373,10 @@ fs::path Imprenta::pdfDe(Cola::Turno turno) const
 Imprenta::Reloj::time_point Imprenta::proximoTope() const
 {
     auto tope = encargo_ ? encargo_->tope() : Reloj::time_point::max();
-    for (const Mesa &mesa : mesas_)
-        tope = std::min(tope, mesa.dibujante->tope());
+    for (const Mesa &mesa : mesas_) {
+        if (mesa.dibujante->ocupado())
+            tope = std::min({tope, mesa.dibujante->tope(), Reloj::now() + entreMediciones});
+    }
     if (cola_.vacia() && !mesas_.empty())
         tope = std::min(tope, ultimaActividad_ + descanso);
     // What is waited for again, as long as it lies ahead.

@@ -56,6 +56,7 @@ private:
     void esperar(const sigset_t &senales);
     void leerEntrada();
     void revisarMesas();
+    std::optional<Dibujante::Fin> finDe(const Mesa &mesa, Reloj::time_point ahora) const;
     void concluirDibujo(Cola::Turno turno, Dibujante::Fin fin);
     void revisarEncargo();
     void concluirEncargo(const impresora::Contestacion &dicho);

@@ -132,12 +132,21 @@ class Prueba(unittest.TestCase):
 
     def procesosVivos(self):
         """The living processes that have this test's folder in their environment."""
+        vivos = []
+        for pid in self.pidsVivos():
+            try:
+                vivos.append(Path(f"/proc/{pid}/cmdline").read_bytes())
+            except OSError:
+                continue
+        return vivos
+
+    def pidsVivos(self):
         senal = f"TMPDIR={self.temporal}".encode()
         vivos = []
         for proceso in Path("/proc").glob("[0-9]*"):
             try:
                 if senal in (proceso / "environ").read_bytes():
-                    vivos.append((proceso / "cmdline").read_bytes())
+                    vivos.append(int(proceso.name))
             except OSError:
                 continue
         return vivos

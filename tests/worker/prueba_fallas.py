@@ -1,12 +1,16 @@
 """Nothing that goes wrong loses the documents around it."""
 
 import os
+import re
 import shutil
 import signal
 import socket
+import threading
 import unittest
+from contextlib import contextmanager
+from pathlib import Path
 
-from impresion import DIBUJADOR, GUARDA, ConCups
+from impresion import GUARDA, ROJO, ConCups, png
 
 
 class Fallas(ConCups):
@@ -37,6 +41,48 @@ class Fallas(ConCups):
         anotado = self.imprimir(self.cups.entorno(), [memoria, bien], "--plazo-dibujo", "3600")
         self.assertEqual(anotado[0], (str(memoria), "la página agotó el motor de dibujo"))
         self.assertImpresos(anotado[1:], [bien])
+
+    def test_page_that_takes_too_much_memory_is_ended_and_the_next_are_printed(self):
+        gula = self.archivo("gula.html", "<p>a</p><script>let a = [];"
+                            "for (;;) a.push(new Uint8Array(1 << 26).fill(1));</script>")
+        bien = [self.archivo(f"bien{i}.html", "<p>bien</p>") for i in range(3)]
+        mayor = [0]
+        with self.midiendo(mayor):
+            anotado = self.imprimir(self.cups.entorno(), [gula, *bien], "--plazo-dibujo", "3600")
+        self.assertEqual(anotado[0], (str(gula), "la página pidió demasiada memoria"))
+        self.assertImpresos(anotado[1:], bien)
+        self.assertGreater(mayor[0], 1 << 29)  # it has been seen at all
+        self.assertLess(mayor[0], 3 << 30)
+
+    def test_page_with_many_images_is_no_page_that_takes_too_much_memory(self):
+        self.archivo("foto.png", png(1500, 1500, ROJO))
+        fotos = "".join(f"<img width=200 src='foto.png?{i}'>" for i in range(30))
+        ruta = self.archivo("fotos.html", fotos)
+        self.assertImpresos(self.imprimir(self.cups.entorno(), [ruta], "--plazo-dibujo", "3600"),
+                            [ruta])
+
+    @contextmanager
+    def midiendo(self, mayor):
+        """Notes the most memory that this test's processes hold at a time, as far as is seen."""
+        fin = threading.Event()
+
+        def medir():
+            while not fin.wait(0.05):
+                suma = 0
+                for pid in self.pidsVivos():
+                    try:
+                        estado = Path(f"/proc/{pid}/status").read_text(encoding="utf-8")
+                    except OSError:
+                        continue
+                    suma += sum(int(k) for k in re.findall(r"RssAnon:\s+(\d+)", estado)) * 1024
+                mayor[0] = max(mayor[0], suma)
+        hilo = threading.Thread(target=medir)
+        hilo.start()
+        try:
+            yield
+        finally:
+            fin.set()
+            hilo.join()
 
     def test_more_endless_pages_than_renderers_still_end(self):
         self.conDibujador("#!/bin/sh\nIFS= read -r papel; IFS= read -r html; IFS= read -r pdf\n"

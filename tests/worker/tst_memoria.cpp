@@ -1,0 +1,98 @@
+#include "worker/memoria.h"
+
+#include <QtTest>
+
+#include <array>
+#include <csignal>
+#include <cstring>
+#include <sys/mman.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+class TstMemoria : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void groupThatIsNotThere_holdsNothing();
+    void groupOfTwo_countsBoth();
+    void sharedMemory_countsOnce();
+};
+
+namespace {
+
+constexpr std::size_t mega = std::size_t{1} << 20;
+
+// Two processes in a group of their own, each of which has touched `bytes` of memory of its own or
+// of one piece that they share, ended with the object.
+class Pareja {
+public:
+    Pareja(std::size_t bytes, bool compartida)
+    {
+        void *deAmbos = compartida ? pedir(bytes, MAP_SHARED) : nullptr;
+        std::array<int, 2> tubo{};
+        if (pipe(tubo.data()) != 0)
+            qFatal("no pipe");
+        for (pid_t &pid : pids_) {
+            pid = fork();
+            if (pid == 0) {
+                setpgid(0, pids_.front());
+                std::memset(deAmbos ? deAmbos : pedir(bytes, MAP_PRIVATE), 1, bytes);
+                [[maybe_unused]] const auto escrito = write(tubo[1], "x", 1);
+                for (;;)
+                    pause();
+            }
+            setpgid(pid, pids_.front()); // whoever comes first
+        }
+        char listo = 0;
+        for (int i = 0; i < 2; ++i) {
+            if (read(tubo[0], &listo, 1) != 1)
+                qFatal("no child");
+        }
+        close(tubo[0]);
+        close(tubo[1]);
+        if (deAmbos)
+            munmap(deAmbos, bytes);
+    }
+    ~Pareja()
+    {
+        for (const pid_t pid : pids_) {
+            kill(pid, SIGKILL);
+            waitpid(pid, nullptr, 0);
+        }
+    }
+    pid_t grupo() const { return pids_.front(); }
+
+private:
+    static void *pedir(std::size_t bytes, int de)
+    {
+        void *memoria = mmap(nullptr, bytes, PROT_READ | PROT_WRITE, de | MAP_ANONYMOUS, -1, 0);
+        if (memoria == MAP_FAILED)
+            qFatal("no memory");
+        return memoria;
+    }
+    std::array<pid_t, 2> pids_{};
+};
+
+} // namespace
+
+void TstMemoria::groupThatIsNotThere_holdsNothing()
+{
+    QVERIFY(!memoria::excede(0x7FFFFFFF, 0));
+}
+
+void TstMemoria::groupOfTwo_countsBoth()
+{
+    const Pareja pareja(200 * mega, false);
+    QVERIFY(memoria::excede(pareja.grupo(), 390 * mega));
+    QVERIFY(!memoria::excede(pareja.grupo(), 1000 * mega));
+}
+
+void TstMemoria::sharedMemory_countsOnce()
+{
+    const Pareja pareja(200 * mega, true);
+    QVERIFY(memoria::excede(pareja.grupo(), 190 * mega));
+    QVERIFY(!memoria::excede(pareja.grupo(), 390 * mega));
+}
+
+QTEST_GUILESS_MAIN(TstMemoria)
+#include "tst_memoria.moc"
