@@ -1,10 +1,12 @@
 """A classroom's documents from hand-over to paper."""
 
 import os
+import shutil
 import signal
 import unittest
+from pathlib import Path
 
-from impresion import GUARDA, ROJO, ConCups, medida, png, puntos, texto
+from impresion import GUARDA, ROJO, TRABAJADOR, ConCups, medida, png, puntos, texto
 
 
 class Lote(ConCups):
@@ -55,6 +57,20 @@ class Lote(ConCups):
         self.assertEqual(proceso.wait(GUARDA), 0)
         self.assertImpresos(self.anotado(), rutas)
         self.assertEqual([s.titulo for s in self.salidos(5)], [r.name for r in rutas])
+
+    def test_installation_that_was_moved_prints(self):
+        # In either layout: the two side by side, and the worker in a folder for programs.
+        for propia in ("libexec/parvanel", "bin"):
+            with self.subTest(propia):
+                raiz = self.casa / propia.replace("/", "-")
+                for nombre, carpeta in (("parvanel-print", propia),
+                                        ("parvanel-print-render", "libexec/parvanel")):
+                    (raiz / carpeta).mkdir(parents=True, exist_ok=True)
+                    shutil.copy2(Path(TRABAJADOR).parent / nombre, raiz / carpeta / nombre)
+                self.programa = raiz / propia / "parvanel-print"
+                self.registro.unlink(missing_ok=True)
+                rutas = [self.boletin(0)]
+                self.assertImpresos(self.imprimir(self.cups.entorno(), rutas), rutas)
 
     def test_no_input_at_all_ends_at_once(self):
         self.assertEqual(self.imprimir(self.cups.entorno(), []), [])
