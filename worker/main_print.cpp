@@ -10,6 +10,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
+#include <string>
 #include <sys/prctl.h>
 #include <system_error>
 #include <unistd.h>
@@ -84,11 +85,19 @@ int main(int argc, char **argv)
         return 1;
     }
     // What renderers leave about when they are killed goes with the folder.
-    setenv("TMPDIR", carpeta.ruta().c_str(), 1);
-    setenv("XDG_RUNTIME_DIR", carpeta.ruta().c_str(), 0); // the engine makes one up otherwise
+    constexpr int encima = 1;
+    constexpr int siFalta = 0; // the engine makes a runtime folder up otherwise
+    const std::string plazo = std::to_string(opciones->plazoDibujo.count());
     // The flag belongs to the open file, which the worker shares with nobody that reads it.
-    fcntl(STDIN_FILENO, F_SETFL, fcntl(STDIN_FILENO, F_GETFL) | O_NONBLOCK);
-    fcntl(STDIN_FILENO, F_SETFD, FD_CLOEXEC);
+    const int modo = fcntl(STDIN_FILENO, F_GETFL);
+    if (setenv("TMPDIR", carpeta.ruta().c_str(), encima) != 0
+        || setenv("XDG_RUNTIME_DIR", carpeta.ruta().c_str(), siFalta) != 0
+        || setenv("PARVANEL_PLAZO_DIBUJO", plazo.c_str(), encima) != 0 || modo < 0
+        || fcntl(STDIN_FILENO, F_SETFL, modo | O_NONBLOCK) != 0
+        || fcntl(STDIN_FILENO, F_SETFD, FD_CLOEXEC) != 0) {
+        std::perror("parvanel-print");
+        return 1;
+    }
 
     Imprenta imprenta(STDIN_FILENO, dibujador(), carpeta.ruta(),
                       Registro(registro::archivoDelUsuario(), bytesDelRegistro), *opciones);

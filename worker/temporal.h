@@ -6,6 +6,8 @@
 class CarpetaTemporal {
 public:
     // Below TMPDIR, XDG_RUNTIME_DIR or /tmp, the first that takes it; only the user may enter it.
+    // Folders in these places that workers of the same user have left behind are removed: whose
+    // lock is free, which the system sees to however a worker ends.
     CarpetaTemporal();
     ~CarpetaTemporal();
     CarpetaTemporal(const CarpetaTemporal &) = delete;
@@ -15,5 +17,8 @@ public:
     const std::filesystem::path &ruta() const { return ruta_; }
 
 private:
+    bool crear(const std::filesystem::path &lugar);
+
     std::filesystem::path ruta_;
+    int cerrojo_ = -1; // the folder, open and locked
 };

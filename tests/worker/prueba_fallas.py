@@ -165,6 +165,45 @@ class Fallas(ConCups):
         anotado = self.imprimir(self.cups.entorno(), [ruta] * 5)
         self.assertEqual(anotado, [(str(ruta), "el dibujante terminó con el código 127")] * 5)
 
+    def test_folder_of_a_killed_worker_is_removed_by_the_next_and_no_other(self):
+        bucle = self.archivo("bucle.html", "<script>while(true){}</script>")
+        carpetas = []
+        for _ in range(2):
+            proceso = self.trabajador(self.cups.entorno(), "--plazo-dibujo", "3600")
+            self.addCleanup(proceso.wait)
+            self.addCleanup(proceso.kill)
+            proceso.stdin.write(f"{self.archivo('a.html', '<p>a</p>')}\n{bucle}\n".encode())
+            proceso.stdin.flush()
+            self.salidos(1)
+            self.antes += 1
+            nuevas = set(os.listdir(self.temporal)) - set(carpetas)
+            self.assertEqual(len(nuevas), 1)
+            carpetas += nuevas
+            if len(carpetas) == 1:
+                proceso.kill()
+                proceso.wait()
+        # A link and a file that are called as such folders are, and a folder that is not.
+        ajena = self.archivo("ajena/nota.txt", "x").parent
+        (self.temporal / "parvanel-print-enlace").symlink_to(ajena)
+        (self.temporal / "parvanel-print-nofold").touch()
+        (self.temporal / "parvanel-print-otra-carpeta").mkdir()
+        bien = self.trabajador(self.cups.entorno())
+        self.addCleanup(bien.kill)
+        bien.communicate(timeout=GUARDA)
+        self.assertEqual(bien.returncode, 0)
+        self.assertEqual(sorted(os.listdir(self.temporal)),
+                         sorted([carpetas[1], "parvanel-print-enlace", "parvanel-print-nofold",
+                                 "parvanel-print-otra-carpeta"]))
+        self.assertTrue((ajena / "nota.txt").exists())
+
+    def test_renderer_knows_its_limit_and_what_the_worker_was_told(self):
+        self.conDibujador('#!/bin/sh\nIFS= read -r papel; IFS= read -r html; IFS= read -r pdf\n'
+                          'echo "$PARVANEL_PLAZO_DIBUJO $PARVANEL_ORIGEN $PARVANEL_RAIZ" > "$pdf"\n')
+        self.imprimir(self.cups.entorno(), [self.archivo("a.html", "")], "--plazo-dibujo", "77",
+                      PARVANEL_ORIGEN="http://127.0.0.1:8", PARVANEL_RAIZ="/casa/Quorvela")
+        self.assertEqual(self.salidos(1)[0].archivo.read_text(),
+                         "77 http://127.0.0.1:8 /casa/Quorvela\n")
+
     def test_log_stays_within_its_bound(self):
         rutas = [self.casa / f"falta{'a' * 150}{i}.html" for i in range(4000)]
         self.imprimir(self.cups.entorno(), rutas)
