@@ -18,29 +18,34 @@ namespace {
 // A renderer with an ordinary page takes an eighth of it.
 constexpr std::uintmax_t memoriaMaxima = std::uintmax_t{1} << 30;
 
-// The attributes and file actions of one start, freed together.
+// The attributes and file actions of one start, freed together. `fallo` is that of the first step
+// that failed.
 struct Arranque {
     posix_spawn_file_actions_t archivos{};
     posix_spawnattr_t atributos{};
+    int fallo = 0;
 
     explicit Arranque(int entrada)
     {
-        posix_spawn_file_actions_init(&archivos);
-        posix_spawn_file_actions_adddup2(&archivos, entrada, STDIN_FILENO);
-        posix_spawn_file_actions_addopen(&archivos, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
-        posix_spawn_file_actions_addopen(&archivos, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
+        probar(posix_spawn_file_actions_init(&archivos));
+        probar(posix_spawnattr_init(&atributos));
+        if (fallo != 0)
+            return;
+        probar(posix_spawn_file_actions_adddup2(&archivos, entrada, STDIN_FILENO));
+        for (const int descriptor : {STDOUT_FILENO, STDERR_FILENO})
+            probar(
+                posix_spawn_file_actions_addopen(&archivos, descriptor, "/dev/null", O_WRONLY, 0));
 
         // The worker blocks and ignores signals for itself only.
         sigset_t ninguna;
         sigset_t todas;
         sigemptyset(&ninguna);
         sigfillset(&todas);
-        posix_spawnattr_init(&atributos);
-        posix_spawnattr_setpgroup(&atributos, 0);
-        posix_spawnattr_setsigmask(&atributos, &ninguna);
-        posix_spawnattr_setsigdefault(&atributos, &todas);
-        posix_spawnattr_setflags(&atributos, POSIX_SPAWN_SETPGROUP | POSIX_SPAWN_SETSIGMASK
-                                                 | POSIX_SPAWN_SETSIGDEF);
+        probar(posix_spawnattr_setpgroup(&atributos, 0));
+        probar(posix_spawnattr_setsigmask(&atributos, &ninguna));
+        probar(posix_spawnattr_setsigdefault(&atributos, &todas));
+        probar(posix_spawnattr_setflags(&atributos, POSIX_SPAWN_SETPGROUP | POSIX_SPAWN_SETSIGMASK
+                                                        | POSIX_SPAWN_SETSIGDEF));
     }
     ~Arranque()
     {
@@ -49,6 +54,13 @@ struct Arranque {
     }
     Arranque(const Arranque &) = delete;
     Arranque &operator=(const Arranque &) = delete;
+
+private:
+    void probar(int resultado)
+    {
+        if (fallo == 0)
+            fallo = resultado;
+    }
 };
 
 Dibujante::Fin finDeCodigo(int codigo)
@@ -79,8 +91,10 @@ std::unique_ptr<Dibujante> Dibujante::nacer(const std::filesystem::path &program
     std::string modo = "--espera";
     const std::array<char *, 3> argumentos{nombre.data(), modo.data(), nullptr};
     pid_t pid = 0;
-    const int error = posix_spawn(&pid, nombre.c_str(), &arranque.archivos, &arranque.atributos,
-                                  argumentos.data(), environ);
+    const int error = arranque.fallo != 0
+                          ? arranque.fallo
+                          : posix_spawn(&pid, nombre.c_str(), &arranque.archivos,
+                                        &arranque.atributos, argumentos.data(), environ);
     close(tubo[0]);
     if (error != 0) {
         close(tubo[1]);

@@ -13,7 +13,7 @@ namespace {
 
 [[noreturn]] void cumplir(const Encargo::Trabajo &trabajo, int escritura)
 {
-    prctl(PR_SET_PDEATHSIG, SIGKILL);
+    [[maybe_unused]] const int hecho = prctl(PR_SET_PDEATHSIG, SIGKILL); // a real signal: it is
     // All of it together is well below the capacity of a pipe, hence one write and no loop.
     const auto decir = [escritura](const std::string &texto) {
         [[maybe_unused]] const ssize_t escritos = write(escritura, texto.data(), texto.size());

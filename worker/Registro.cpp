@@ -54,7 +54,8 @@ fs::path carpetaPersonal()
     if (const char *home = std::getenv("HOME"); home && *home == '/')
         return home;
     const passwd *usuario = getpwuid(getuid());
-    return usuario && usuario->pw_dir ? fs::path(usuario->pw_dir) : fs::path();
+    return usuario && usuario->pw_dir && *usuario->pw_dir == '/' ? fs::path(usuario->pw_dir)
+                                                                 : fs::path();
 }
 
 } // namespace

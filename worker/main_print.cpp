@@ -37,7 +37,8 @@ fs::path dibujador()
     return fs::path(PARVANEL_LIBEXEC) / nombre;
 }
 
-// Blocks the signals that the loop wants to hear of, and gives the mask to wait under.
+// Blocks the signals that the loop wants to hear of, and gives the mask to wait under. None of the
+// calls can fail: the signals are real ones.
 sigset_t prepararSenales()
 {
     struct sigaction accion {};
@@ -77,7 +78,10 @@ int main(int argc, char **argv)
     }
     const sigset_t senales = prepararSenales();
     // A renderer's own children come to the worker when it ends, and are reaped with it.
-    prctl(PR_SET_CHILD_SUBREAPER, 1, 0, 0, 0);
+    if (prctl(PR_SET_CHILD_SUBREAPER, 1, 0, 0, 0) != 0) {
+        std::perror("parvanel-print");
+        return 1;
+    }
 
     const CarpetaTemporal carpeta;
     if (carpeta.ruta().empty()) {

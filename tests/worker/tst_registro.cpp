@@ -6,6 +6,9 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <pwd.h>
+#include <unistd.h>
+
 class TstRegistro : public QObject {
     Q_OBJECT
 
@@ -14,6 +17,7 @@ private Q_SLOTS:
     void text_isEscaped();
     void line_holdsTimePathAndResult();
     void folder_isTheUsersStateFolder();
+    void homeThatIsNoPath_givesWayToTheAccounts();
     void missingFolders_areMade();
     void file_isForTheUserOnly();
     void fullLog_becomesTheOldOne();
@@ -82,6 +86,20 @@ void TstRegistro::folder_isTheUsersStateFolder()
     qunsetenv("XDG_STATE_HOME");
     QCOMPARE(registro::archivoDelUsuario().string(),
              std::string("/casa/ana/.local/state/parvanel/print.log"));
+}
+
+void TstRegistro::homeThatIsNoPath_givesWayToTheAccounts()
+{
+    qunsetenv("XDG_STATE_HOME");
+    const std::string delUsuario = getpwuid(getuid())->pw_dir;
+    for (const char *casa : {"", "casa/ana", "."}) {
+        qputenv("HOME", casa);
+        QCOMPARE(registro::archivoDelUsuario().string(),
+                 delUsuario + "/.local/state/parvanel/print.log");
+    }
+    qunsetenv("HOME");
+    QCOMPARE(registro::archivoDelUsuario().string(),
+             delUsuario + "/.local/state/parvanel/print.log");
 }
 
 void TstRegistro::missingFolders_areMade()
