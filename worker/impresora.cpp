@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <cups/cups.h>
 #include <fstream>
+#include <functional>
 #include <memory>
 #include <sstream>
 
@@ -158,6 +159,28 @@ std::optional<papel::Fuentes> fuentes(http_t *http, const cups_dest_t &destino)
     return fuentes;
 }
 
+// Whether the server answers at all, whatever it says.
+bool contesta(http_t *http)
+{
+    return Respuesta(cupsDoRequest(http, ippNewRequest(IPP_OP_CUPS_GET_DEFAULT), "/")) != nullptr;
+}
+
+// The library says of a server that went away under it that the printer does not exist. Only what
+// is said twice of a server that answers in between and afterwards counts as said.
+Destino hallar(http_t *http, const std::function<Destino()> &buscar, impresora::Falla &siNoEsta)
+{
+    constexpr int veces = 2;
+    for (int vez = 0; vez < veces; ++vez) {
+        if (Destino hallado = buscar())
+            return hallado;
+        if (!contesta(http)) {
+            siNoEsta = {noAtiende, true};
+            return {};
+        }
+    }
+    return {};
+}
+
 enum class Suerte { Tomado, Perdido, SinRespuesta };
 
 Respuesta estadoDeTrabajo(http_t *http, int trabajo)
@@ -211,8 +234,9 @@ std::optional<impresora::Falla> enviarDocumento(http_t *http, const std::string 
         estado = cupsWriteRequestData(http, trozo.data(), static_cast<std::size_t>(pdf.gcount()));
     }
     if (estado != HTTP_STATUS_CONTINUE)
-        return estado > HTTP_STATUS_CONTINUE ? noAceptado(httpStatus(estado), false)
-                                             : impresora::Falla{noAtiende, true};
+        return estado > HTTP_STATUS_CONTINUE
+                   ? noAceptado(httpStatus(estado), estado >= HTTP_STATUS_SERVER_ERROR)
+                   : impresora::Falla{noAtiende, true};
     const Respuesta respuesta(cupsGetResponse(http, ("/printers/" + cola).c_str()));
     const bool negado = cupsLastError() >= IPP_STATUS_ERROR_BAD_REQUEST;
     if (negado)
@@ -246,13 +270,14 @@ std::optional<Impresora> impresora::predeterminada(Falla &falla)
     const Conexion http = conectar(falla);
     if (!http)
         return {};
-    Destino destino(cupsGetNamedDest(http.get(), nullptr, nullptr));
-    if (!destino && !sinRespuesta())
-        destino = unicaInstalada(http.get());
-    if (!destino) {
-        falla = sinRespuesta() ? Falla{noAtiende, true} : Falla{"no hay impresora predeterminada"};
+    const auto buscar = [&] {
+        Destino suya(cupsGetNamedDest(http.get(), nullptr, nullptr));
+        return suya ? std::move(suya) : unicaInstalada(http.get());
+    };
+    falla = {"no hay impresora predeterminada"};
+    const Destino destino = hallar(http.get(), buscar, falla);
+    if (!destino)
         return {};
-    }
     const auto delServidor = fuentes(http.get(), *destino);
     if (!delServidor) {
         falla = {noAtiende, true};
@@ -284,12 +309,13 @@ int impresora::imprimir(const Impresora &destino, const Entrega &entrega,
         anular(http.get(), destino, entrega.previo);
     }
     const char *instancia = destino.instancia.empty() ? nullptr : destino.instancia.c_str();
-    const Destino conOpciones(cupsGetNamedDest(http.get(), destino.nombre.c_str(), instancia));
-    if (!conOpciones) {
-        falla = sinRespuesta() ? Falla{noAtiende, true}
-                               : Falla{"la impresora " + destino.nombre + " ya no está"};
+    const auto buscar = [&] {
+        return Destino(cupsGetNamedDest(http.get(), destino.nombre.c_str(), instancia));
+    };
+    falla = {"la impresora " + destino.nombre + " ya no está"};
+    const Destino conOpciones = hallar(http.get(), buscar, falla);
+    if (!conOpciones)
         return 0;
-    }
     const int trabajo = cupsCreateJob(http.get(), destino.nombre.c_str(), entrega.titulo.c_str(),
                                       conOpciones->num_options, conOpciones->options);
     if (trabajo == 0) {

@@ -23,7 +23,7 @@ from pathlib import Path
 
 SERVIDOR = "/usr/sbin/cupsd"
 PARTES_DEL_SISTEMA = Path("/usr/lib/cups")
-PLAZO = 30  # seconds; only a guard against a server that is broken
+PLAZO = 120  # seconds; only a guard against a server that is broken
 
 # The whole job is written before its line appears in the list, so that whoever sees the line can
 # read the file. A raw queue hands the document over unfiltered, as its sixth argument.
@@ -173,6 +173,14 @@ class CupsPrivado:
         self._esperar(lambda: len(self.capturados(nombre)) >= cuantos,
                       f"not {cuantos} documents, but {len(self.capturados(nombre))}", plazo)
         return self.capturados(nombre)
+
+    def ultimo_trabajo(self):
+        """The greatest number of a job that the server has taken; 0 for none."""
+        lista = subprocess.run(["lpstat", "-W", "all", "-o"], env={**os.environ, **self.entorno()},
+                               timeout=PLAZO, stdin=subprocess.DEVNULL, capture_output=True,
+                               text=True, check=False).stdout
+        return max((int(linea.split()[0].rsplit("-", 1)[1]) for linea in lista.splitlines()),
+                   default=0)
 
     def _capturas(self, nombre):
         return self.carpeta / f"capturas-{nombre}"

@@ -10,6 +10,7 @@ import shutil
 import struct
 import subprocess
 import tempfile
+import time
 import unittest
 import zlib
 from pathlib import Path
@@ -183,11 +184,22 @@ class ConCups(Prueba):
 
     def setUp(self):
         super().setUp()
-        self.antes = len(self.cups.capturados())
+        self.empezarDeNuevo()
+
+    def empezarDeNuevo(self):
+        """What has been printed so far, or is still on its way out, counts no more."""
+        self.registro.unlink(missing_ok=True)
+        self.anterior = self.cups.ultimo_trabajo()
 
     def salidos(self, cuantos):
         """What this test has printed, once it is that many."""
-        return self.cups.esperar_capturados(self.antes + cuantos)[self.antes:]
+        def suyos():
+            return [c for c in self.cups.capturados() if c.trabajo > self.anterior]
+        tope = time.monotonic() + GUARDA
+        while len(suyos()) < cuantos:
+            self.assertLess(time.monotonic(), tope, f"not {cuantos} documents: {suyos()}")
+            time.sleep(0.02)
+        return suyos()
 
     def unaPagina(self, html, nombre="pagina.html", *opciones):
         """Prints one page and gives its PDF."""

@@ -100,7 +100,7 @@ class Fallas(ConCups):
             with self.subTest(muerte):
                 shutil.rmtree(self.casa / "programa", ignore_errors=True)
                 (self.casa / "tomadas").unlink(missing_ok=True)
-                self.registro.unlink(missing_ok=True)
+                self.empezarDeNuevo()
                 self.conPercance(f"case $html in */1.html) mkdir '{self.casa}/murio' && {muerte};;"
                                  " esac 2>/dev/null")
                 rutas = [self.archivo(f"{i}.html", f"<p>{i}</p>") for i in range(3)]
@@ -108,7 +108,6 @@ class Fallas(ConCups):
                 self.assertEqual([s.titulo for s in self.salidos(3)], [r.name for r in rutas])
                 self.assertEqual(self.tomadas(), ["0.html", "1.html", "1.html", "2.html"])
                 (self.casa / "murio").rmdir()
-                self.antes += 3
 
     def test_page_whose_engine_dies_again_is_given_up(self):
         self.conPercance("case $html in */1.html) kill -9 $$;; esac")
@@ -123,7 +122,7 @@ class Fallas(ConCups):
             with self.subTest(codigo):
                 shutil.rmtree(self.casa / "programa", ignore_errors=True)
                 (self.casa / "tomadas").unlink(missing_ok=True)
-                self.registro.unlink(missing_ok=True)
+                self.empezarDeNuevo()
                 self.conPercance(f"exit {codigo}")
                 ruta = self.archivo("a.html", "<p>a</p>")
                 self.assertEqual(self.imprimir(self.cups.entorno(), [ruta]), [(str(ruta), motivo)])
@@ -175,7 +174,7 @@ class Fallas(ConCups):
             proceso.stdin.write(f"{self.archivo('a.html', '<p>a</p>')}\n{bucle}\n".encode())
             proceso.stdin.flush()
             self.salidos(1)
-            self.antes += 1
+            self.empezarDeNuevo()
             nuevas = set(os.listdir(self.temporal)) - set(carpetas)
             self.assertEqual(len(nuevas), 1)
             carpetas += nuevas

@@ -68,7 +68,7 @@ class Lote(ConCups):
                     (raiz / carpeta).mkdir(parents=True, exist_ok=True)
                     shutil.copy2(Path(TRABAJADOR).parent / nombre, raiz / carpeta / nombre)
                 self.programa = raiz / propia / "parvanel-print"
-                self.registro.unlink(missing_ok=True)
+                self.empezarDeNuevo()
                 rutas = [self.boletin(0)]
                 self.assertImpresos(self.imprimir(self.cups.entorno(), rutas), rutas)
 
