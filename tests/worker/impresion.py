@@ -81,7 +81,8 @@ class Prueba(unittest.TestCase):
                   if not k.startswith(("CUPS_", "LC_", "XDG_"))
                   and k not in ("LPDEST", "PRINTER", "LANG", "IPP_PORT")}
         return {**limpio, "HOME": str(self.casa), "XDG_STATE_HOME": str(self.casa / "estado"),
-                "TMPDIR": str(self.temporal), "TZ": "UTC", "LC_ALL": "C.UTF-8", **cups, **mas}
+                "TMPDIR": str(self.temporal), "TZ": "UTC", "LC_ALL": "C.UTF-8",
+                "PARVANEL_RAIZ": str(self.casa), **cups, **mas}
 
     def archivo(self, nombre, contenido):
         ruta = self.casa / nombre

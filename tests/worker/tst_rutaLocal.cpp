@@ -16,6 +16,10 @@ private Q_SLOTS:
     void address_isTurnedIntoTheFiles();
     void address_withoutAFile_isRefused_data();
     void address_withoutAFile_isRefused();
+    void address_outsideTheRoot_isRefused_data();
+    void address_outsideTheRoot_isRefused();
+    void root_mayBeALink();
+    void missingRoot_hasNothingBelowIt();
 
 private:
     void crear(const QString &relativa);
@@ -25,10 +29,14 @@ private:
 
 void TstRutaLocal::initTestCase()
 {
-    for (const char *relativa :
-         {"Archivos/Images/Logo.png", "Archivos/Images/logo.png",
-          "Archivos/Images/Ñandú 100%#1.PNG", "Archivos/x\\y.png", "Otra/Foto.jpg"})
+    for (const char *relativa : {"Archivos/Images/Logo.png", "Archivos/Images/logo.png",
+                                 "Archivos/Images/Ñandú 100%#1.PNG", "Archivos/x\\y.png",
+                                 "Otra/Foto.jpg", "Archivos2/Foto.jpg"})
         crear(QString::fromUtf8(relativa));
+    QVERIFY(QFile::link("../Otra/Foto.jpg", carpeta_.filePath("Archivos/enlace.jpg")));
+    QVERIFY(QFile::link("../Otra", carpeta_.filePath("Archivos/salida")));
+    QVERIFY(QFile::link("Images", carpeta_.filePath("Archivos/Figuras")));
+    QVERIFY(QFile::link("Archivos", carpeta_.filePath("disco")));
 }
 
 void TstRutaLocal::crear(const QString &relativa)
@@ -87,7 +95,8 @@ void TstRutaLocal::address_isTurnedIntoTheFiles()
     QFETCH(QString, final);
     QFETCH(QString, archivo);
     const QUrl pedido("file://" + carpeta_.path() + '/' + final);
-    QCOMPARE(rutaLocal::destino(pedido), QUrl::fromLocalFile(carpeta_.filePath(archivo)));
+    QCOMPARE(rutaLocal::destino(pedido, carpeta_.path()),
+             QUrl::fromLocalFile(carpeta_.filePath(archivo)));
 }
 
 void TstRutaLocal::address_withoutAFile_isRefused_data()
@@ -105,7 +114,46 @@ void TstRutaLocal::address_withoutAFile_isRefused_data()
 void TstRutaLocal::address_withoutAFile_isRefused()
 {
     QFETCH(QUrl, direccion);
-    QCOMPARE(rutaLocal::destino(direccion), QUrl());
+    QCOMPARE(rutaLocal::destino(direccion, QStringLiteral("/")), QUrl());
+}
+
+void TstRutaLocal::address_outsideTheRoot_isRefused_data()
+{
+    QTest::addColumn<QString>("final");
+    QTest::newRow("beside it") << "Otra/Foto.jpg";
+    QTest::newRow("beside it, of a name that begins alike") << "Archivos2/Foto.jpg";
+    QTest::newRow("up and down") << "Archivos/../Otra/Foto.jpg";
+    QTest::newRow("escaped dots") << "Archivos/%2e%2e/Otra/Foto.jpg";
+    QTest::newRow("escaped separators") << "Archivos%2f..%2fOtra%2fFoto.jpg";
+    QTest::newRow("backslashes") << "Archivos%5C..%5Cotra%5Cfoto.jpg";
+    QTest::newRow("link to a file") << "Archivos/enlace.jpg";
+    QTest::newRow("link in another case") << "archivos/ENLACE.JPG";
+    QTest::newRow("link to a folder") << "Archivos/salida/Foto.jpg";
+    QTest::newRow("the root itself") << "Archivos";
+}
+
+void TstRutaLocal::address_outsideTheRoot_isRefused()
+{
+    QFETCH(QString, final);
+    const QUrl pedido("file://" + carpeta_.path() + '/' + final);
+    QCOMPARE(rutaLocal::destino(pedido, carpeta_.filePath("Archivos")), QUrl());
+}
+
+void TstRutaLocal::root_mayBeALink()
+{
+    const QUrl logo = QUrl::fromLocalFile(carpeta_.filePath("disco/Images/Logo.png"));
+    QCOMPARE(rutaLocal::destino(logo, carpeta_.filePath("disco")), logo);
+    // A link within the archive that stays in it is as good as what it leads to.
+    const QUrl dentro = QUrl::fromLocalFile(carpeta_.filePath("Archivos/Figuras/Logo.png"));
+    QCOMPARE(rutaLocal::destino(dentro, carpeta_.filePath("disco")), dentro);
+}
+
+void TstRutaLocal::missingRoot_hasNothingBelowIt()
+{
+    const QUrl foto = QUrl::fromLocalFile(carpeta_.filePath("Otra/Foto.jpg"));
+    QCOMPARE(rutaLocal::destino(foto, carpeta_.path()), foto);
+    for (const QString &raiz : {QString(), carpeta_.filePath("nada")})
+        QCOMPARE(rutaLocal::destino(foto, raiz), QUrl());
 }
 
 QTEST_GUILESS_MAIN(TstRutaLocal)

@@ -12,14 +12,16 @@ using namespace std::chrono_literals;
 
 namespace {
 
-// How long after its load a page may still be waiting for fonts and images that its scripts asked
-// for; it is printed as it stands then.
-constexpr std::chrono::milliseconds paciencia = 3s;
 constexpr auto entrePreguntas = 10ms;
+
+// A document that was held back from going elsewhere may have been left unfinished by the engine,
+// which says so to nobody.
+constexpr std::chrono::milliseconds paciencia = 3s;
 
 // True once the document is whole, two turns of the page's timers have passed, and fonts and
 // images have settled. Scripts run "on ready" do so in a turn of a timer; what they add may take
-// another. It runs in a world of its own, where page scripts neither see nor change it.
+// another. An image is asked anew each time, for one whose address is taken away tells nobody. It
+// runs in a world of its own, where page scripts neither see nor change it.
 constexpr auto preguntaLista = R"js(
 (function() {
     if (window.parvanelLista === undefined) {
@@ -27,22 +29,23 @@ constexpr auto preguntaLista = R"js(
         const turno = () => new Promise(sigue => setTimeout(sigue, 0));
         const asentada = imagen => {
             imagen.loading = 'eager';
-            return imagen.complete ? null : new Promise(sigue => {
-                imagen.addEventListener('load', sigue);
-                imagen.addEventListener('error', sigue);
-            });
+            return imagen.complete;
         };
-        turno().then(turno)
-            .then(() => Promise.all([document.fonts.ready,
-                                     ...Array.from(document.images, asentada)]))
-            .then(() => { window.parvanelLista = true; });
+        const mirar = () => turno().then(turno).then(() => document.fonts.ready).then(() => {
+            if (Array.from(document.images, asentada).every(Boolean))
+                window.parvanelLista = true;
+            else
+                setTimeout(mirar, 10);
+        });
+        mirar();
     }
     return window.parvanelLista && document.readyState !== 'loading';
 })()
 )js";
 
 // The paper is the printer's, whatever size a page's own style names; a page that wants to lie on
-// its side still does. %1 and %2 are the paper's width and height in millimetres.
+// its side still does. %1 and %2 are the paper's width and height in millimetres. True when there
+// is a document to print, and not only the empty page on which the engine came up.
 constexpr auto imponerPapel = R"js(
 (function() {
     let apaisada = false;
@@ -57,13 +60,23 @@ constexpr auto imponerPapel = R"js(
     const papel = document.createElement('style');
     papel.textContent = '@page { size: ' + (apaisada ? '%2mm %1mm' : '%1mm %2mm') + ' !important; }';
     document.documentElement.appendChild(papel);
+    return location.protocol === 'file:';
 })()
 )js";
 
 } // namespace
 
-Dibujo::Dibujo(QWebEngineProfile *perfil, QObject *parent) : QObject(parent), pagina_(perfil)
+Dibujo::Dibujo(QWebEngineProfile *perfil, std::chrono::milliseconds plazo, QObject *parent)
+    : QObject(parent), pagina_(perfil)
 {
+    // Half the time is for fetching. What is left after it is for what the page makes of the answer
+    // that nothing more comes (its scripts go on, its load ends), and the last quarter for the PDF.
+    corte_.setSingleShot(true);
+    corte_.setInterval(plazo / 2);
+    connect(&corte_, &QTimer::timeout, this, &Dibujo::agotado);
+    detencion_.setSingleShot(true);
+    detencion_.setInterval(plazo * 3 / 4);
+    connect(&detencion_, &QTimer::timeout, this, &Dibujo::detener);
     pregunta_.setSingleShot(true);
     pregunta_.setInterval(entrePreguntas);
     connect(&pregunta_, &QTimer::timeout, this, &Dibujo::preguntarSiLista);
@@ -90,6 +103,8 @@ void Dibujo::dibujar(const QString &html, const QString &pdf, const QPageLayout 
     html_ = html;
     pdf_ = pdf;
     hoja_ = hoja;
+    corte_.start();
+    detencion_.start();
     if (!calentando_)
         pagina_.abrir(html_);
 }
@@ -102,28 +117,35 @@ void Dibujo::cargada(bool bien)
             pagina_.abrir(html_);
         return;
     }
-    if (html_.isEmpty())
+    if (html_.isEmpty() || preguntando_ || imprimiendo_)
         return;
     if (!bien && !pagina_.retenida()) {
         Q_EMIT
         terminado(salida::sinPagina);
         return;
     }
-    if (!desdeCarga_.isValid()) {
-        desdeCarga_.start();
-        preguntarSiLista();
-    }
+    preguntando_ = true;
+    desdeCarga_.start();
+    preguntarSiLista();
+}
+
+// The wire being cut was of no avail, or the page waits for something that never happens.
+void Dibujo::detener()
+{
+    imprimir();
+    pagina_.triggerAction(QWebEnginePage::Stop);
 }
 
 void Dibujo::preguntarSiLista()
 {
-    pagina_.runJavaScript(QString::fromLatin1(preguntaLista), QWebEngineScript::ApplicationWorld,
-                          [this](const QVariant &lista) {
-                              if (lista.toBool() || desdeCarga_.hasExpired(paciencia.count()))
-                                  imprimir();
-                              else
-                                  pregunta_.start();
-                          });
+    pagina_.runJavaScript(
+        QString::fromLatin1(preguntaLista), QWebEngineScript::ApplicationWorld,
+        [this](const QVariant &lista) {
+            if (lista.toBool() || (pagina_.retenida() && desdeCarga_.hasExpired(paciencia.count())))
+                imprimir();
+            else
+                pregunta_.start();
+        });
 }
 
 void Dibujo::imprimir()
@@ -133,6 +155,11 @@ void Dibujo::imprimir()
     imprimiendo_ = true;
     const QSizeF papel = hoja_.pageSize().size(QPageSize::Millimeter);
     pagina_.runJavaScript(QString::fromLatin1(imponerPapel).arg(papel.width()).arg(papel.height()),
-                          QWebEngineScript::ApplicationWorld,
-                          [this](const QVariant &) { pagina_.printToPdf(pdf_, hoja_); });
+                          QWebEngineScript::ApplicationWorld, [this](const QVariant &hayDocumento) {
+                              if (hayDocumento.toBool())
+                                  pagina_.printToPdf(pdf_, hoja_);
+                              else
+                                  Q_EMIT
+                              terminado(salida::sinPagina);
+                          });
 }

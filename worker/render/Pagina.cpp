@@ -10,12 +10,14 @@ Pagina::Pagina(QWebEngineProfile *perfil, QObject *parent) : QWebEnginePage(perf
     ajustes->setAttribute(QWebEngineSettings::ErrorPageEnabled, false);
     ajustes->setAttribute(QWebEngineSettings::PrintElementBackgrounds, true);
     ajustes->setAttribute(QWebEngineSettings::JavascriptCanOpenWindows, false);
-    ajustes->setAttribute(QWebEngineSettings::LocalContentCanAccessRemoteUrls, false);
-    // Files may fetch files: without it the engine refuses a page its own images, too. What a
-    // script reads that way cannot leave the machine.
+    // Files may fetch files and addresses: without it the engine refuses a page its own images and
+    // the service's. Which ones is decided elsewhere (Aduana, Pasarela).
+    ajustes->setAttribute(QWebEngineSettings::LocalContentCanAccessRemoteUrls, true);
     ajustes->setAttribute(QWebEngineSettings::LocalContentCanAccessFileUrls, true);
     ajustes->setAttribute(QWebEngineSettings::LocalStorageEnabled, false);
     ajustes->setAttribute(QWebEngineSettings::PluginsEnabled, false);
+    ajustes->setAttribute(QWebEngineSettings::PdfViewerEnabled, false);
+    ajustes->setAttribute(QWebEngineSettings::AutoLoadIconsForPage, false);
     ajustes->setAttribute(QWebEngineSettings::WebRTCPublicInterfacesOnly, true);
     // A page without a window counts as hidden, and the timers of hidden pages tick once a second.
     setVisible(true);

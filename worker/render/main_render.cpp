@@ -5,9 +5,10 @@
 //
 // Lengths are hundredths of a millimetre. With --espera it starts the engine and waits for three
 // lines on its standard input: the six lengths separated by blanks, the page, the PDF. It ends by
-// itself when the input ends first. Exit codes: see salida.h.
+// itself when the input ends first. Environment: see motor.h; exit codes: see salida.h.
 
 #include "worker/render/Dibujo.h"
+#include "worker/render/Pasarela.h"
 #include "worker/render/motor.h"
 #include "worker/render/salida.h"
 
@@ -117,11 +118,15 @@ int main(int argc, char **argv)
     if (espera)
         prctl(PR_SET_PDEATHSIG, SIGKILL); // of no use without the worker that started it
 
-    motor::prepararEntorno();
+    motor::limpiarEntorno();
+    const motor::Encargo encargo = motor::encargo();
+    auto &pasarela = *new Pasarela(encargo.origen); // its threads end with the process
+    motor::prepararEntorno(pasarela.puerto());
     int sinArgumentos = 1; // the engine would read the command line too
     const QGuiApplication aplicacion(sinArgumentos, argv);
-    const auto perfil = motor::perfil();
-    Dibujo dibujo(perfil.get());
+    const auto perfil = motor::perfil(encargo);
+    Dibujo dibujo(perfil.get(), encargo.plazo);
+    QObject::connect(&dibujo, &Dibujo::agotado, &dibujo, [&pasarela] { pasarela.cortar(); });
     QObject::connect(&dibujo, &Dibujo::terminado, &dibujo, &salir);
 
     QByteArray recibido;

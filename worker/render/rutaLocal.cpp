@@ -19,6 +19,13 @@ QString enCarpeta(const QString &carpeta, const QString &nombre)
     return {};
 }
 
+bool debajo(const QString &archivo, const QString &raiz)
+{
+    const QString canonica = raiz.isEmpty() ? QString() : QFileInfo(raiz).canonicalFilePath();
+    return !canonica.isEmpty()
+           && QFileInfo(archivo).canonicalFilePath().startsWith(canonica + u'/');
+}
+
 } // namespace
 
 QString rutaLocal::existente(const QString &ruta)
@@ -39,12 +46,12 @@ QString rutaLocal::existente(const QString &ruta)
     return hallada;
 }
 
-QUrl rutaLocal::destino(const QUrl &pedido)
+QUrl rutaLocal::destino(const QUrl &pedido, const QString &raiz)
 {
     if (!pedido.isLocalFile() || !pedido.host().isEmpty())
         return {};
     const QString hallada = existente(pedido.toLocalFile());
-    if (hallada.isEmpty() || !QFileInfo(hallada).isFile())
+    if (hallada.isEmpty() || !QFileInfo(hallada).isFile() || !debajo(hallada, raiz))
         return {};
     return QUrl::fromLocalFile(hallada);
 }

@@ -13,7 +13,9 @@ namespace rutaLocal {
 QString existente(const QString &ruta);
 
 // What a request for this address should fetch instead: the address of the existing file. Empty
-// when the address names no regular file of this machine (a missing one, a folder, a device).
-QUrl destino(const QUrl &pedido);
+// when the address names no regular file below `raiz` (a missing one, a folder, a device, one that
+// lies elsewhere once all links are followed; the root itself may be a link). `raiz` is an absolute
+// path; below an empty or missing one there is nothing.
+QUrl destino(const QUrl &pedido, const QString &raiz);
 
 } // namespace rutaLocal

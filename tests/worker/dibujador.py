@@ -1,0 +1,50 @@
+"""The renderer by itself, on pages of an archive, as the worker would start it."""
+
+import os
+import subprocess
+from pathlib import Path
+
+from impresion import GUARDA, TRABAJADOR, Prueba, texto
+
+DIBUJADOR = Path(TRABAJADOR).parent / "parvanel-print-render"
+HECHO, MAL_USO, SIN_PAGINA, SIN_PDF, MOTOR_CAIDO = 0, 2, 3, 4, 5
+# Far beyond what any page of a test needs, and within the tests' own guard.
+PLAZO = 100
+
+
+class ConDibujador(Prueba):
+    """The archive root is the folder "Quorvela" in the test's home; what lies beside it is not
+    the archive's."""
+
+    origen = None
+
+    def setUp(self):
+        super().setUp()
+        self.raiz = self.casa / "Quorvela"
+        self.raiz.mkdir()
+        self.pdf = self.temporal / "salida.pdf"
+
+    def entorno(self, cups=None, **mas):
+        propio = {k: v for k, v in super().entorno(cups or {}).items()
+                  if not k.lower().endswith("_proxy") and not k.startswith("PARVANEL_")}
+        if self.origen:
+            propio["PARVANEL_ORIGEN"] = self.origen
+        propio.update({"PARVANEL_RAIZ": str(self.raiz), "PARVANEL_PLAZO_DIBUJO": str(PLAZO)})
+        propio.update(mas)
+        return {k: v for k, v in propio.items() if v is not None}
+
+    def dibujar(self, pagina, **mas):
+        """The renderer's exit code for the page."""
+        self.pdf.unlink(missing_ok=True)
+        return subprocess.run([DIBUJADOR, pagina, self.pdf], timeout=2 * GUARDA, check=False,
+                              env=self.entorno(**mas), capture_output=True).returncode
+
+    def papel(self, html, nombre="Quorvela/1-2010/pagina.html", **mas):
+        """What is to be read on the page's paper."""
+        self.assertEqual(self.dibujar(self.archivo(nombre, html), **mas), HECHO)
+        return texto(self.pdf)
+
+    def arbol(self):
+        """All that lies in the home, but for the folder of temporary files."""
+        return sorted(os.path.join(d, f) for d, ds, fs in os.walk(self.casa) for f in [*ds, *fs]
+                      if not d.startswith(str(self.temporal)))

@@ -1,0 +1,44 @@
+#include "worker/render/Origen.h"
+
+namespace {
+
+QString hostDe(const QUrl &direccion)
+{
+    return direccion.host(QUrl::FullyEncoded).toLower();
+}
+
+int puertoDe(const QUrl &direccion)
+{
+    return direccion.port(direccion.scheme() == QLatin1String("https") ? 443 : 80);
+}
+
+} // namespace
+
+std::optional<Origen> Origen::de(const QByteArray &texto)
+{
+    const QUrl direccion = QUrl::fromEncoded(texto, QUrl::StrictMode);
+    const QString esquema = direccion.scheme();
+    if (!direccion.isValid()
+        || (esquema != QLatin1String("https") && esquema != QLatin1String("http")))
+        return {};
+    Origen origen;
+    origen.esquema_ = esquema;
+    origen.host_ = hostDe(direccion);
+    origen.puerto_ = puertoDe(direccion);
+    const bool sola = direccion.userInfo().isEmpty() && direccion.path().isEmpty()
+                      && !direccion.hasQuery() && !direccion.hasFragment();
+    if (origen.host_.isEmpty() || origen.puerto_ <= 0 || !sola)
+        return {};
+    return origen;
+}
+
+bool Origen::tiene(const QUrl &direccion) const
+{
+    return direccion.scheme() == esquema_ && hostDe(direccion) == host_
+           && puertoDe(direccion) == puerto_;
+}
+
+bool Origen::cifrado() const
+{
+    return esquema_ == QLatin1String("https");
+}

@@ -1,0 +1,43 @@
+// The engine's one way into the network. The engine is told to send every connection through a
+// proxy and to look no name up; this is that proxy, and it leads to the service and nowhere else.
+// Whatever a page finds to call the world with (and an engine has more ways than its interceptor
+// sees) ends here. The wire can be cut: what is still being fetched then fails at once.
+#pragma once
+
+#include "worker/render/Origen.h"
+
+#include <atomic>
+#include <cstdint>
+#include <mutex>
+#include <optional>
+#include <set>
+#include <string>
+
+class Pasarela {
+public:
+    // Without an origin it refuses everybody. It serves in threads of its own until the process
+    // ends; it must outlive them, hence is never destroyed.
+    explicit Pasarela(const std::optional<Origen> &origen);
+    ~Pasarela() = delete;
+    Pasarela(const Pasarela &) = delete;
+    Pasarela &operator=(const Pasarela &) = delete;
+
+    // Its port on 127.0.0.1; 0 when it could not be had, and then there is no way out.
+    std::uint16_t puerto() const { return puerto_; }
+
+    // Breaks off all that goes through it, and lets nothing more through.
+    void cortar();
+
+private:
+    void escuchar(int oyente);
+    void atender(int cliente);
+    void transportar(int cliente);
+
+    std::string host_; // empty: none is let through
+    std::uint16_t puertoServicio_ = 0;
+    bool cifrado_ = false;
+    std::uint16_t puerto_ = 0;
+    std::atomic<bool> cortada_ = false;
+    std::mutex cerrojo_;
+    std::set<int> clientes_; // open connections of the engine
+};
