@@ -1,5 +1,6 @@
 """A web service on the loopback that a test can have behave as it likes."""
 
+import ssl
 import threading
 from http.server import BaseHTTPRequestHandler, ThreadingHTTPServer
 
@@ -8,9 +9,10 @@ GUARDA = 60
 
 class Servicio:
     """Answers each path with what `paginas` has for it: bytes, or a function of the connection's
-    handler that answers by itself. Paths asked for are remembered; a query is no part of them."""
+    handler that answers by itself. Paths asked for are remembered; a query is no part of them.
+    With an identity, the paths of a certificate and its key, it speaks TLS."""
 
-    def __init__(self, direccion="127.0.0.1"):
+    def __init__(self, direccion="127.0.0.1", identidad=None):
         servicio = self
 
         class Atencion(BaseHTTPRequestHandler):
@@ -38,11 +40,19 @@ class Servicio:
         self._servidor = ThreadingHTTPServer((direccion, 0), Atencion)
         self._servidor.daemon_threads = True
         self._servidor.block_on_close = False
+        self._servidor.pausa = threading.Event()
         self.puerto = self._servidor.server_address[1]
-        self.origen = f"http://{direccion}:{self.puerto}"
+        self.origen = f"http{'s' if identidad else ''}://{direccion}:{self.puerto}"
+        if identidad:
+            contexto = ssl.SSLContext(ssl.PROTOCOL_TLS_SERVER)
+            contexto.load_cert_chain(*identidad)
+            # A client that does not like the certificate must not keep others waiting.
+            self._servidor.socket = contexto.wrap_socket(self._servidor.socket, server_side=True,
+                                                         do_handshake_on_connect=False)
         threading.Thread(target=self._servidor.serve_forever, daemon=True).start()
 
     def parar(self):
+        self._servidor.pausa.set()
         self._servidor.shutdown()
         self._servidor.server_close()
 

@@ -20,8 +20,9 @@ constexpr std::chrono::milliseconds paciencia = 3s;
 
 // True once the document is whole, two turns of the page's timers have passed, and fonts and
 // images have settled. Scripts run "on ready" do so in a turn of a timer; what they add may take
-// another. An image is asked anew each time, for one whose address is taken away tells nobody. It
-// runs in a world of its own, where page scripts neither see nor change it.
+// another. Images are looked at twice, for one that is complete has its load handlers still to run,
+// and asked anew each time, for one whose address is taken away tells nobody. It runs in a world of
+// its own, where page scripts neither see nor change it.
 constexpr auto preguntaLista = R"js(
 (function() {
     if (window.parvanelLista === undefined) {
@@ -31,13 +32,14 @@ constexpr auto preguntaLista = R"js(
             imagen.loading = 'eager';
             return imagen.complete;
         };
-        const mirar = () => turno().then(turno).then(() => document.fonts.ready).then(() => {
-            if (Array.from(document.images, asentada).every(Boolean))
+        const mirar = yaEstaban => turno().then(turno).then(() => document.fonts.ready).then(() => {
+            const estan = Array.from(document.images, asentada).every(Boolean);
+            if (estan && yaEstaban)
                 window.parvanelLista = true;
             else
-                setTimeout(mirar, 10);
+                setTimeout(mirar, estan ? 0 : 10, estan);
         });
-        mirar();
+        mirar(false);
     }
     return window.parvanelLista && document.readyState !== 'loading';
 })()

@@ -9,6 +9,7 @@
 
 #include "worker/render/Dibujo.h"
 #include "worker/render/Pasarela.h"
+#include "worker/render/casa.h"
 #include "worker/render/motor.h"
 #include "worker/render/salida.h"
 
@@ -81,8 +82,9 @@ std::optional<Pedido> deArgumentos(QList<QByteArray> argumentos)
 }
 
 // Orderly destruction costs a third of the time that a page takes, and the PDF is on disk: leave.
-[[noreturn]] void salir(int codigo)
+[[noreturn]] void salir(const QString &carpeta, int codigo)
 {
+    casa::desalojar(carpeta);
     std::_Exit(codigo);
 }
 
@@ -91,14 +93,16 @@ void atenderEntrada(Dibujo &dibujo, QByteArray &recibido)
     std::array<char, 4096> trozo{};
     const ssize_t leidos = read(STDIN_FILENO, trozo.data(), trozo.size());
     if (leidos <= 0)
-        salir(salida::hecho); // nothing was asked for
+        return Q_EMIT
+    dibujo.terminado(salida::hecho); // nothing was asked for
     recibido.append(trozo.data(), leidos);
     if (recibido.count('\n') < 3)
         return;
     const QList<QByteArray> lineas = recibido.split('\n');
     const auto pedida = pedido(lineas[0].simplified().split(' '), lineas[1], lineas[2]);
     if (!pedida)
-        salir(salida::malUso);
+        return Q_EMIT
+    dibujo.terminado(salida::malUso);
     dibujo.dibujar(pedida->html, pedida->pdf, pedida->hoja);
 }
 
@@ -120,6 +124,7 @@ int main(int argc, char **argv)
 
     motor::limpiarEntorno();
     const motor::Encargo encargo = motor::encargo();
+    const QString carpeta = casa::mudar();
     auto &pasarela = *new Pasarela(encargo.origen); // its threads end with the process
     motor::prepararEntorno(pasarela.puerto());
     int sinArgumentos = 1; // the engine would read the command line too
@@ -127,7 +132,8 @@ int main(int argc, char **argv)
     const auto perfil = motor::perfil(encargo);
     Dibujo dibujo(perfil.get(), encargo.plazo);
     QObject::connect(&dibujo, &Dibujo::agotado, &dibujo, [&pasarela] { pasarela.cortar(); });
-    QObject::connect(&dibujo, &Dibujo::terminado, &dibujo, &salir);
+    QObject::connect(&dibujo, &Dibujo::terminado, &dibujo,
+                     [carpeta](int codigo) { salir(carpeta, codigo); });
 
     QByteArray recibido;
     QSocketNotifier entrada(STDIN_FILENO, QSocketNotifier::Read);

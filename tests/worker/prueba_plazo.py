@@ -1,0 +1,141 @@
+"""A service that is down, silent or endless costs a page part of its time and never the page."""
+
+import socket
+import unittest
+
+from dibujador import HECHO, ConDibujador
+from impresion import GUARDA, ROJO, VERDE, png, puntos, texto
+from servicio_prueba import Servicio
+
+# What a page may wait for, each in its own way. {u} is the address that never comes.
+ESPERAS = {
+    "guion": "<script src='{u}'></script>",
+    "guion-modulo": "<script type=module src='{u}'></script>",
+    "guion-escrito": "<script>document.write(\"<script src='{u}'><\\/script>\");</script>",
+    "estilo": "<link rel=stylesheet href='{u}'><script>1;</script>",
+    "estilo-importado": "<style>@import '{u}';</style>",
+    "imagen": "<img src='{u}'>",
+    "imagen-perezosa": "<img loading=lazy src='{u}'>",
+    "imagen-de-fondo": "<div style='background:url({u})'>.</div>",
+    "letra": "<style>@font-face {{ font-family: a; src: url({u}) }}</style>"
+             "<p style='font-family:a'>letra</p>",
+    "marco": "<iframe src='{u}'></iframe>",
+    "objeto": "<object data='{u}'></object>",
+    "xhr-sincrono": "<script>for (let i = 0; i < 3; ++i) try {{ const x = new XMLHttpRequest();"
+                    "x.open('GET', '{u}', false); x.send(); }} catch (e) {{ }}</script>",
+    "insistente": "<script>(function otra() {{ const i = new Image();"
+                  "i.onerror = () => setTimeout(otra, 1); i.src = '{u}?' + Math.random();"
+                  "document.body.append(i); }})();</script>",
+    "video": "<video src='{u}'></video>",
+}
+
+
+def callar(atencion):
+    """Takes the request and never answers."""
+    atencion.connection.settimeout(None)
+    while atencion.connection.recv(4096):
+        pass
+    atencion.close_connection = True
+
+
+def gotear(tipo, comienzo, gota):
+    """Answers without end."""
+    def sinFin(atencion):
+        atencion.send_response(200)
+        atencion.send_header("Content-Type", tipo)
+        atencion.end_headers()
+        try:
+            atencion.wfile.write(comienzo)
+            while True:
+                atencion.wfile.write(gota)
+                atencion.wfile.flush()
+                atencion.server.pausa.wait(0.05)
+        except OSError:
+            atencion.close_connection = True
+    return sinFin
+
+
+class Plazo(ConDibujador):
+    def servido(self, respuesta):
+        servicio = Servicio()
+        self.addCleanup(servicio.parar)
+        servicio.paginas["/nunca"] = respuesta
+        self.origen = servicio.origen
+        return servicio
+
+    def comprobar(self, espera, plazo):
+        """The page is printed whole: what stands before the wait, and what follows it."""
+        pagina = (f"<p>antes</p>{espera.format(u=self.origen + '/nunca')}<p>despues</p><p id=d></p>"
+                  "<script>document.getElementById('d').innerText = 'escrito';</script>")
+        papel = self.papel(pagina, PARVANEL_PLAZO_DIBUJO=str(plazo))
+        for dicho in ("antes", "despues", "escrito"):
+            self.assertIn(dicho, papel)
+
+    def test_page_that_waits_for_a_silent_service_is_printed(self):
+        for como, espera in ESPERAS.items():
+            with self.subTest(como):
+                servicio = self.servido(callar)
+                self.comprobar(espera, 8)
+                self.assertIn("/nunca", servicio.pedidos)
+
+    def test_page_that_waits_for_an_endless_reply_is_printed(self):
+        for como, tipo, comienzo, gota in (
+                ("imagen", "image/png", png(100, 100, ROJO)[:-12], b"\0"),
+                ("guion", "text/javascript", b"var a = 1;", b"a = 2;\n"),
+                ("estilo", "text/css", b"p { margin: 0 }", b"p { margin: 1px }\n"),
+                ("marco", "text/html", b"<p>marco</p>", b"<p>x</p>"),
+                ("xhr-sincrono", "text/plain", b"a", b"a")):
+            with self.subTest(como):
+                self.servido(gotear(tipo, comienzo, gota))
+                self.comprobar(ESPERAS[como], 8)
+
+    def test_service_that_is_down_costs_nothing(self):
+        with socket.socket() as nadie:
+            nadie.bind(("127.0.0.1", 0))  # taken, and not listened at
+            self.origen = f"http://127.0.0.1:{nadie.getsockname()[1]}"
+            # A page that waited would wait for longer than the guard.
+            for espera in ESPERAS.values():
+                if "otra" not in espera:
+                    self.comprobar(espera, 4 * GUARDA)
+
+    def test_service_that_takes_no_connection_is_given_up(self):
+        with socket.create_server(("127.0.0.1", 0), backlog=0) as lleno:
+            self.origen = f"http://127.0.0.1:{lleno.getsockname()[1]}"
+            # The queue is full: whoever calls now waits for an answer to the first word.
+            llamadas = [socket.socket() for _ in range(4)]
+            for una in llamadas:
+                self.addCleanup(una.close)
+                una.setblocking(False)
+                una.connect_ex(lleno.getsockname())
+            self.comprobar(ESPERAS["guion"], 8)
+
+    def test_what_came_in_time_is_printed(self):
+        servicio = self.servido(callar)
+        servicio.paginas["/sello.png"] = png(100, 100, VERDE)
+        self.comprobar(f"<img src='{self.origen}/sello.png'>" + ESPERAS["guion"], 8)
+        self.assertGreater(puntos(self.pdf, VERDE), 500)
+
+    def test_page_that_never_ends_its_load_is_printed(self):
+        for guion in ("document.open(); document.write('<p>papel</p>');",
+                      "setInterval(() => { const m = document.createElement('iframe');"
+                      "m.src = 'pagina.html?' + Math.random(); document.body.append(m);"
+                      "if (m.previousElementSibling) m.previousElementSibling.remove(); }, 1);",
+                      "const i = new Image(); document.body.append(i);"
+                      "setInterval(() => { i.src = 'data:image/png;base64,' + Math.random(); }, 0);"):
+            with self.subTest(guion):
+                ruta = self.archivo("Quorvela/pagina.html",
+                                    f"<p>papel</p><script>if (top === self) onload = () => {{ {guion} }};"
+                                    "</script>")
+                self.assertEqual(self.dibujar(ruta, PARVANEL_PLAZO_DIBUJO="8"), HECHO)
+                self.assertIn("papel", texto(self.pdf))
+
+    def test_time_that_is_no_number_is_the_usual_one(self):
+        self.servido(callar)
+        for plazo in (None, "", "x", "0", "-3", "99999999999"):
+            with self.subTest(plazo):
+                ruta = self.archivo("Quorvela/pagina.html", "<p>papel</p>")
+                self.assertEqual(self.dibujar(ruta, PARVANEL_PLAZO_DIBUJO=plazo), HECHO)
+
+
+if __name__ == "__main__":
+    unittest.main()
