@@ -69,6 +69,24 @@ class Dibujo(Prueba):
         for pedido in ("a b c\nx\ny\n", "1 2 3\nx\ny\n"):
             self.assertEqual(self.dibujar("--espera", entrada=pedido.encode()), MAL_USO)
 
+    def test_path_with_a_nul_is_refused(self):
+        # No file can have such a name. The input stays open, as the worker leaves it: the answer
+        # must not wait for its end.
+        medidas = b"14800 21000 1000 1000 1000 1000"
+        pagina, pdf = bytes(self.pagina), bytes(self.pdf)
+        for lineas in ((medidas, pagina + b"\0", pdf), (medidas, b"\0" + pagina, pdf),
+                       (medidas, pagina + b"\0.html", pdf), (medidas, b"\0", pdf),
+                       (medidas, pagina, pdf + b"\0"), (medidas, b"", pdf), (medidas, pagina, b"")):
+            with subprocess.Popen([DIBUJADOR, "--espera"], stdin=subprocess.PIPE,
+                                  stderr=subprocess.DEVNULL, env=self.entorno({})) as proceso:
+                try:
+                    proceso.stdin.write(b"\n".join(lineas) + b"\n")
+                    proceso.stdin.flush()
+                    self.assertEqual(proceso.wait(GUARDA), MAL_USO, lineas)
+                finally:
+                    proceso.kill()
+            self.assertFalse(self.pdf.exists())
+
 
 if __name__ == "__main__":
     unittest.main()

@@ -57,7 +57,10 @@ std::optional<Pedido> pedido(const QList<QByteArray> &largos, const QByteArray &
                              const QByteArray &pdf)
 {
     const auto conHoja = hoja(largos);
-    if (!conHoja)
+    // The engine takes a path with a NUL in it for an address that never ends to load.
+    const bool conNombres =
+        !html.isEmpty() && !pdf.isEmpty() && !html.contains('\0') && !pdf.contains('\0');
+    if (!conHoja || !conNombres)
         return {};
     return Pedido{QFileInfo(QFile::decodeName(html)).absoluteFilePath(),
                   QFileInfo(QFile::decodeName(pdf)).absoluteFilePath(), *conHoja};
