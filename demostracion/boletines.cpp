@@ -7,12 +7,21 @@ namespace {
 
 using namespace demo;
 
-// Report cards lie one folder deeper than the other documents, and the script that is put at
-// their end looks for the school's details one folder short and brings no library. So the page
-// fetches both itself.
-const QString guiones = uR"(<script src="../../jscript/jquery.tools.min.js"></script>
-<script src="../../../configuracion.txt"></script>
-)"_s;
+// The script that is put at the end of a stored report card brings no library, and looks for the
+// school's details one folder short. So the page brings both, as a page that is read on the service
+// does: the library from the service, the details written into it.
+QString guiones(const Contexto &c)
+{
+    QString html = u"<script src=\""_s + c.base + u"/jscript/jquery.tools.min.js\"></script>\r\n"_s
+                   + u"<script>"_s;
+    for (const char *campo : {"MICOLEGIO", "SLOGAN", "CDANE", "DIRECCION", "TELEFONO"}) {
+        const QString nombre = QLatin1String(campo);
+        // Escaped for HTML, which is what the script puts it into, it holds no quotes.
+        const QString valor = texto(c.ajuste(nombre)).replace(u'\\', u"\\\\"_s);
+        html += u"var "_s + nombre.toLower() + u" = \""_s + valor + u"\";"_s;
+    }
+    return html + u"</script>\r\n"_s;
+}
 
 const QString estiloBoletin = uR"(
 .observa { margin-top: 16px; padding: 10px 14px; border: 1px solid #d5dde7; min-height: 66px; }
@@ -102,7 +111,7 @@ QString demo::boletin(const Contexto &c, const AlumnoDemo &alumno, int periodo, 
           "class=\"cargo\">Acudiente</div>"
           "</div></div></div>"_s.arg(texto(salon->director), texto(alumno.acudiente));
     return pagina(u"Periodo %1 - %2"_s.arg(periodo).arg(alumno.nombre), estiloBoletin, cuerpo,
-                  guiones);
+                  guiones(c));
 }
 
 QString demo::planillaAsignatura(const Contexto &c, const SalonDemo &salon, int materia)

@@ -35,7 +35,7 @@ private Q_SLOTS:
     void hojaMatricula_traeFotoOSilueta();
     void infoAlumno_noNombraAlServicio();
     void documentos_dejanDatosAlGuion();
-    void boletin_dejaTodoAlGuionYTraeLosSuyos();
+    void boletin_dejaTodoAlGuionYLoTraeDelServicio();
     void direccionesAbsolutas_sonSoloLasQueSeReemplazan();
 };
 
@@ -146,16 +146,26 @@ void tst_paginas::documentos_dejanDatosAlGuion()
     }
 }
 
-void tst_paginas::boletin_dejaTodoAlGuionYTraeLosSuyos()
+void tst_paginas::boletin_dejaTodoAlGuionYLoTraeDelServicio()
 {
     for (const int clase : {1, 2}) {
         const QString pagina = boletin(contexto, escuela.alumnos.first(), 2, clase);
         for (const char *campo : {"MICOLEGIO", "SLOGAN", "CDANE", "DIRECCION", "TELEFONO"})
             QCOMPARE(pagina.count(u"id=\"cfg%1\"></"_s.arg(QLatin1String(campo))), 1);
         const qsizetype biblioteca =
-            pagina.indexOf(u"<script src=\"../../jscript/jquery.tools.min.js\">"_s);
-        const qsizetype datos = pagina.indexOf(u"<script src=\"../../../configuracion.txt\">"_s);
-        QVERIFY(biblioteca > 0 && datos > biblioteca && datos < pagina.indexOf(u"</head>"_s));
+            pagina.indexOf(u"<script src=\""_s + base + u"/jscript/jquery.tools.min.js\">"_s);
+        QVERIFY(biblioteca > 0 && biblioteca < pagina.indexOf(u"</head>"_s));
+        QVERIFY(!pagina.contains(u"configuracion.txt"_s));
+        for (const auto &[variable, campo] : {std::pair{u"micolegio"_s, u"MICOLEGIO"_s},
+                                              {u"slogan"_s, u"SLOGAN"_s},
+                                              {u"cdane"_s, u"CDANE"_s},
+                                              {u"direccion"_s, u"DIRECCION"_s},
+                                              {u"telefono"_s, u"TELEFONO"_s}}) {
+            const QString valor = escuela.ajustes.value(campo);
+            QVERIFY(!valor.isEmpty());
+            QVERIFY2(pagina.contains(u"var %1 = \"%2\";"_s.arg(variable, valor.toHtmlEscaped())),
+                     qPrintable(variable));
+        }
     }
 }
 
@@ -175,7 +185,7 @@ void tst_paginas::direccionesAbsolutas_sonSoloLasQueSeReemplazan()
         {certificado(contexto, alumno, 2), {colegio}},
         {hojaMatricula(contexto, alumno),
          {colegio, u"/jup/images/123/"_s, u"/images/default-avatar.png"_s}},
-        {boletin(contexto, alumno, 1, 2), {colegio}},
+        {boletin(contexto, alumno, 1, 2), {colegio, u"/jscript/jquery.tools.min.js"_s}},
         {pazYsalvo(contexto, alumno), {colegio}},
         {planillaAsignatura(contexto, salon, 0), {colegio}},
         {observador(contexto, alumno),
