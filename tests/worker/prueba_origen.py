@@ -5,10 +5,13 @@ import socket
 import subprocess
 import threading
 import unittest
+from pathlib import Path
 
 from dibujador import ConDibujador
 from impresion import GUARDA, ROJO, VERDE, png, puntos
 from servicio_prueba import Servicio, responder
+
+BIBLIOTECA = Path("/usr/share/javascript/jquery/jquery.min.js")
 
 
 def enviada(final, estado=302):
@@ -48,6 +51,23 @@ class Origen(ConDibujador):
                    f"fetch('{self.origen}/ya'); }}, 0);</script>")
         self.assertGreater(puntos(self.pdf, ROJO), 500)
         self.assertIn("/2.png", self.servicio.pedidos)
+
+    def test_report_card_gets_its_school_fields(self):
+        # The script at the end is what a stored report card ends with: it brings no library, and
+        # its first file exists nowhere.
+        self.paginas["/jscript/jquery.tools.min.js"] = BIBLIOTECA.read_bytes()
+        papel = self.papel(
+            f"<html><head><script src='{self.origen}/jscript/jquery.tools.min.js'></script><script>"
+            "var micolegio = 'Colegio Peñón', slogan = 'Lema', cdane = '1234', direccion = 'Calle 5',"
+            "telefono = '678';</script></head><body><p id=cfgMICOLEGIO></p><p id=cfgSLOGAN></p>"
+            "<p id=cfgCDANE></p><p id=cfgDIRECCION></p><p id=cfgTELEFONO></p></body></html>"
+            "<script language='javascript' src='../../configuracion.txt'></script>"
+            "<script type='text/javascript'>$(document).ready(function() {    "
+            "$('#cfgMICOLEGIO').html(micolegio); $('#cfgSLOGAN').html(slogan);"
+            "$('#cfgCDANE').html(cdane);$('#cfgDIRECCION').html(direccion);"
+            "$('#cfgTELEFONO').html(telefono); });</script>",
+            "Quorvela/1-2010/archivos/boletines/P2/1234.html")
+        self.assertEqual(" ".join(papel.split()), "Colegio Peñón Lema 1234 Calle 5 678")
 
     def test_what_scripts_fetch_and_frames_show_is_on_paper(self):
         # As in any browser, a script reads only what the service lets pages read.
