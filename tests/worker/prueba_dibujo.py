@@ -7,7 +7,7 @@ from pathlib import Path
 from impresion import GUARDA, ROJO, TRABAJADOR, Prueba, medida, puntos, texto
 
 DIBUJADOR = Path(TRABAJADOR).parent / "parvanel-print-render"
-HECHO, MAL_USO, SIN_PAGINA, SIN_PDF = 0, 2, 3, 4
+HECHO, MAL_USO, SIN_PAGINA, SIN_PDF, MOTOR_CAIDO = 0, 2, 3, 4, 5
 
 
 class Dibujo(Prueba):
@@ -68,6 +68,26 @@ class Dibujo(Prueba):
             self.assertEqual(self.dibujar(*argumentos), MAL_USO, argumentos)
         for pedido in ("a b c\nx\ny\n", "1 2 3\nx\ny\n"):
             self.assertEqual(self.dibujar("--espera", entrada=pedido.encode()), MAL_USO)
+
+    @unittest.skipIf(b"__asan_init" in DIBUJADOR.read_bytes(),
+                     "the address sanitizer's own tables are beyond the limit")
+    def test_script_that_wants_all_memory_is_refused_it(self):
+        for clase, uno in (("typed array", "new Uint8Array(1 << 20).fill(1)"),
+                           ("buffer", "new Uint32Array(new ArrayBuffer(1 << 20)).fill(1)"),
+                           ("WebAssembly", "new Uint8Array(new WebAssembly.Memory({initial: 16,"
+                                             "maximum: 16}).buffer).fill(1)")):
+            with self.subTest(clase):
+                pagina = self.archivo(
+                    "m.html", "<p id=d>sin parar</p><script>const a = []; try {"
+                    f"for (let i = 0; i < 1500; ++i) a.push({uno}); }} catch (e) {{ a.length = 0;"
+                    "document.getElementById('d').innerText = 'parado'; }</script>")
+                codigo = self.dibujar(pagina, self.pdf)
+                if clase == "WebAssembly":
+                    self.assertIn(codigo, (HECHO, MOTOR_CAIDO))  # the engine may not survive that
+                else:
+                    self.assertEqual(codigo, HECHO)
+                if codigo == HECHO:
+                    self.assertEqual(texto(self.pdf).strip(), "parado")
 
     def test_path_with_a_nul_is_refused(self):
         # No file can have such a name. The input stays open, as the worker leaves it: the answer

@@ -126,6 +126,7 @@ int main(int argc, char **argv)
         prctl(PR_SET_PDEATHSIG, SIGKILL); // of no use without the worker that started it
 
     motor::limpiarEntorno();
+    motor::limitarMemoria();
     const motor::Encargo encargo = motor::encargo();
     const QString carpeta = casa::mudar();
     auto &pasarela = *new Pasarela(encargo.origen); // its threads end with the process

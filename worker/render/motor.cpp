@@ -7,6 +7,7 @@
 
 #include <pwd.h>
 #include <string_view>
+#include <sys/resource.h>
 #include <unistd.h>
 #include <vector>
 
@@ -71,6 +72,18 @@ void motor::limpiarEntorno()
     }
     for (const QByteArray &una : ajenas)
         qunsetenv(una.constData());
+}
+
+void motor::limitarMemoria()
+{
+    // The script engine's own limit leaves out typed arrays and WebAssembly. This one counts what a
+    // process may write to; a page of ordinary size has a sixth of it. The address sanitizer's
+    // tables alone are beyond any such limit.
+#if !defined(__SANITIZE_ADDRESS__)
+    constexpr rlimit tope{rlim_t{1} << 30, rlim_t{1} << 30};
+    // A tighter limit of the user's own, which cannot be raised, serves as well.
+    [[maybe_unused]] const int puesto = setrlimit(RLIMIT_DATA, &tope);
+#endif
 }
 
 void motor::prepararEntorno(std::uint16_t pasarela)

@@ -27,6 +27,10 @@ Encargo encargo();
 // Before anything else.
 void limpiarEntorno();
 
+// Bounds the memory of this process and of each that it starts. A page's script that asks for more
+// is refused it; a page that cannot do without dies alone.
+void limitarMemoria();
+
 // Sets the variables that the engine reads at its start. Before any other Qt call. `pasarela`: the
 // port of the engine's one way out, 0 for none.
 void prepararEntorno(std::uint16_t pasarela);
