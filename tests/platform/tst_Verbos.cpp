@@ -433,7 +433,7 @@ void tst_Verbos::obreroMuerto_seReemplaza()
 void tst_Verbos::obreroMuertoSinLeer_todoAlSiguiente()
 {
     ponerPrograma(u"parvanel-print"_s, anota + esperaPermiso + terminaSiEsPrimero + leeTodo);
-    const QStringList rutas = documentos(1000); // of more than 200 bytes each
+    const QStringList rutas = documentos(400); // about 80 KB, more than a pipe holds
     auto verbos = std::make_unique<Verbos>();
     for (const QString &ruta : rutas)
         verbos->imprimir(ruta);
@@ -479,7 +479,7 @@ void tst_Verbos::obreroQueTerminaSiempre_pocosArranques()
 {
     ponerPrograma(u"parvanel-print"_s, anota);
     Verbos verbos;
-    for (const QString &ruta : documentos(60)) {
+    for (const QString &ruta : documentos(20)) {
         verbos.imprimir(ruta);
         QTRY_VERIFY(hijos().isEmpty()); // however late it is noticed that it has ended
     }
@@ -549,7 +549,7 @@ void tst_Verbos::obrero_sabeElOrigenYLaRaiz()
 void tst_Verbos::obreroAtascado_noDetiene()
 {
     ponerPrograma(u"parvanel-print"_s, anota + esperaPermiso + leeTodo);
-    const QStringList rutas = documentos(1000);
+    const QStringList rutas = documentos(400);
     QList<QByteArray> esperadas;
     Verbos verbos;
     for (const QString &ruta : rutas) {

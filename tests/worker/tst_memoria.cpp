@@ -82,16 +82,16 @@ void TstMemoria::groupThatIsNotThere_holdsNothing()
 
 void TstMemoria::groupOfTwo_countsBoth()
 {
-    const Pareja pareja(200 * mega, false);
-    QVERIFY(memoria::excede(pareja.grupo(), 390 * mega));
+    const Pareja pareja(100 * mega, false);
+    QVERIFY(memoria::excede(pareja.grupo(), 195 * mega));
     QVERIFY(!memoria::excede(pareja.grupo(), 1000 * mega));
 }
 
 void TstMemoria::sharedMemory_countsOnce()
 {
-    const Pareja pareja(200 * mega, true);
-    QVERIFY(memoria::excede(pareja.grupo(), 190 * mega));
-    QVERIFY(!memoria::excede(pareja.grupo(), 390 * mega));
+    const Pareja pareja(100 * mega, true);
+    QVERIFY(memoria::excede(pareja.grupo(), 95 * mega));
+    QVERIFY(!memoria::excede(pareja.grupo(), 195 * mega));
 }
 
 QTEST_GUILESS_MAIN(TstMemoria)
