@@ -71,16 +71,24 @@ private:
     std::thread oyente;
 };
 
+static demo::Vigencia vigencia(ServicioDemo::Modo modo)
+{
+    if (modo == ServicioDemo::Modo::HttpsVencido)
+        return demo::Vigencia::Pasada;
+    return modo == ServicioDemo::Modo::HttpsPorVenir ? demo::Vigencia::Futura
+                                                     : demo::Vigencia::Ahora;
+}
+
 ServicioDemo::Interno::Interno(const TamanoEscuela &tamano, Modo modo)
     : escuela(generarEscuela(tamano))
 {
-    if (modo == Modo::Https)
-        identidad = crearIdentidadTls();
+    if (modo != Modo::Http)
+        identidad = crearIdentidadTls(vigencia(modo));
     if (pipe2(parada, O_CLOEXEC) != 0)
         throw std::runtime_error("no pipe for the demonstration service");
     const int puerto = abrirPuerto();
     base = QStringLiteral("%1://127.0.0.1:%2")
-               .arg(modo == Modo::Https ? QStringLiteral("https") : QStringLiteral("http"))
+               .arg(modo == Modo::Http ? QStringLiteral("http") : QStringLiteral("https"))
                .arg(puerto);
     rutas = std::make_unique<Rutas>(escuela, base);
     relevo = std::make_unique<Relevo>(*rutas);

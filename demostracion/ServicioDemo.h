@@ -48,10 +48,11 @@ struct Falla {
 
 class ServicioDemo {
 public:
-    enum class Modo { Http, Https };
+    enum class Modo { Http, Https, HttpsVencido, HttpsPorVenir };
 
     // Https uses a certificate for 127.0.0.1 and localhost made at start by a certificate
-    // authority of its own; see autoridad().
+    // authority of its own; see autoridad(). HttpsVencido is the same with a certificate that has
+    // expired, HttpsPorVenir with one that is not good yet.
     explicit ServicioDemo(const TamanoEscuela &tamano = {}, Modo modo = Modo::Http);
     ~ServicioDemo();
     ServicioDemo(const ServicioDemo &) = delete;
@@ -59,7 +60,7 @@ public:
 
     // Scheme, host and port without a trailing slash: "http://127.0.0.1:40123".
     QString base() const;
-    // The certificate authority in PEM (Https only, else empty).
+    // The certificate authority in PEM (not for Http: empty).
     QByteArray autoridad() const;
     const Escuela &escuela() const;
 

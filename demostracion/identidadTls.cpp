@@ -42,7 +42,7 @@ void extension(X509 *certificado, X509 *emisor, int cual, const char *valor)
     X509_EXTENSION_free(una);
 }
 
-Certificado certificado(EVP_PKEY *llave, const char *nombre)
+Certificado certificado(EVP_PKEY *llave, const char *nombre, long desdeDia, long hastaDia)
 {
     Certificado nuevo(X509_new());
     exigir(nuevo != nullptr);
@@ -55,8 +55,8 @@ Certificado certificado(EVP_PKEY *llave, const char *nombre)
     for (const unsigned char byte : serie)
         numero = numero << 8 | byte;
     ASN1_INTEGER_set_uint64(X509_get_serialNumber(nuevo.get()), numero >> 1 | 1);
-    X509_gmtime_adj(X509_getm_notBefore(nuevo.get()), -unDia);
-    X509_gmtime_adj(X509_getm_notAfter(nuevo.get()), 365 * unDia);
+    X509_gmtime_adj(X509_getm_notBefore(nuevo.get()), desdeDia * unDia);
+    X509_gmtime_adj(X509_getm_notAfter(nuevo.get()), hastaDia * unDia);
     X509_set_pubkey(nuevo.get(), llave);
     X509_NAME_add_entry_by_txt(X509_get_subject_name(nuevo.get()), "CN", MBSTRING_UTF8,
                                reinterpret_cast<const unsigned char *>(nombre), -1, -1, 0);
@@ -72,21 +72,23 @@ void BorraContexto::operator()(ssl_ctx_st *contexto) const
     SSL_CTX_free(contexto);
 }
 
-IdentidadTls crearIdentidadTls()
+IdentidadTls crearIdentidadTls(Vigencia vigencia)
 {
     const Llave llaveAutoridad(EVP_EC_gen("P-256"));
     const Llave llave(EVP_EC_gen("P-256"));
     exigir(llaveAutoridad && llave);
 
     const Certificado autoridad =
-        certificado(llaveAutoridad.get(), "Autoridad de la escuela de demostración");
+        certificado(llaveAutoridad.get(), "Autoridad de la escuela de demostración", -30, 365);
     X509_set_issuer_name(autoridad.get(), X509_get_subject_name(autoridad.get()));
     extension(autoridad.get(), autoridad.get(), NID_basic_constraints, "critical,CA:TRUE");
     extension(autoridad.get(), autoridad.get(), NID_key_usage, "critical,keyCertSign,cRLSign");
     extension(autoridad.get(), autoridad.get(), NID_subject_key_identifier, "hash");
     exigir(X509_sign(autoridad.get(), llaveAutoridad.get(), EVP_sha256()) > 0);
 
-    const Certificado propio = certificado(llave.get(), "127.0.0.1");
+    const long desde = vigencia == Vigencia::Futura ? 1 : vigencia == Vigencia::Pasada ? -20 : -1;
+    const long hasta = vigencia == Vigencia::Pasada ? -1 : 365;
+    const Certificado propio = certificado(llave.get(), "127.0.0.1", desde, hasta);
     X509_set_issuer_name(propio.get(), X509_get_subject_name(autoridad.get()));
     extension(propio.get(), autoridad.get(), NID_basic_constraints, "critical,CA:FALSE");
     extension(propio.get(), autoridad.get(), NID_key_usage, "critical,digitalSignature");

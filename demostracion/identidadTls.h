@@ -19,7 +19,10 @@ struct IdentidadTls {
     QByteArray autoridad;                                // PEM
 };
 
+// When the service's certificate is good.
+enum class Vigencia { Ahora, Pasada, Futura };
+
 // Throws std::runtime_error when the library cannot make it.
-IdentidadTls crearIdentidadTls();
+IdentidadTls crearIdentidadTls(Vigencia vigencia = Vigencia::Ahora);
 
 } // namespace demo

@@ -12,6 +12,11 @@
 #include <QTimer>
 #include <QUrl>
 
+#include <array>
+
+#include <sys/inotify.h>
+#include <unistd.h>
+
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
@@ -77,6 +82,9 @@ private Q_SLOTS:
     void peticion_bytesExactos();
     void otraAutoridad_rechazada_data();
     void otraAutoridad_rechazada();
+    void certificadoFueraDeFecha_rechazado_data();
+    void certificadoFueraDeFecha_rechazado();
+    void variasPeticiones_autoridadesAbiertasUnaVez();
     void entorno_noApagaLaVerificacion();
     void otroNombre_rechazado();
     void porTunel_verificaElNombrePedido();
@@ -195,6 +203,58 @@ void tst_HttpsClient::otraAutoridad_rechazada()
     destino.open(QIODevice::WriteOnly);
     QVERIFY(!http.getArchivo(base + consulta, destino));
     QCOMPARE(servicio.peticiones().size(), 0); // not a byte of the request was given away
+}
+
+void tst_HttpsClient::certificadoFueraDeFecha_rechazado_data()
+{
+    QTest::addColumn<ServicioDemo::Modo>("modo");
+    QTest::addColumn<bool>("llega");
+    QTest::newRow("vencido") << ServicioDemo::Modo::HttpsVencido << false;
+    QTest::newRow("todavia no vale") << ServicioDemo::Modo::HttpsPorVenir << false;
+    QTest::newRow("en su fecha") << ServicioDemo::Modo::Https << true;
+}
+
+void tst_HttpsClient::certificadoFueraDeFecha_rechazado()
+{
+    QFETCH(ServicioDemo::Modo, modo);
+    QFETCH(bool, llega);
+    const ServicioDemo otro({}, modo);
+    const QByteArray direccion = otro.base().toLatin1() + consulta;
+    HttpClient http(archivoDe(otro.autoridad(), u"fechas.pem"_s));
+    QCOMPARE(http.get(direccion, cabecerasTexto).has_value(), llega);
+    QBuffer destino;
+    destino.open(QIODevice::WriteOnly);
+    QCOMPARE(http.getArchivo(direccion, destino), llega);
+    QCOMPARE(otro.peticiones().size(), llega ? 2 : 0);
+}
+
+// Parsing the system's bundle takes longer than a whole request.
+void tst_HttpsClient::variasPeticiones_autoridadesAbiertasUnaVez()
+{
+    servicio.fallar("externa", {Falla::Demora, {}, 0, 100ms});
+    // Closings are watched too: the system makes one of two equal events in a row.
+    const int vista = ::inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
+    QVERIFY(::inotify_add_watch(vista, QFile::encodeName(autoridad).constData(), IN_OPEN | IN_CLOSE)
+            >= 0);
+    HttpClient http(autoridad);
+    QTimer::singleShot(0, this, [&] { http.get(base + consulta, cabecerasTexto); });
+    QCOMPARE(http.get(base + consulta + "&externa", cabecerasTexto), valor);
+    for (int i = 0; i < 3; ++i) {
+        QBuffer destino;
+        destino.open(QIODevice::WriteOnly);
+        QVERIFY(http.getArchivo(base + consulta, destino));
+    }
+    QCOMPARE(servicio.peticiones().size(), 5);
+    int aperturas = 0;
+    alignas(inotify_event) std::array<char, 16384> sucesos;
+    const ssize_t leidos = ::read(vista, sucesos.data(), sucesos.size());
+    for (ssize_t donde = 0; donde < leidos;) {
+        const auto *suceso = reinterpret_cast<const inotify_event *>(sucesos.data() + donde);
+        aperturas += (suceso->mask & IN_OPEN) != 0 ? 1 : 0;
+        donde += static_cast<ssize_t>(sizeof(inotify_event) + suceso->len);
+    }
+    ::close(vista);
+    QCOMPARE(aperturas, 1);
 }
 
 void tst_HttpsClient::entorno_noApagaLaVerificacion()
