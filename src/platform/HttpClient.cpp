@@ -38,6 +38,18 @@ struct BorraLista {
 };
 using Lista = std::unique_ptr<curl_slist, BorraLista>;
 
+// Counts a request for as long as its caller waits.
+class EnCurso {
+public:
+    explicit EnCurso(int &cuantas) : m_cuantas(cuantas) { ++m_cuantas; }
+    ~EnCurso() { --m_cuantas; }
+    EnCurso(const EnCurso &) = delete;
+    EnCurso &operator=(const EnCurso &) = delete;
+
+private:
+    int &m_cuantas;
+};
+
 // Null when there are no headers, and when one of them could not be added.
 Lista listaDe(const HttpClient::Cabeceras &cabeceras)
 {
@@ -110,6 +122,9 @@ public:
     std::optional<long> seguir(const QByteArray &direccion, const Cabeceras &cabeceras,
                                const TransferenciaHttp::Recibir &recibir)
     {
+        if (m_enCurso == peticionesMaximas)
+            return std::nullopt;
+        const EnCurso esta(m_enCurso);
         direccionHttp::Partes actual = direccionHttp::separar(direccion);
         bool segura = direccionHttp::esSegura(direccion);
         for (int saltos = 0;; ++saltos) {
@@ -246,6 +261,7 @@ private:
     bool m_listo = false; // all of them could be had
     std::vector<Manija> m_libres;
     bool m_haContestado = false; // the service, in this process
+    int m_enCurso = 0;           // requests, one within the other
 };
 
 HttpClient::HttpClient(const QString &autoridades) : HttpClient(autoridades, Limites()) {}

@@ -1,10 +1,16 @@
 // One synchronous HTTP GET at a time for its caller, while the window's event loop goes on
-// turning: requests that handlers start from within a wait are served as well, and the innermost
-// wait drives them all.
+// turning: requests that handlers start from within a wait are served as well, and whatever turns
+// the loop, the innermost wait or a message box, moves all of them on. Each returns to its caller
+// only when those above it have; what became of it meanwhile stays as it is. So many waits within
+// one another are meant to be few, and are never more than `peticionesMaximas`.
 //
 // HTTP/1.1, each request over a connection of its own, sent once. Redirects are followed (10 at
 // the most, never from https to http), cookies live in memory for the life of the object, gzip
 // and deflate are accepted and decoded, certificates and host names are always verified.
+//
+// Once the service has answered, a request that finds this computer without a way out (no route,
+// an interface down, a name that cannot be looked up for now) tries again until the time for its
+// connection is over; nothing has been sent then. Every other failure is the request's at once.
 #pragma once
 
 #include <QByteArray>
@@ -21,8 +27,12 @@ class HttpClient {
 public:
     using Cabeceras = QList<QPair<QByteArray, QByteArray>>;
 
+    // The window needs three; one more than these, started from within them, fails at once.
+    static constexpr int peticionesMaximas = 8;
+
     struct Limites {
-        std::chrono::milliseconds conexion = std::chrono::seconds(60);  // to make a connection
+        // To make a connection, encryption and a proxy's consent included, in all attempts.
+        std::chrono::milliseconds conexion = std::chrono::seconds(60);
         std::chrono::milliseconds reintento = std::chrono::seconds(1);  // between two attempts
         std::chrono::milliseconds silencio = std::chrono::seconds(120); // without a byte moved
         // Bytes, decoded: of a body in memory, and of a redirect's own body, a download's too.
@@ -37,7 +47,8 @@ public:
     HttpClient &operator=(const HttpClient &) = delete;
 
     // The body of the reply, of any HTTP status; nothing when the request failed: no connection,
-    // no HTTP reply, a body that broke off, a limit passed.
+    // no HTTP reply, a body that broke off or cannot be decoded, an address that cannot be read, a
+    // limit passed, or something that the request needs could not be had.
     // `direccion` holds the bytes of the whole address as the caller built it. A byte that cannot
     // stand in a request target becomes %XX on the wire; nothing else is escaped or normalised
     // (the address that a redirect names is resolved as usual).

@@ -11,6 +11,7 @@
 
 #include <atomic>
 #include <csignal>
+#include <functional>
 #include <semaphore>
 
 #include <unistd.h>
@@ -55,6 +56,7 @@ private Q_SLOTS:
     void anidada_laInternaTerminaPrimero();
     void anidada_laExternaLlegaMientrasTanto();
     void anidadas_tresNiveles();
+    void anidadas_masDeLasQueCaben_laUltimaFalla();
     void anidada_fallaSinDanarALaExterna();
     void anidada_descargaDentroDeTexto();
     void anidada_mismasGalletas();
@@ -166,6 +168,35 @@ void tst_HttpEspera::anidadas_tresNiveles()
     });
     llegadas += http.get(guion.base() + "/1", {}).value_or("-");
     QCOMPARE(llegadas, (QList<QByteArray>{"/3", "/2", "/1"}));
+}
+
+// Waits within waits have an end: what would be one too many fails at once, and harms none of the
+// others.
+void tst_HttpEspera::anidadas_masDeLasQueCaben_laUltimaFalla()
+{
+    std::counting_semaphore<> ultimaFallida(0);
+    const ServidorGuion guion([&](Charla &charla) {
+        const QByteArray cabeza = charla.leerCabeza();
+        if (!ultimaFallida.try_acquire_for(plazo)) // none is answered before
+            return;
+        contestar(charla, cabeza);
+        charla.clienteCierra();
+    });
+    HttpClient http;
+    QList<QByteArray> llegadas;
+    std::function<void(int)> pedir = [&](int numero) {
+        if (numero <= HttpClient::peticionesMaximas)
+            QTimer::singleShot(0, this, [&pedir, numero] { pedir(numero + 1); });
+        const QByteArray destino = "/" + QByteArray::number(numero);
+        llegadas += http.get(guion.base() + destino, {}).value_or("nada");
+        if (numero > HttpClient::peticionesMaximas)
+            ultimaFallida.release(HttpClient::peticionesMaximas);
+    };
+    pedir(1);
+    QCOMPARE(llegadas, (QList<QByteArray>{"nada", "/8", "/7", "/6", "/5", "/4", "/3", "/2", "/1"}));
+    QCOMPARE(guion.conexiones(), 8);
+    ultimaFallida.release();
+    QCOMPARE(http.get(guion.base() + "/despues", {}), QByteArray("/despues"));
 }
 
 void tst_HttpEspera::anidada_fallaSinDanarALaExterna()
