@@ -40,7 +40,8 @@ bool IntentosHttp::otroTras(CURLcode resultado)
     if (resultado != CURLE_COULDNT_RESOLVE_HOST && resultado != CURLE_COULDNT_RESOLVE_PROXY)
         return false;
     // The library does not tell a name that does not exist from a look-up that fails for now.
-    m_consulta = HttpClientSistema::consultar(m_transferencia.nombreBuscado());
+    const QByteArray nombre = m_transferencia.nombreBuscado();
+    m_consulta = nombre.isEmpty() ? nullptr : HttpClientSistema::consultar(nombre);
     if (m_consulta)
         m_mirada.start(20ms);
     return m_consulta != nullptr;

@@ -58,6 +58,8 @@ bool TransferenciaHttp::sinSalida() const
 QByteArray TransferenciaHttp::nombreBuscado() const
 {
     const QByteArray error(m_error.data());
+    if (!error.startsWith("Could not resolve "))
+        return {};
     return error.mid(error.lastIndexOf(": ") + 2);
 }
 
@@ -116,15 +118,15 @@ int TransferenciaHttp::alConectar(void *quien, char *, char *, int, int)
 // empty line of these comes after the body.
 void TransferenciaHttp::recibirCabecera(const QByteArray &linea)
 {
+    if (m_definitiva)
+        return;
     if (linea.startsWith("HTTP/")) {
         m_lugar.clear();
         m_codificaciones.clear();
         m_cabeceraEntera = false;
-    } else if (m_cabeceraEntera) {
-        return;
     } else if (linea.trimmed().isEmpty()) {
         terminarCabecera();
-    } else {
+    } else if (!m_cabeceraEntera) {
         leerCabecera(linea);
     }
 }
@@ -149,6 +151,7 @@ void TransferenciaHttp::leerCabecera(const QByteArray &linea)
 void TransferenciaHttp::terminarCabecera()
 {
     m_cabeceraEntera = true;
+    m_definitiva = estado() >= 200;
     m_cuerpo = std::make_unique<DecodificacionHttp>(
         m_codificaciones,
         [this](const char *datos, qsizetype cuantos) { return recibirCuerpo(datos, cuantos); });

@@ -49,6 +49,7 @@ public:
     // was tried, then or by now (a cable that is out takes the system a moment to notice).
     bool sinSalida() const;
     // Of the last attempt, when a name was not found: that name, the service's or the proxy's.
+    // Empty when it is not known.
     QByteArray nombreBuscado() const;
     bool cabeceraEntera() const { return m_cabeceraEntera; }
     // Whether the headers have come to their end, and the body to the end that it tells itself.
@@ -79,5 +80,6 @@ private:
     QByteArray m_lugar;
     QList<QByteArray> m_codificaciones;
     bool m_cabeceraEntera = false;
+    bool m_definitiva = false;                    // it is that of the reply, and no warning's
     std::unique_ptr<DecodificacionHttp> m_cuerpo; // there when the headers are
 };

@@ -58,6 +58,7 @@ private Q_SLOTS:
     void cuerpoDelSalto_noCuentaEnElFinal();
     void cuerpoDelSaltoSobreElLimite_falla_data();
     void cuerpoDelSaltoSobreElLimite_falla();
+    void saltoQueSeCorta_falla_data();
     void saltoQueSeCorta_falla();
     void haciaError_segunSeaTextoODescarga();
     void haciaNadie_falla();
@@ -288,10 +289,20 @@ void tst_HttpRedirecciones::cuerpoDelSaltoSobreElLimite_falla()
     QCOMPARE(guion.destinos(), (QList<QByteArray>{"/una", "/una"}));
 }
 
+void tst_HttpRedirecciones::saltoQueSeCorta_falla_data()
+{
+    QTest::addColumn<QByteArray>("resto");
+    QTest::newRow("antes de su largo") << QByteArray("Content-Length: 9\r\n\r\nabc");
+    QTest::newRow("en su compresion")
+        << "Content-Encoding: gzip\r\nContent-Length: 20\r\n\r\n"
+               + QByteArray::fromHex("1f8b0800000000000203aba81805a360140c7700");
+}
+
 void tst_HttpRedirecciones::saltoQueSeCorta_falla()
 {
-    const ServidorGuion guion(porTurnos(
-        {"HTTP/1.1 302 Found\r\nLocation: /otra\r\nContent-Length: 9\r\n\r\nabc", final}));
+    QFETCH(QByteArray, resto);
+    const ServidorGuion guion(
+        porTurnos({"HTTP/1.1 302 Found\r\nLocation: /otra\r\n" + resto, final}));
     HttpClient http;
     QCOMPARE(http.get(guion.base() + "/una", {}), std::nullopt);
     QCOMPARE(guion.conexiones(), 1);

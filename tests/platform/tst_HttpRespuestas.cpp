@@ -133,6 +133,9 @@ void tst_HttpRespuestas::respuesta_cuerpo_data()
         << "HTTP/1.1 103 Hints\r\nContent-Encoding: gzip\r\n\r\n" + ok
                + "Content-Length: 3\r\n\r\nabc"
         << QByteArray("abc");
+    QTest::newRow("lo que parece otra respuesta tras el cuerpo")
+        << ok + "Transfer-Encoding: chunked\r\n\r\n3\r\nabc\r\n0\r\nHTTP/1.1: 200\r\n\r\n"
+        << QByteArray("abc");
     QTest::newRow("compresion tras el cuerpo")
         << ok
                + "Transfer-Encoding: chunked\r\n\r\n3\r\nabc\r\n0\r\n"
@@ -216,6 +219,8 @@ void tst_HttpRespuestas::respuesta_rota_data()
     cortada("gzip entero de un deflate a medias", "deflate, gzip", zlibCortadoEnGzip);
     QTest::newRow("gzip en el transporte, a medias")
         << ok + "Transfer-Encoding: gzip, chunked\r\n\r\n14\r\n" + gzip.left(20) + "\r\n0\r\n\r\n";
+    QTest::newRow("error a medias")
+        << "HTTP/1.1 500 Mal\r\nContent-Encoding: gzip\r\n\r\n" + gzip.left(20);
     // What comes after a stream's own end.
     QTest::newRow("gzip y otro gzip") << ok + "Content-Encoding: gzip\r\n\r\n" + gzip + gzip;
     QTest::newRow("gzip y basura") << ok + "Content-Encoding: gzip\r\n\r\n" + gzip + "xyz";
