@@ -33,6 +33,13 @@ bool TransferenciaHttp::atender()
     return bien;
 }
 
+// The library writes there whenever it has an error to tell, at its cleaning up as well. It cannot
+// refuse to be given none.
+TransferenciaHttp::~TransferenciaHttp()
+{
+    static_cast<void>(curl_easy_setopt(easy, CURLOPT_ERRORBUFFER, nullptr));
+}
+
 bool TransferenciaHttp::renovar(long conexion)
 {
     m_error.front() = '\0';

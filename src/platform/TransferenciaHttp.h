@@ -22,12 +22,13 @@ public:
     using Recibir = std::function<bool(const char *, qsizetype)>;
     using Reloj = std::chrono::steady_clock;
 
-    // `easy` is borrowed. The object must not move: the library holds its address. `limiteSalto`:
-    // how many bytes a redirect's own body may have.
+    // `easy` is borrowed, and must outlive the object. The object must not move: the library holds
+    // its address. `limiteSalto`: how many bytes a redirect's own body may have.
     TransferenciaHttp(CURL *easy, const Recibir &recibir, qint64 limiteSalto)
         : easy(easy), m_recibir(recibir), m_limiteSalto(limiteSalto)
     {
     }
+    ~TransferenciaHttp();
     TransferenciaHttp(const TransferenciaHttp &) = delete;
     TransferenciaHttp &operator=(const TransferenciaHttp &) = delete;
 
