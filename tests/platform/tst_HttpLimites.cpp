@@ -232,7 +232,7 @@ void tst_HttpLimites::saludoQueNoLlega_seAbandona()
     else
         direccion = "https://127.0.0.1:" + QByteArray::number(mudo.puerto()) + "/";
     HttpClient::Limites limites;
-    limites.conexion = 300ms;
+    limites.conexion = 2s;
     limites.silencio = 1h;
     HttpClient http(HttpClient::autoridadesDelSistema(), limites);
     const auto respuesta = http.get(direccion, {});

@@ -58,7 +58,7 @@ void tst_HttpTerminada::cajaTrasElFin_conservaLaRespuesta_data()
 void tst_HttpTerminada::cajaTrasElFin_conservaLaRespuesta()
 {
     QFETCH(bool, descarga);
-    constexpr auto silencio = 2s;
+    constexpr auto silencio = 5s;
     std::binary_semaphore cajaAbierta(0);
     std::atomic<bool> leida = false;
     const ServidorGuion guion([&](Charla &charla) {
@@ -103,18 +103,18 @@ void tst_HttpTerminada::peticionTrasElFin_conservaLaRespuesta()
         internaPedida.release();
         if (!externaLeida.try_acquire_for(plazo))
             return;
-        charla.enviar("HTTP/1.1 200 OK\r\nContent-Length: 5\r\n\r\n");
-        for (int i = 0; i < 5; ++i) { // each byte well within the limit, all of them beyond it
+        charla.enviar("HTTP/1.1 200 OK\r\nContent-Length: 12\r\n\r\n");
+        for (int i = 0; i < 12; ++i) { // each byte well within the limit, all of them beyond it
             std::this_thread::sleep_for(500ms);
             charla.enviar("x");
         }
         charla.clienteCierra();
     });
-    HttpClient http(HttpClient::autoridadesDelSistema(), conSilencio(2s));
+    HttpClient http(HttpClient::autoridadesDelSistema(), conSilencio(5s));
     std::optional<QByteArray> interna;
     QTimer::singleShot(0, this, [&] { interna = http.get(guion.base() + "/interna", {}); });
     QCOMPARE(http.get(guion.base() + "/externa", {}), QByteArray("hola"));
-    QCOMPARE(interna, QByteArray("xxxxx"));
+    QCOMPARE(interna, QByteArray("xxxxxxxxxxxx"));
 }
 
 // Given up for its silence, it is gone at once, and not when the box above is closed: what the
@@ -127,7 +127,7 @@ void tst_HttpTerminada::abandonada_sueltaLaConexion()
         charla.enviar("HTTP/1.1 200 OK\r\nContent-Length: 9\r\n\r\nab");
         suelta = charla.clienteCierra(plazo);
     });
-    HttpClient http(HttpClient::autoridadesDelSistema(), conSilencio(1s));
+    HttpClient http(HttpClient::autoridadesDelSistema(), conSilencio(3s));
     bool sueltaConLaCajaAbierta = false;
     QTimer::singleShot(0, this, [&] {
         cajaAbiertaHasta([&] { return suelta.load(); });
