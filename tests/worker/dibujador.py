@@ -33,16 +33,17 @@ class ConDibujador(Prueba):
         propio.update(mas)
         return {k: v for k, v in propio.items() if v is not None}
 
-    def dibujar(self, pagina, **mas):
+    def dibujar(self, pagina, pdf=None, **mas):
         """The renderer's exit code for the page."""
-        self.pdf.unlink(missing_ok=True)
-        return subprocess.run([DIBUJADOR, pagina, self.pdf], timeout=2 * GUARDA, check=False,
+        pdf = pdf or self.pdf
+        pdf.unlink(missing_ok=True)
+        return subprocess.run([DIBUJADOR, pagina, pdf], timeout=2 * GUARDA, check=False,
                               env=self.entorno(**mas), capture_output=True).returncode
 
-    def papel(self, html, nombre="Quorvela/1-2010/pagina.html", **mas):
+    def papel(self, html, nombre="Quorvela/1-2010/pagina.html", pdf=None, **mas):
         """What is to be read on the page's paper."""
-        self.assertEqual(self.dibujar(self.archivo(nombre, html), **mas), HECHO)
-        return texto(self.pdf)
+        self.assertEqual(self.dibujar(self.archivo(nombre, html), pdf, **mas), HECHO)
+        return texto(pdf or self.pdf)
 
     def arbol(self):
         """All that lies in the home, but for the folder of temporary files."""
