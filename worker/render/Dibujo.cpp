@@ -121,11 +121,9 @@ void Dibujo::cargada(bool bien)
     }
     if (html_.isEmpty() || preguntando_ || imprimiendo_)
         return;
-    if (!bien && !pagina_.retenida()) {
-        Q_EMIT
-        terminado(salida::sinPagina);
-        return;
-    }
+    // A document that asks for a program of another kind, or to be closed, is reported as failed
+    // although it is there: whether there is one shows when it is to be printed.
+    fallida_ = !bien;
     preguntando_ = true;
     desdeCarga_.start();
     preguntarSiLista();
@@ -143,7 +141,8 @@ void Dibujo::preguntarSiLista()
     pagina_.runJavaScript(
         QString::fromLatin1(preguntaLista), QWebEngineScript::ApplicationWorld,
         [this](const QVariant &lista) {
-            if (lista.toBool() || (pagina_.retenida() && desdeCarga_.hasExpired(paciencia.count())))
+            if (lista.toBool()
+                || ((fallida_ || pagina_.retenida()) && desdeCarga_.hasExpired(paciencia.count())))
                 imprimir();
             else
                 pregunta_.start();

@@ -44,5 +44,6 @@ private:
     QTimer detencion_;
     bool calentando_ = false;
     bool preguntando_ = false;
+    bool fallida_ = false;
     bool imprimiendo_ = false;
 };

@@ -1,5 +1,7 @@
 #include "worker/render/Pagina.h"
 
+#include <QWebEngineScript>
+#include <QWebEngineScriptCollection>
 #include <QWebEngineSettings>
 
 Pagina::Pagina(QWebEngineProfile *perfil, QObject *parent) : QWebEnginePage(perfil, parent)
@@ -19,8 +21,22 @@ Pagina::Pagina(QWebEngineProfile *perfil, QObject *parent) : QWebEnginePage(perf
     ajustes->setAttribute(QWebEngineSettings::PdfViewerEnabled, false);
     ajustes->setAttribute(QWebEngineSettings::AutoLoadIconsForPage, false);
     ajustes->setAttribute(QWebEngineSettings::WebRTCPublicInterfacesOnly, true);
+    // The handler of another kind of address is a program on the user's screen.
+    ajustes->setUnknownUrlSchemePolicy(QWebEngineSettings::DisallowUnknownUrlSchemes);
+    callarImpresion();
     // A page without a window counts as hidden, and the timers of hidden pages tick once a second.
     setVisible(true);
+}
+
+// A page that prints itself whenever it has been printed would never be done.
+void Pagina::callarImpresion()
+{
+    QWebEngineScript guion;
+    guion.setSourceCode(QStringLiteral("window.print = () => {};"));
+    guion.setInjectionPoint(QWebEngineScript::DocumentCreation);
+    guion.setWorldId(QWebEngineScript::MainWorld);
+    guion.setRunsOnSubFrames(true);
+    scripts().insert(guion);
 }
 
 void Pagina::abrir(const QString &archivo)

@@ -31,6 +31,8 @@ protected:
                                   int linea, const QString &fuente) override;
 
 private:
+    void callarImpresion();
+
     QUrl documento_;
     bool retenida_ = false;
 };

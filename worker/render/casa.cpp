@@ -16,16 +16,19 @@ constexpr auto certificados = ".pki/nssdb";
 void enlazar(const fs::path &suya, const fs::path &nueva, const char *nombre)
 {
     std::error_code falta; // without them a page is drawn with the system's own
-    if (!fs::exists(suya / nombre, falta))
+    if (!suya.is_absolute() || !fs::exists(suya / nombre, falta))
         return;
     fs::create_directories((nueva / nombre).parent_path(), falta);
     fs::create_symlink(suya / nombre, nueva / nombre, falta);
 }
 
-void fijar(const char *variable, const fs::path &carpeta)
+// One of the standard folders, which lies in the home unless the user says otherwise.
+void mudarCarpeta(const char *variable, const fs::path &suya, const fs::path &nueva,
+                  const char *enCasa, const char *nombre)
 {
-    if (qEnvironmentVariableIsEmpty(variable))
-        qputenv(variable, QByteArray::fromStdString(carpeta.string()));
+    const std::string dicha = qgetenv(variable).toStdString();
+    enlazar(dicha.empty() ? suya / enCasa : fs::path(dicha), nueva / enCasa, nombre);
+    qputenv(variable, QByteArray::fromStdString((nueva / enCasa).string()));
 }
 
 } // namespace
@@ -36,15 +39,13 @@ QString casa::mudar()
     std::error_code falla;
     std::string modelo = (fs::temp_directory_path(falla) / "parvanel-casa-XXXXXX").string();
     const bool hecha = !falla && mkdtemp(modelo.data());
-    qputenv("HOME", hecha ? QByteArray::fromStdString(modelo) : QByteArray("/dev/null"));
-    if (suya.is_absolute()) {
-        fijar("XDG_CONFIG_HOME", suya / ".config");
-        fijar("XDG_DATA_HOME", suya / ".local/share");
-        fijar("XDG_CACHE_HOME", suya / ".cache");
-        if (hecha)
-            for (const char *nombre : {certificados, ".fonts", ".fonts.conf", ".fonts.conf.d"})
-                enlazar(suya, modelo, nombre);
-    }
+    const fs::path nueva = hecha ? modelo : "/dev/null";
+    qputenv("HOME", QByteArray::fromStdString(nueva.string()));
+    for (const char *nombre : {certificados, ".fonts", ".fonts.conf", ".fonts.conf.d"})
+        enlazar(suya, nueva, nombre);
+    mudarCarpeta("XDG_CONFIG_HOME", suya, nueva, ".config", "fontconfig");
+    mudarCarpeta("XDG_DATA_HOME", suya, nueva, ".local/share", "fonts");
+    mudarCarpeta("XDG_CACHE_HOME", suya, nueva, ".cache", "fontconfig");
     return hecha ? QFile::decodeName(modelo.c_str()) : QString();
 }
 
