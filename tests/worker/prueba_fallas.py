@@ -42,16 +42,33 @@ class Fallas(ConCups):
         self.assertEqual(anotado[0], (str(memoria), "la página agotó el motor de dibujo"))
         self.assertImpresos(anotado[1:], [bien])
 
-    def test_page_that_takes_too_much_memory_is_ended_and_the_next_are_printed(self):
+    def test_page_that_wants_all_memory_is_refused_it_and_the_next_are_printed(self):
         gula = self.archivo("gula.html", "<p>a</p><script>let a = [];"
                             "for (;;) a.push(new Uint8Array(1 << 26).fill(1));</script>")
         bien = [self.archivo(f"bien{i}.html", "<p>bien</p>") for i in range(3)]
         mayor = [0]
         with self.midiendo(mayor):
             anotado = self.imprimir(self.cups.entorno(), [gula, *bien], "--plazo-dibujo", "3600")
+        self.assertImpresos(anotado, [gula, *bien])
+        self.assertGreater(mayor[0], 1 << 29)  # it has been seen at all
+        self.assertLess(mayor[0], 3 << 30)
+
+    def test_renderer_that_takes_too_much_memory_is_ended_and_the_next_are_printed(self):
+        # What the engine takes by itself is refused to no script.
+        self.conDibujador("#!/usr/bin/python3\nimport sys, time\n"
+                          "html, pdf = [sys.stdin.readline().rstrip() for _ in range(3)][1:]\n"
+                          "lleno = []\n"
+                          "while 'gula' in html:\n"
+                          "    lleno.append(b'x' * (1 << 24)) if len(lleno) < 160 else time.sleep(1)\n"
+                          "open(pdf, 'w').write('%PDF-1.4\\n')\n")
+        gula = self.archivo("gula.html", "")
+        bien = [self.archivo(f"bien{i}.html", "") for i in range(3)]
+        mayor = [0]
+        with self.midiendo(mayor):
+            anotado = self.imprimir(self.cups.entorno(), [gula, *bien], "--plazo-dibujo", "3600")
         self.assertEqual(anotado[0], (str(gula), "la página pidió demasiada memoria"))
         self.assertImpresos(anotado[1:], bien)
-        self.assertGreater(mayor[0], 1 << 29)  # it has been seen at all
+        self.assertGreater(mayor[0], 1 << 29)
         self.assertLess(mayor[0], 3 << 30)
 
     def test_page_with_many_images_is_no_page_that_takes_too_much_memory(self):
