@@ -11,9 +11,9 @@
 namespace {
 
 // Everything of a row that is the same for all its records, filled in.
-Valores valoresDe(const FilaDescarga &fila, const Servicio &servicio)
+Valores valoresDe(const FilaDescarga &fila, const Entorno &entorno)
 {
-    Valores valores = rutasArchivo::valores(servicio);
+    Valores valores = rutasArchivo::valores(entorno);
     if (fila.tipo)
         valores.insert(QStringLiteral("tipo"), fila.tipo());
     valores.insert(QStringLiteral("salida"), completar(fila.salida, valores));
@@ -21,23 +21,23 @@ Valores valoresDe(const FilaDescarga &fila, const Servicio &servicio)
 }
 
 void guardarPagina(const FilaDescarga &fila, const QString &respuesta, const QString &archivo,
-                   const Valores &valores, Servicio &servicio)
+                   const Valores &valores, Entorno &entorno)
 {
     QString pagina = localizar(respuesta, fila.reemplazos, valores);
     if (fila.conGuion)
         pagina += guiones::documento();
-    escribirTexto(servicio, pagina, archivo + QStringLiteral(".html"), true);
+    escribirTexto(entorno, pagina, archivo + QStringLiteral(".html"), true);
 }
 
 void guardarFoto(const QString &respuesta, const QString &archivo, const Valores &valores,
-                 Servicio &servicio)
+                 Entorno &entorno)
 {
     // The whole reply and nothing else: a photo that the service is not sure of is not fetched.
     if (respuesta != u"SI")
         return;
     // A photo that does not arrive is missing in the archive, and the next student follows.
     [[maybe_unused]] const bool llego = descargarArchivo(
-        servicio, valores.value(QStringLiteral("foto")), archivo + QStringLiteral("-alumno.jpg"));
+        entorno, valores.value(QStringLiteral("foto")), archivo + QStringLiteral("-alumno.jpg"));
 }
 
 } // namespace
@@ -49,18 +49,18 @@ QString textoDescarga(const QString &prefijo, const QString &id, const QString &
            + QString::number(posicion) + QStringLiteral(" de ") + QString::number(cuantos);
 }
 
-void descargar(const FilaDescarga &fila, tcLista &lista, Servicio &servicio)
+void descargar(const FilaDescarga &fila, tcLista &lista, Entorno &entorno)
 {
-    Valores valores = valoresDe(fila, servicio);
+    Valores valores = valoresDe(fila, entorno);
     for (const QString &carpeta : fila.carpetas)
-        crearCarpeta(servicio, completar(carpeta, valores));
+        crearCarpeta(entorno, completar(carpeta, valores));
 
     elementosProgreso.barra1->ponerMaximo(lista.Count());
     elementosProgreso.barra1->ponerValor(0);
     elementosProgreso.barra2->avanzar();
     elementosProgreso.estadoTS->ponerTexto(fila.titulo);
 
-    frmCargador cargador(servicio);
+    frmCargador cargador(entorno);
     for (int posicion = 1; posicion <= lista.Count(); ++posicion) {
         const tcLista::Elemento elemento = lista.elemento(posicion);
         valores.insert(QStringLiteral("id"), elemento.id);
@@ -73,9 +73,9 @@ void descargar(const FilaDescarga &fila, tcLista &lista, Servicio &servicio)
                                                     completar(fila.parametros, valores), true);
         const QString archivo = sinSaltos(valores.value(QStringLiteral("salida"))) + elemento.id;
         if (fila.foto.isEmpty())
-            guardarPagina(fila, respuesta, archivo, valores, servicio);
+            guardarPagina(fila, respuesta, archivo, valores, entorno);
         else
-            guardarFoto(respuesta, archivo, valores, servicio);
+            guardarFoto(respuesta, archivo, valores, entorno);
 
         elementosProgreso.barra1->avanzar();
         ceder();
@@ -84,34 +84,34 @@ void descargar(const FilaDescarga &fila, tcLista &lista, Servicio &servicio)
 
 void tcSalones::downSalones()
 {
-    descargar(filasDescarga::salones, *this, m_servicio);
+    descargar(filasDescarga::salones, *this, m_entorno);
 }
 void tcSalones::downConsolidadoN()
 {
-    descargar(filasDescarga::consolidadoN, *this, m_servicio);
+    descargar(filasDescarga::consolidadoN, *this, m_entorno);
 }
 void tcSalones::downConsolidadoF()
 {
-    descargar(filasDescarga::consolidadoF, *this, m_servicio);
+    descargar(filasDescarga::consolidadoF, *this, m_entorno);
 }
 
 void tcAlumnos::downInfoFinal()
 {
-    descargar(filasDescarga::infoFinal, *this, m_servicio);
+    descargar(filasDescarga::infoFinal, *this, m_entorno);
 }
 void tcAlumnos::downCertificado()
 {
-    descargar(filasDescarga::certificado, *this, m_servicio);
+    descargar(filasDescarga::certificado, *this, m_entorno);
 }
 void tcAlumnos::downHojaMat()
 {
-    descargar(filasDescarga::hojaMat, *this, m_servicio);
+    descargar(filasDescarga::hojaMat, *this, m_entorno);
 }
 void tcAlumnos::downInfoAlumno()
 {
-    descargar(filasDescarga::infoAlumno, *this, m_servicio);
+    descargar(filasDescarga::infoAlumno, *this, m_entorno);
 }
 void tcAlumnos::downFotosAlumno()
 {
-    descargar(filasDescarga::fotosAlumno, *this, m_servicio);
+    descargar(filasDescarga::fotosAlumno, *this, m_entorno);
 }

@@ -9,7 +9,7 @@
 #include <QStringList>
 
 class tcLista;
-struct Servicio;
+struct Entorno;
 
 // One method. Texts may name the places of rutasArchivo::valores, {salida} (the row's output
 // folder), {tipo} (its document kind), {id} (the record's) and {foto} (the row's photo address).
@@ -46,7 +46,7 @@ QString tipoCertificado();
 
 // Stores one item for each record of the list, and drives the progress elements. A step that
 // fails is passed over: a page that did not come is stored as whatever came instead.
-void descargar(const FilaDescarga &fila, tcLista &lista, Servicio &servicio);
+void descargar(const FilaDescarga &fila, tcLista &lista, Entorno &entorno);
 
 // The text of one item: "Descargando Salon (14): 6A - 3 de 12".
 QString textoDescarga(const QString &prefijo, const QString &id, const QString &nombre,

@@ -57,16 +57,16 @@ void mostrar(const QString &texto, int posicion, int cuantas)
 
 void tcMaterias::downLabels()
 {
-    const Valores valores = rutasArchivo::valores(m_servicio);
+    const Valores valores = rutasArchivo::valores(m_entorno);
     for (const auto &carpeta :
          {QStringLiteral("{raiz}"), QStringLiteral("{archivo}\\"), QStringLiteral("{documentos}"),
           QStringLiteral("{imagenes}"), QStringLiteral("{imagenes}labels\\")})
-        crearCarpeta(m_servicio, completar(carpeta, valores));
+        crearCarpeta(m_entorno, completar(carpeta, valores));
     const QString carpeta = sinSaltos(completar(QStringLiteral("{imagenes}labels\\"), valores));
-    const QString &base = m_servicio.ServiceBase;
+    const QString &base = m_entorno.ServiceBase;
     // A label that does not arrive is missing in the archive, and the next one follows.
     const auto guardar = [&](const QString &url, const QString &archivo) {
-        [[maybe_unused]] const bool llego = descargarArchivo(m_servicio, url, carpeta + archivo);
+        [[maybe_unused]] const bool llego = descargarArchivo(m_entorno, url, carpeta + archivo);
     };
 
     elementosProgreso.barra1->ponerMaximo(Count());

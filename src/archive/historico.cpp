@@ -19,13 +19,13 @@ constexpr int pasosMostrados = 8;
 
 class Corrida {
 public:
-    explicit Corrida(Servicio &servicio) : m_servicio(servicio), m_cargador(servicio) {}
+    explicit Corrida(Entorno &entorno) : m_entorno(entorno), m_cargador(entorno) {}
 
     void crearCarpetas()
     {
-        crearCarpeta(m_servicio, rutasArchivo::raiz());
-        crearCarpeta(m_servicio, rutasArchivo::carpeta() + u'\\');
-        crearCarpeta(m_servicio, rutasArchivo::documentos());
+        crearCarpeta(m_entorno, rutasArchivo::raiz());
+        crearCarpeta(m_entorno, rutasArchivo::carpeta() + u'\\');
+        crearCarpeta(m_entorno, rutasArchivo::documentos());
     }
 
     void guardarPortada()
@@ -33,32 +33,32 @@ public:
         const QString pagina = pedir(QStringLiteral("salones.php"), QStringLiteral("html"));
         const QList<Reemplazo> reemplazos = {
             reemplazos::imagenesDelColegio(QStringLiteral("archivos\\images\\"))};
-        escribirTexto(m_servicio, localizar(pagina, reemplazos, rutasArchivo::valores(m_servicio)),
+        escribirTexto(m_entorno, localizar(pagina, reemplazos, rutasArchivo::valores(m_entorno)),
                       sinSaltos(rutasArchivo::carpeta()) + QStringLiteral("\\index.html"), true);
     }
 
     QString pedir(const QString &consulta, const QString &tipo)
     {
         return m_cargador.conectar(
-            m_servicio.ServiceBase + QStringLiteral("/querys/tessarin/") + consulta,
+            m_entorno.ServiceBase + QStringLiteral("/querys/tessarin/") + consulta,
             QStringLiteral("idcolegio=") + Module1::idColegio + QStringLiteral("&tipo=") + tipo,
             true);
     }
 
 private:
-    Servicio &m_servicio;
+    Entorno &m_entorno;
     frmCargador m_cargador;
 };
 
 } // namespace
 
-void descargarHistorico(Servicio &servicio, tcSalones &salones, tcAlumnos &alumnos,
+void descargarHistorico(Entorno &entorno, tcSalones &salones, tcAlumnos &alumnos,
                         std::unique_ptr<tcMaterias> &materias)
 {
-    Corrida corrida(servicio);
+    Corrida corrida(entorno);
     elementosProgreso.barra2->ponerMaximo(pasosMostrados);
     corrida.crearCarpetas();
-    descargarRecursos(servicio, sinSaltos(rutasArchivo::documentos()));
+    descargarRecursos(entorno, sinSaltos(rutasArchivo::documentos()));
     corrida.guardarPortada();
 
     salones.downSalones();
@@ -74,7 +74,7 @@ void descargarHistorico(Servicio &servicio, tcSalones &salones, tcAlumnos &alumn
 
     const QString rta = corrida.pedir(QStringLiteral("materias.php"), QStringLiteral("matrix"));
     if (!materias)
-        materias = std::make_unique<tcMaterias>(servicio);
+        materias = std::make_unique<tcMaterias>(entorno);
     materias->Fcargar(rta);
     materias->downLabels();
 }

@@ -8,11 +8,11 @@
 class tcAlumnos;
 class tcMaterias;
 class tcSalones;
-struct Servicio;
+struct Entorno;
 
 // Builds the offline archive of the session's school and year, or writes over the one that is
 // there. `salones` holds the classrooms loaded at login; `alumnos` and `materias` are loaded
 // here (`materias` is made if it is not there yet). Every step runs whatever the one before it
 // brought: there is no failure to return.
-void descargarHistorico(Servicio &servicio, tcSalones &salones, tcAlumnos &alumnos,
+void descargarHistorico(Entorno &entorno, tcSalones &salones, tcAlumnos &alumnos,
                         std::unique_ptr<tcMaterias> &materias);

@@ -16,12 +16,12 @@ Imagen comun(const QString &archivo)
 
 } // namespace imagenes
 
-void descargarImagenes(Servicio &servicio, const QList<Imagen> &imagenes)
+void descargarImagenes(Entorno &entorno, const QList<Imagen> &imagenes)
 {
-    const Valores valores = rutasArchivo::valores(servicio);
+    const Valores valores = rutasArchivo::valores(entorno);
     for (const Imagen &imagen : imagenes) {
         [[maybe_unused]] const bool llego =
-            descargarArchivo(servicio, completar(imagen.direccion, valores),
+            descargarArchivo(entorno, completar(imagen.direccion, valores),
                              completar(QStringLiteral("{imagenes}"), valores) + imagen.archivo);
     }
 }

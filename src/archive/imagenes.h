@@ -4,7 +4,7 @@
 #include <QList>
 #include <QString>
 
-struct Servicio;
+struct Entorno;
 
 struct Imagen {
     QString direccion; // may name {base} and {colegio}
@@ -21,4 +21,4 @@ Imagen comun(const QString &archivo);
 } // namespace imagenes
 
 // Fetches the images in their order. One that does not arrive is missing in the archive.
-void descargarImagenes(Servicio &servicio, const QList<Imagen> &imagenes);
+void descargarImagenes(Entorno &entorno, const QList<Imagen> &imagenes);

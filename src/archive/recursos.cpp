@@ -51,36 +51,36 @@ QString guionDeConfiguracion(const QList<QPair<QString, QString>> &valores)
     return guion;
 }
 
-void descargarRecursos(Servicio &servicio, const QString &carpetaArchivos)
+void descargarRecursos(Entorno &entorno, const QString &carpetaArchivos)
 {
     // The "config" folder stays empty; the configuration stands at the top of the archive.
     for (const auto &carpeta :
          {QStringLiteral("jscript"), QStringLiteral("config"), QStringLiteral("images")})
-        crearCarpeta(servicio, carpetaArchivos + carpeta);
+        crearCarpeta(entorno, carpetaArchivos + carpeta);
 
-    frmCargador cargador(servicio);
+    frmCargador cargador(entorno);
     elementosProgreso.barra1->ponerMaximo(2);
     elementosProgreso.barra1->ponerValor(1);
     elementosProgreso.barra2->avanzar();
     elementosProgreso.estadoTS->ponerTexto(QStringLiteral("Descargando Scripts"));
     for (const QString &guion : guiones) {
         const QString texto = cargador.conectar(
-            servicio.ServiceBase + QStringLiteral("/jscript/") + guion, QString(), true);
+            entorno.ServiceBase + QStringLiteral("/jscript/") + guion, QString(), true);
         // The separator is doubled: the folder's path ends with one already.
-        escribirTexto(servicio, texto, carpetaArchivos + QStringLiteral("\\jscript\\") + guion,
+        escribirTexto(entorno, texto, carpetaArchivos + QStringLiteral("\\jscript\\") + guion,
                       true);
     }
 
     elementosProgreso.estadoTS->ponerTexto(QStringLiteral("Descargando Configuracion"));
     QList<QPair<QString, QString>> valores;
     for (const Variable &variable : variables) {
-        const QString valor = pedirValor(servicio, cargador, variable.campo, true);
+        const QString valor = pedirValor(entorno, cargador, variable.campo, true);
         valores.append({variable.nombre, sinSaltos(recortar(valor))});
     }
-    escribirTexto(servicio, guionDeConfiguracion(valores),
+    escribirTexto(entorno, guionDeConfiguracion(valores),
                   rutasArchivo::carpeta() + QStringLiteral("\\configuracion.txt"), true);
 
     elementosProgreso.barra1->avanzar();
     elementosProgreso.estadoTS->ponerTexto(QStringLiteral("Descargando Logotipos"));
-    descargarImagenes(servicio, imagenesCompartidas);
+    descargarImagenes(entorno, imagenesCompartidas);
 }

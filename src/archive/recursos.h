@@ -6,11 +6,11 @@
 #include <QPair>
 #include <QString>
 
-struct Servicio;
+struct Entorno;
 
 // Fetches them all into the archive. `carpetaArchivos` is the archive's document folder with "\"
 // at its end and without line breaks. Whatever does not come is missing, or stored empty.
-void descargarRecursos(Servicio &servicio, const QString &carpetaArchivos);
+void descargarRecursos(Entorno &entorno, const QString &carpetaArchivos);
 
 // The configuration script of name and value pairs: a line `var name = "value";` for each, the
 // values as they stand, ended by CR LF.

@@ -1,5 +1,5 @@
 #include "archive/rutasArchivo.h"
-#include "service/Servicio.h"
+#include "service/Entorno.h"
 #include "shell/Module1.h"
 
 namespace rutasArchivo {
@@ -19,9 +19,9 @@ QString documentos()
     return carpeta() + QStringLiteral("\\archivos\\");
 }
 
-Valores valores(const Servicio &servicio)
+Valores valores(const Entorno &entorno)
 {
-    return {{QStringLiteral("base"), servicio.ServiceBase},
+    return {{QStringLiteral("base"), entorno.ServiceBase},
             {QStringLiteral("colegio"), Module1::idColegio},
             {QStringLiteral("anio"), Module1::anoActual},
             {QStringLiteral("raiz"), raiz()},

@@ -6,7 +6,7 @@
 
 #include <QString>
 
-struct Servicio;
+struct Entorno;
 
 namespace rutasArchivo {
 
@@ -22,6 +22,6 @@ QString documentos();
 
 // What the tables' texts may name: {base}, {colegio}, {anio}, {raiz}, {archivo} (the archive
 // folder), {documentos} and {imagenes} (the image folder, with a separator at its end).
-Valores valores(const Servicio &servicio);
+Valores valores(const Entorno &entorno);
 
 } // namespace rutasArchivo

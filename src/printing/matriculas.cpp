@@ -9,13 +9,13 @@ QString nombreMatriculas()
     return QStringLiteral("Hoja Matricula");
 }
 
-void imprimirMatriculas(Servicio &servicio, PanelImpresion &panel, Verbos &verbos)
+void imprimirMatriculas(Entorno &entorno, PanelImpresion &panel, Verbos &verbos)
 {
     const auto salon = pasosTrabajo::salonElegido(panel);
     if (!salon)
         return;
     const QString carpeta = rutasArchivo::documentos() + QStringLiteral("matriculas\\");
-    const QString rta = pasosTrabajo::pedirLista(servicio, QStringLiteral("alumnos.php"), *salon);
+    const QString rta = pasosTrabajo::pedirLista(entorno, QStringLiteral("alumnos.php"), *salon);
     // The box is part of the job: the secretary sees whose sheets are about to be printed.
     panel.mensaje(rta);
     panel.empezar(static_cast<int>(matriz::cuantasFilas(rta)) - 1);
@@ -25,9 +25,9 @@ void imprimirMatriculas(Servicio &servicio, PanelImpresion &panel, Verbos &verbo
             continue;
         // Whether printing is chosen is not asked: the sheets are there already, and printing
         // them is all that this job does.
-        pasosTrabajo::imprimir(servicio, verbos,
+        pasosTrabajo::imprimir(entorno, verbos,
                                carpeta + matriz::campo(renglon, 0) + QStringLiteral(".html"));
     }
-    pasosTrabajo::traerImagenes(servicio, {imagenes::delColegio(QStringLiteral("logo.png"))});
+    pasosTrabajo::traerImagenes(entorno, {imagenes::delColegio(QStringLiteral("logo.png"))});
     panel.terminar();
 }

@@ -5,11 +5,11 @@
 
 class PanelImpresion;
 class Verbos;
-struct Servicio;
+struct Entorno;
 
 // The text of ComboTipo for this job.
 QString nombreMatriculas();
 
 // Shows the list reply in a message box, then prints the stored sheet of each student, also when
 // only downloading is chosen. A sheet that is not in the archive is passed over.
-void imprimirMatriculas(Servicio &servicio, PanelImpresion &panel, Verbos &verbos);
+void imprimirMatriculas(Entorno &entorno, PanelImpresion &panel, Verbos &verbos);

@@ -18,26 +18,26 @@ std::optional<double> salonElegido(PanelImpresion &panel)
     return std::nullopt;
 }
 
-QString pedirLista(Servicio &servicio, const QString &pagina, double salon)
+QString pedirLista(Entorno &entorno, const QString &pagina, double salon)
 {
-    frmCargador cargador(servicio);
-    return cargador.conectar(servicio.ServiceBase + QStringLiteral("/querys/tessarin/") + pagina,
+    frmCargador cargador(entorno);
+    return cargador.conectar(entorno.ServiceBase + QStringLiteral("/querys/tessarin/") + pagina,
                              QStringLiteral("idcolegio=") + Module1::idColegio
                                  + QStringLiteral("&tipo=matrix&salon=") + enDecimal(salon),
                              true);
 }
 
-void traerImagenes(Servicio &servicio, const QList<Imagen> &imagenes)
+void traerImagenes(Entorno &entorno, const QList<Imagen> &imagenes)
 {
-    crearCarpeta(servicio, rutasArchivo::documentos() + QStringLiteral("images"));
-    descargarImagenes(servicio, imagenes);
+    crearCarpeta(entorno, rutasArchivo::documentos() + QStringLiteral("images"));
+    descargarImagenes(entorno, imagenes);
 }
 
-void imprimir(Servicio &servicio, Verbos &verbos, const QString &documento)
+void imprimir(Entorno &entorno, Verbos &verbos, const QString &documento)
 {
     // Only what stands in the archive root: a code with ".." in it names nothing to print.
-    if (servicio.disco.largo(documento))
-        verbos.imprimir(servicio.disco.rutaNativa(documento));
+    if (entorno.disco.largo(documento))
+        verbos.imprimir(entorno.disco.rutaNativa(documento));
 }
 
 } // namespace pasosTrabajo

@@ -10,7 +10,7 @@
 
 class PanelImpresion;
 class Verbos;
-struct Servicio;
+struct Entorno;
 
 namespace pasosTrabajo {
 
@@ -19,13 +19,13 @@ namespace pasosTrabajo {
 std::optional<double> salonElegido(PanelImpresion &panel);
 
 // The list of a classroom's students (or subjects), as the service sends it.
-QString pedirLista(Servicio &servicio, const QString &pagina, double salon);
+QString pedirLista(Entorno &entorno, const QString &pagina, double salon);
 
 // After the last document: fetches the images that the documents share. Only then, so that what
 // was printed in a school's first run may show no logo.
-void traerImagenes(Servicio &servicio, const QList<Imagen> &imagenes);
+void traerImagenes(Entorno &entorno, const QList<Imagen> &imagenes);
 
 // Hands a stored document, named by its Windows path, to the shell's "print".
-void imprimir(Servicio &servicio, Verbos &verbos, const QString &documento);
+void imprimir(Entorno &entorno, Verbos &verbos, const QString &documento);
 
 } // namespace pasosTrabajo

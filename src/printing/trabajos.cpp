@@ -12,9 +12,9 @@
 namespace {
 
 // Everything of a job that is the same for all its rows, filled in.
-Valores valoresDe(const FilaTrabajo &fila, const Servicio &servicio, int periodo)
+Valores valoresDe(const FilaTrabajo &fila, const Entorno &entorno, int periodo)
 {
-    Valores valores = rutasArchivo::valores(servicio);
+    Valores valores = rutasArchivo::valores(entorno);
     valores.insert(QStringLiteral("recortado"), rutasArchivo::raiz() + u'\\'
                                                     + recortar(Module1::idColegio) + u'-'
                                                     + recortar(Module1::anoActual));
@@ -27,22 +27,22 @@ Valores valoresDe(const FilaTrabajo &fila, const Servicio &servicio, int periodo
 
 // Fetches, localises and stores one document; its path comes back.
 QString guardarDocumento(const FilaTrabajo &fila, const QString &codigo, Valores valores,
-                         Servicio &servicio)
+                         Entorno &entorno)
 {
     valores.insert(QStringLiteral("codigo"), codigo);
-    valores.insert(QStringLiteral("azar"), QString::number(servicio.azar.numero()));
-    frmCargador cargador(servicio);
+    valores.insert(QStringLiteral("azar"), QString::number(entorno.azar.numero()));
+    frmCargador cargador(entorno);
     QString pagina = cargador.conectar(completar(fila.url, valores), QString(), false);
     pagina = localizar(pagina, fila.reemplazos, valores);
     if (fila.guion)
         pagina += fila.guion();
     const QString documento =
         valores.value(QStringLiteral("salida")) + codigo + QStringLiteral(".html");
-    escribirTexto(servicio, pagina, documento, true);
+    escribirTexto(entorno, pagina, documento, true);
     return documento;
 }
 
-void correr(const FilaTrabajo &fila, Servicio &servicio, PanelImpresion &panel, Verbos &verbos)
+void correr(const FilaTrabajo &fila, Entorno &entorno, PanelImpresion &panel, Verbos &verbos)
 {
     const auto salon = pasosTrabajo::salonElegido(panel);
     if (!salon)
@@ -53,36 +53,36 @@ void correr(const FilaTrabajo &fila, Servicio &servicio, PanelImpresion &panel, 
         return;
     }
 
-    const Valores valores = valoresDe(fila, servicio, periodo);
+    const Valores valores = valoresDe(fila, entorno, periodo);
     for (const QString &carpeta : fila.carpetas)
-        crearCarpeta(servicio, completar(carpeta, valores));
-    const QString rta = pasosTrabajo::pedirLista(servicio, fila.lista, *salon);
+        crearCarpeta(entorno, completar(carpeta, valores));
+    const QString rta = pasosTrabajo::pedirLista(entorno, fila.lista, *salon);
     panel.empezar(static_cast<int>(matriz::cuantasFilas(rta)) - 1);
     for (const QStringView renglon : matriz::filas(rta)) {
         panel.avanzar();
         if (renglon.isEmpty())
             continue;
         const QString codigo = matriz::campo(renglon, 0, fila.separador);
-        const QString documento = guardarDocumento(fila, codigo, valores, servicio);
+        const QString documento = guardarDocumento(fila, codigo, valores, entorno);
         if (panel.descargarEImprimir())
-            pasosTrabajo::imprimir(servicio, verbos, documento);
+            pasosTrabajo::imprimir(entorno, verbos, documento);
     }
 
-    pasosTrabajo::traerImagenes(servicio, fila.imagenes);
+    pasosTrabajo::traerImagenes(entorno, fila.imagenes);
     panel.terminar();
 }
 
 } // namespace
 
-void correrTrabajo(const QString &tipo, Servicio &servicio, PanelImpresion &panel, Verbos &verbos)
+void correrTrabajo(const QString &tipo, Entorno &entorno, PanelImpresion &panel, Verbos &verbos)
 {
     if (tipo == nombreMatriculas()) {
-        imprimirMatriculas(servicio, panel, verbos);
+        imprimirMatriculas(entorno, panel, verbos);
         return;
     }
     for (const FilaTrabajo &fila : filasTrabajo) {
         if (fila.nombre == tipo) {
-            correr(fila, servicio, panel, verbos);
+            correr(fila, entorno, panel, verbos);
             return;
         }
     }

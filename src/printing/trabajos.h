@@ -11,7 +11,7 @@
 
 class PanelImpresion;
 class Verbos;
-struct Servicio;
+struct Entorno;
 
 // One downloading job. Texts may name the places of rutasArchivo::valores, {recortado} (the
 // archive folder with the session's values trimmed), {salida} (the row's folder), {tipo} (its
@@ -38,4 +38,4 @@ QString tipoBoletin();
 
 // Runs the job of the kind, if there is one, to its end. Its checks show their messages on the
 // panel; every other failure is passed over and the next document follows.
-void correrTrabajo(const QString &tipo, Servicio &servicio, PanelImpresion &panel, Verbos &verbos);
+void correrTrabajo(const QString &tipo, Entorno &entorno, PanelImpresion &panel, Verbos &verbos);

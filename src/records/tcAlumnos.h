@@ -4,12 +4,12 @@
 #include "records/tcListaDe.h"
 #include "records/tcUnAlumno.h"
 
-struct Servicio;
+struct Entorno;
 
 class tcAlumnos : public tcListaDe<tcUnAlumno> {
     Q_OBJECT
 public:
-    explicit tcAlumnos(Servicio &servicio) : m_servicio(servicio) {}
+    explicit tcAlumnos(Entorno &entorno) : m_entorno(entorno) {}
 
     // Adds a record under the key `sKey` and returns it, also when the key is already there and
     // the record is refused.
@@ -28,5 +28,5 @@ public:
     void downFotosAlumno();
 
 private:
-    Servicio &m_servicio;
+    Entorno &m_entorno;
 };

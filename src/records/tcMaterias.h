@@ -4,12 +4,12 @@
 #include "records/tcListaDe.h"
 #include "records/tcUnaMateria.h"
 
-struct Servicio;
+struct Entorno;
 
 class tcMaterias : public tcListaDe<tcUnaMateria> {
     Q_OBJECT
 public:
-    explicit tcMaterias(Servicio &servicio) : m_servicio(servicio) {}
+    explicit tcMaterias(Entorno &entorno) : m_entorno(entorno) {}
 
     // Adds a record under the key `sKey` and returns it, also when the key is already there and
     // the record is refused.
@@ -26,5 +26,5 @@ public:
     void downLabels();
 
 private:
-    Servicio &m_servicio;
+    Entorno &m_entorno;
 };

@@ -4,12 +4,12 @@
 #include "records/tcListaDe.h"
 #include "records/tcUnSalon.h"
 
-struct Servicio;
+struct Entorno;
 
 class tcSalones : public tcListaDe<tcUnSalon> {
     Q_OBJECT
 public:
-    explicit tcSalones(Servicio &servicio) : m_servicio(servicio) {}
+    explicit tcSalones(Entorno &entorno) : m_entorno(entorno) {}
 
     // Adds a record under the key `sKey` and returns it, also when the key is already there and
     // the record is refused.
@@ -31,5 +31,5 @@ Q_SIGNALS:
     void nuevaLinea(const QString &linea);
 
 private:
-    Servicio &m_servicio;
+    Entorno &m_entorno;
 };

@@ -17,38 +17,38 @@ void ceder()
     QCoreApplication::processEvents();
 }
 
-void crearCarpeta(Servicio &servicio, const QString &ruta)
+void crearCarpeta(Entorno &entorno, const QString &ruta)
 {
     // An existing folder is the usual case, and a missing parent shows in every file after it.
-    [[maybe_unused]] const bool hecha = servicio.disco.crearCarpeta(sinSaltos(ruta));
+    [[maybe_unused]] const bool hecha = entorno.disco.crearCarpeta(sinSaltos(ruta));
 }
 
-void escribirTexto(Servicio &servicio, const QString &texto, const QString &archivo, bool borrar)
+void escribirTexto(Entorno &entorno, const QString &texto, const QString &archivo, bool borrar)
 {
     if (borrar) {
         // There is none to delete on a first run.
-        [[maybe_unused]] const bool borrado = servicio.disco.borrar(archivo);
+        [[maybe_unused]] const bool borrado = entorno.disco.borrar(archivo);
     }
     ceder();
     // A file that cannot be written is passed over: the rest of the archive still counts.
     [[maybe_unused]] const bool escrito =
-        servicio.disco.agregar(archivo, codepage::aBytes(texto) + "\r\n");
+        entorno.disco.agregar(archivo, codepage::aBytes(texto) + "\r\n");
 }
 
-bool descargarArchivo(Servicio &servicio, const QString &url, const QString &archivo)
+bool descargarArchivo(Entorno &entorno, const QString &url, const QString &archivo)
 {
     ceder();
-    [[maybe_unused]] const bool borrado = servicio.disco.borrar(archivo);
+    [[maybe_unused]] const bool borrado = entorno.disco.borrar(archivo);
 
-    const auto entrante = servicio.disco.recibir(sinSaltos(archivo));
+    const auto entrante = entorno.disco.recibir(sinSaltos(archivo));
     // The request goes out whatever the disk says; what cannot be stored is let go.
     QBuffer sinDestino;
     [[maybe_unused]] const bool abierto = sinDestino.open(QIODevice::WriteOnly); // memory opens
     QIODevice &destino = entrante ? entrante->dispositivo() : sinDestino;
-    if (servicio.http.getArchivo(codepage::aBytes(url), destino) && entrante) {
+    if (entorno.http.getArchivo(codepage::aBytes(url), destino) && entrante) {
         [[maybe_unused]] const bool guardado = entrante->publicar();
     }
 
-    servicio.pausa(pausaTrasDescarga);
-    return servicio.disco.largo(archivo).value_or(0) > largoMinimo;
+    entorno.pausa(pausaTrasDescarga);
+    return entorno.disco.largo(archivo).value_or(0) > largoMinimo;
 }

@@ -3,7 +3,7 @@
 // that called goes on.
 #pragma once
 
-#include "service/Servicio.h"
+#include "service/Entorno.h"
 
 #include <QString>
 
@@ -12,14 +12,14 @@ void ceder();
 
 // Makes one folder, the line breaks taken out of its path. One that exists already, or whose
 // parent is missing, is passed over: callers make them one by one from the top down.
-void crearCarpeta(Servicio &servicio, const QString &ruta);
+void crearCarpeta(Entorno &entorno, const QString &ruta);
 
 // The text-file writer: adds `texto` and a line end (CR LF) to the file, as bytes of the ANSI
 // code page; with `borrar` the earlier file is deleted first.
-void escribirTexto(Servicio &servicio, const QString &texto, const QString &archivo, bool borrar);
+void escribirTexto(Entorno &entorno, const QString &texto, const QString &archivo, bool borrar);
 
 // Fetches the address into the file, in place of an earlier one, and pauses 500 ms. True when
 // the file exists afterwards and is longer than 8 bytes. The file is written to the path without
 // its line breaks but measured at the path as given, so a path with a line break gives false
 // even though the file arrived.
-bool descargarArchivo(Servicio &servicio, const QString &url, const QString &archivo);
+bool descargarArchivo(Entorno &entorno, const QString &url, const QString &archivo);

@@ -15,7 +15,7 @@ bool esPalabraDelServicio(const QString &respuesta)
 
 } // namespace
 
-frmCargador::frmCargador(Servicio &servicio) : m_servicio(servicio)
+frmCargador::frmCargador(Entorno &entorno) : m_entorno(entorno)
 {
     Timer1.setInterval(std::chrono::milliseconds(1000));
     Timer2.setInterval(std::chrono::milliseconds(10));
@@ -45,10 +45,10 @@ QString frmCargador::conectar(const QString &url, const QString &parametros, boo
     QString respuesta;
     for (int intento = 0; intento < intentosMaximos;) {
         abrir();
-        m_servicio.azar.sembrar();
-        const QString direccion = direccionDe(url, parametros, usarAzar, m_servicio.azar.numero());
+        m_entorno.azar.sembrar();
+        const QString direccion = direccionDe(url, parametros, usarAzar, m_entorno.azar.numero());
         ceder();
-        const auto cuerpo = m_servicio.http.get(codepage::aBytes(direccion), cabeceras);
+        const auto cuerpo = m_entorno.http.get(codepage::aBytes(direccion), cabeceras);
         ceder();
         if (cuerpo)
             respuesta = codepage::aTexto(*cuerpo);

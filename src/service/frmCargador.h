@@ -2,7 +2,7 @@
 // a window that is never seen, so it is none here; what is left of the window are its timers.
 #pragma once
 
-#include "service/Servicio.h"
+#include "service/Entorno.h"
 
 #include <QObject>
 #include <QString>
@@ -13,7 +13,7 @@
 class frmCargador : public QObject {
     Q_OBJECT
 public:
-    explicit frmCargador(Servicio &servicio);
+    explicit frmCargador(Entorno &entorno);
 
     // Sends one GET and returns the body of the reply as text, one character for each byte of
     // the ANSI code page, exactly as received. `url` is the whole address without a query,
@@ -39,7 +39,7 @@ private:
     void Timer1_Timer();
     void Timer2_Timer();
 
-    Servicio &m_servicio;
+    Entorno &m_entorno;
     QTimer Timer1{this}; // watchdog, once a second
     QTimer Timer2{this}; // keeps the event loop turning
     std::int16_t m_ticks = 0;

@@ -21,24 +21,24 @@ QString interruptor(const QString &valor)
 
 } // namespace
 
-QString pedirValor(Servicio &servicio, frmCargador &cargador, const QString &campo, bool acentos)
+QString pedirValor(Entorno &entorno, frmCargador &cargador, const QString &campo, bool acentos)
 {
     QString parametros =
         QStringLiteral("idcolegio=") + Module1::idColegio + QStringLiteral("&campo=") + campo;
     if (acentos)
         parametros += QStringLiteral("&acutes=SI");
     return cargador.conectar(
-        servicio.ServiceBase + QStringLiteral("/querys/tessarin/tomarValor.php"), parametros, true);
+        entorno.ServiceBase + QStringLiteral("/querys/tessarin/tomarValor.php"), parametros, true);
 }
 
-bool tomarValores(Servicio &servicio, const QString &respuestaLogin)
+bool tomarValores(Entorno &entorno, const QString &respuestaLogin)
 {
     const QStringList campos = respuestaLogin.split(u',');
     if (!rolAceptado(campos.value(1)))
         return false;
-    frmCargador cargador(servicio);
+    frmCargador cargador(entorno);
     const auto ajuste = [&](const QString &campo) {
-        return recortar(pedirValor(servicio, cargador, campo, false));
+        return recortar(pedirValor(entorno, cargador, campo, false));
     };
 
     // A super administrator works in the program as a secretary.

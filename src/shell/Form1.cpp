@@ -22,8 +22,8 @@ constexpr int altoTwips = 7260;
 
 } // namespace
 
-Form1::Form1(Servicio &servicio, Verbos &verbos, std::function<void()> terminar)
-    : Salones(servicio), Alumnos(servicio), m_servicio(servicio), m_verbos(verbos),
+Form1::Form1(Entorno &entorno, Verbos &verbos, std::function<void()> terminar)
+    : Salones(entorno), Alumnos(entorno), m_entorno(entorno), m_verbos(verbos),
       m_terminar(std::move(terminar)), ui(std::make_unique<Ui::Form1>())
 {
     ui->setupUi(this);
@@ -40,7 +40,7 @@ Form1::~Form1()
 void Form1::unirElementos()
 {
     elementosProgreso = {ui->barra1, ui->barra2, ui->estadoTS, ui->estadoHS};
-    ui->Dir1->ponerDisco(&m_servicio.disco);
+    ui->Dir1->ponerDisco(&m_entorno.disco);
     ui->Image1->load(QStringLiteral(":/logo.svg"));
     ui->Image1->renderer()->setAspectRatioMode(Qt::KeepAspectRatio);
 
@@ -133,7 +133,7 @@ void Form1::Form_QueryUnload()
 
 void Form1::Command1_Click()
 {
-    switch (ingreso::conectar(m_servicio, ui->txtUser->text(), ui->txtPwd->text())) {
+    switch (ingreso::conectar(m_entorno, ui->txtUser->text(), ui->txtPwd->text())) {
     case ingreso::Resultado::CredencialesMalas:
         cuadroMensaje(this,
                       QStringLiteral("Usuario y/o Contraseña incorrectas, intentelo de nuevo"));
@@ -152,7 +152,7 @@ void Form1::Command1_Click()
         modo->setVisible(true);
     ui->txtUser->setEnabled(false);
     ui->txtPwd->setEnabled(false);
-    ingreso::cargarSalones(m_servicio, Salones);
+    ingreso::cargarSalones(m_entorno, Salones);
 }
 
 void Form1::Command3_Click()
@@ -165,7 +165,7 @@ void Form1::Command3_Click()
     ui->Command2->setVisible(true);
     ui->Command4->setVisible(true);
     ceder();
-    descargarHistorico(m_servicio, Salones, Alumnos, Materias);
+    descargarHistorico(m_entorno, Salones, Alumnos, Materias);
     cargaListaHistoricos();
     cuadroMensaje(this, QStringLiteral("Listo Historico"));
 }
@@ -187,5 +187,5 @@ void Form1::lstHistoricos_Click()
 
 void Form1::Command4_Click()
 {
-    m_verbos.abrir(m_servicio.disco.rutaNativa(portadaDe(lineaElegida(*ui->lstHistoricos))));
+    m_verbos.abrir(m_entorno.disco.rutaNativa(portadaDe(lineaElegida(*ui->lstHistoricos))));
 }

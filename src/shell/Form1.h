@@ -16,7 +16,7 @@
 
 class QPushButton;
 class Verbos;
-struct Servicio;
+struct Entorno;
 
 namespace Ui {
 class Form1;
@@ -27,7 +27,7 @@ class Form1 : public QWidget {
 public:
     // `terminar` ends the process; it is called when the window is closed and does not return
     // in the program itself.
-    Form1(Servicio &servicio, Verbos &verbos, std::function<void()> terminar);
+    Form1(Entorno &entorno, Verbos &verbos, std::function<void()> terminar);
     ~Form1() override;
 
     // Fills the list of local archives.
@@ -58,7 +58,7 @@ private:
     // a double click) does nothing: it would be a second login, run or print job inside the first.
     void atenderDeAUna(QPushButton *boton, void (Form1::*manejador)());
 
-    Servicio &m_servicio;
+    Entorno &m_entorno;
     Verbos &m_verbos;
     std::function<void()> m_terminar;
     std::unique_ptr<Ui::Form1> ui;

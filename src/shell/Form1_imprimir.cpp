@@ -79,5 +79,5 @@ void Form1::ComboTipo_Click()
 void Form1::Command2_Click()
 {
     PanelDeForm1 panel(this, *ui);
-    correrTrabajo(ui->ComboTipo->currentText(), m_servicio, panel, m_verbos);
+    correrTrabajo(ui->ComboTipo->currentText(), m_entorno, panel, m_verbos);
 }

@@ -6,22 +6,22 @@
 
 namespace ingreso {
 
-Resultado conectar(Servicio &servicio, const QString &usuario, const QString &clave)
+Resultado conectar(Entorno &entorno, const QString &usuario, const QString &clave)
 {
-    frmCargador cargador(servicio);
+    frmCargador cargador(entorno);
     const QString respuesta = cargador.conectar(
-        servicio.ServiceBase + QStringLiteral("/querys/tessarin/login.php"),
+        entorno.ServiceBase + QStringLiteral("/querys/tessarin/login.php"),
         QStringLiteral("user=") + usuario + QStringLiteral("&pwd=") + clave, true);
     if (respuesta == u"ERROR")
         return Resultado::CredencialesMalas;
-    return tomarValores(servicio, respuesta) ? Resultado::Aceptado : Resultado::RolInadecuado;
+    return tomarValores(entorno, respuesta) ? Resultado::Aceptado : Resultado::RolInadecuado;
 }
 
-void cargarSalones(Servicio &servicio, tcSalones &salones)
+void cargarSalones(Entorno &entorno, tcSalones &salones)
 {
-    frmCargador cargador(servicio);
+    frmCargador cargador(entorno);
     salones.Fcargar(cargador.conectar(
-        servicio.ServiceBase + QStringLiteral("/querys/tessarin/salones.php"),
+        entorno.ServiceBase + QStringLiteral("/querys/tessarin/salones.php"),
         QStringLiteral("idcolegio=") + Module1::idColegio + QStringLiteral("&tipo=matrix"), true));
 }
 

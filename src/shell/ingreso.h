@@ -3,7 +3,7 @@
 
 #include <QString>
 
-struct Servicio;
+struct Entorno;
 class tcSalones;
 
 namespace ingreso {
@@ -12,9 +12,9 @@ enum class Resultado { Aceptado, CredencialesMalas, RolInadecuado };
 
 // Asks the service whether the account may use the program. The session globals are set only
 // when it is accepted. User and password are sent as they stand.
-Resultado conectar(Servicio &servicio, const QString &usuario, const QString &clave);
+Resultado conectar(Entorno &entorno, const QString &usuario, const QString &clave);
 
 // Loads the school's classrooms; when the service does not answer, none.
-void cargarSalones(Servicio &servicio, tcSalones &salones);
+void cargarSalones(Entorno &entorno, tcSalones &salones);
 
 } // namespace ingreso

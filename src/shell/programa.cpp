@@ -3,7 +3,7 @@
 #include "platform/direccionHttp.h"
 #include "platform/paleta.h"
 #include "platform/pausa.h"
-#include "service/Servicio.h"
+#include "service/Entorno.h"
 #include "shell/Form1.h"
 
 #include <QIcon>
@@ -35,9 +35,9 @@ int Programa::correr(const QString &ServiceBase)
     Verbos verbos(
         {.origen = QString::fromUtf8(direccionHttp::separar(ServiceBase.toUtf8()).servidor),
          .raiz = disco.rutaNativa(QStringLiteral("C:\\Quorvela"))});
-    Servicio servicio{ServiceBase, http, disco, azar, &pausa};
+    Entorno entorno{ServiceBase, http, disco, azar, &pausa};
     // At once, from whatever handler or wait the close comes in: nothing is unwound or saved.
-    Form1 ventana(servicio, verbos, [] { std::_Exit(EXIT_SUCCESS); });
+    Form1 ventana(entorno, verbos, [] { std::_Exit(EXIT_SUCCESS); });
     ventana.show();
     return QApplication::exec();
 }

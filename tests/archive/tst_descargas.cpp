@@ -112,8 +112,8 @@ class tst_descargas : public QObject {
 private:
     void prepararArchivo(Escenario &e)
     {
-        crearCarpeta(e.servicio, QStringLiteral("C:\\Quorvela"));
-        crearCarpeta(e.servicio, QStringLiteral("c:\\Quorvela\\123-2010\\"));
+        crearCarpeta(e.entorno, QStringLiteral("C:\\Quorvela"));
+        crearCarpeta(e.entorno, QStringLiteral("c:\\Quorvela\\123-2010\\"));
     }
 
     static void casosComoDatos()
@@ -132,8 +132,8 @@ private Q_SLOTS:
         Escenario e;
         prepararArchivo(e);
         e.responder("/", "una pagina cualquiera");
-        tcSalones salones(e.servicio);
-        tcAlumnos alumnos(e.servicio);
+        tcSalones salones(e.entorno);
+        tcAlumnos alumnos(e.entorno);
         const QString matriz = QStringLiteral("13,6B®14,6A");
         salones.Fcargar(matriz);
         alumnos.Fcargar(matriz);
@@ -202,8 +202,8 @@ private Q_SLOTS:
         prepararArchivo(e);
         const QByteArray base = e.demo.base().toLatin1();
         e.responder("/", paginaCompleta(base));
-        tcSalones salones(e.servicio);
-        tcAlumnos alumnos(e.servicio);
+        tcSalones salones(e.entorno);
+        tcAlumnos alumnos(e.entorno);
         salones.Fcargar(QStringLiteral("14,6A"));
         alumnos.Fcargar(QStringLiteral("14,6A"));
         caso.metodo(salones, alumnos);
@@ -220,8 +220,8 @@ private Q_SLOTS:
         Escenario e;
         prepararArchivo(e);
         e.responder("/", todos);
-        tcSalones salones(e.servicio);
-        tcAlumnos alumnos(e.servicio);
+        tcSalones salones(e.entorno);
+        tcAlumnos alumnos(e.entorno);
         salones.Fcargar(QStringLiteral("14,6A"));
         alumnos.Fcargar(QStringLiteral("14,6A"));
         salones.downSalones();
@@ -237,8 +237,8 @@ private Q_SLOTS:
         const Caso &caso = casos[indice].second;
         Escenario e;
         prepararArchivo(e);
-        tcSalones salones(e.servicio);
-        tcAlumnos alumnos(e.servicio);
+        tcSalones salones(e.entorno);
+        tcAlumnos alumnos(e.entorno);
         QSignalSpy avisos(&salones, &tcLista::nuevaDescarga);
         QSignalSpy otrosAvisos(&alumnos, &tcLista::nuevaDescarga);
         caso.metodo(salones, alumnos);
@@ -258,8 +258,8 @@ private Q_SLOTS:
         const Caso &caso = casos[indice].second;
         Escenario e;
         e.responder("/", "una pagina cualquiera");
-        tcSalones salones(e.servicio);
-        tcAlumnos alumnos(e.servicio);
+        tcSalones salones(e.entorno);
+        tcAlumnos alumnos(e.entorno);
         salones.Fcargar(QStringLiteral("14,6A"));
         alumnos.Fcargar(QStringLiteral("14,6A"));
         caso.metodo(salones, alumnos);
@@ -296,7 +296,7 @@ private Q_SLOTS:
         e.responder("/", "una pagina cualquiera");
         Module1::usaInfoFin2 = infoFin;
         Module1::usaCertiFin2 = certiFin;
-        tcAlumnos alumnos(e.servicio);
+        tcAlumnos alumnos(e.entorno);
         alumnos.Fcargar(QStringLiteral("14,6A"));
         alumnos.downInfoFinal();
         alumnos.downCertificado();
@@ -311,7 +311,7 @@ private Q_SLOTS:
         Escenario e;
         e.responder("/", "una pagina cualquiera");
         Module1::anoActual = QStringLiteral("2024");
-        tcAlumnos alumnos(e.servicio);
+        tcAlumnos alumnos(e.entorno);
         alumnos.Fcargar(QStringLiteral("14,6A"));
         alumnos.downHojaMat();
         QCOMPARE(
@@ -324,7 +324,7 @@ private Q_SLOTS:
     {
         Escenario e;
         e.responder("/", "");
-        tcAlumnos alumnos(e.servicio);
+        tcAlumnos alumnos(e.entorno);
         alumnos.Fcargar(QStringLiteral("14,6A"));
         alumnos.downInfoFinal();
         QCOMPARE(e.leer(QStringLiteral("123-2010/archivos/infoFinal/14.html")),
@@ -334,7 +334,7 @@ private Q_SLOTS:
     void infoAlumnoVacia_dejaSoloElFinDeRenglon()
     {
         Escenario e;
-        tcAlumnos alumnos(e.servicio);
+        tcAlumnos alumnos(e.entorno);
         alumnos.Fcargar(QStringLiteral("14,6A"));
         e.responder("infoAlumno.php", "la ficha anterior");
         alumnos.downInfoAlumno();
@@ -351,7 +351,7 @@ private Q_SLOTS:
         Escenario e;
         prepararArchivo(e);
         e.responder("/", "una pagina cualquiera");
-        tcSalones salones(e.servicio);
+        tcSalones salones(e.entorno);
         salones.Fcargar(QStringLiteral("1*2,MALO®NUL,MALO®14,6A"));
         salones.downSalones();
         QCOMPARE(e.listar(QStringLiteral("123-2010/archivos/salones")),
@@ -363,7 +363,7 @@ private Q_SLOTS:
     {
         Escenario e;
         e.responder("/", "una pagina cualquiera");
-        tcSalones salones(e.servicio);
+        tcSalones salones(e.entorno);
         salones.Fcargar(QStringLiteral(",SIN ID"));
         salones.downSalones();
         QCOMPARE(e.listar(QStringLiteral("123-2010/archivos/salones")),
@@ -374,7 +374,7 @@ private Q_SLOTS:
     {
         Escenario e;
         e.responder("/", "una pagina cualquiera");
-        tcAlumnos alumnos(e.servicio);
+        tcAlumnos alumnos(e.entorno);
         alumnos.Fcargar(QStringLiteral("a&b=c,X"));
         alumnos.downInfoAlumno();
         alumnos.downFotosAlumno();
@@ -406,7 +406,7 @@ private Q_SLOTS:
         Escenario e;
         e.responder("existe.php", respuesta);
         e.responder("GET /jup", "nunca");
-        tcAlumnos alumnos(e.servicio);
+        tcAlumnos alumnos(e.entorno);
         const AlumnoDemo &alumno = e.demo.escuela().alumnos.first();
         alumnos.Fcargar(alumno.id + u',' + alumno.nombre);
         QSignalSpy avisos(&alumnos, &tcLista::nuevaDescarga);
@@ -432,7 +432,7 @@ private Q_SLOTS:
     {
         Escenario e;
         e.responder("/", "una pagina cualquiera");
-        tcSalones salones(e.servicio);
+        tcSalones salones(e.entorno);
         salones.Fcargar(QStringLiteral("1,A®2,B"));
         QStringList textos;
         connect(&salones, &tcLista::nuevaDescarga, this, [&](const QString &texto) {

@@ -18,7 +18,7 @@ private Q_SLOTS:
     void materiaConGuion_sePideYSeGuardaConBlanco()
     {
         Escenario e;
-        tcMaterias materias(e.servicio);
+        tcMaterias materias(e.entorno);
         materias.Fcargar(QStringLiteral("1,CIENCIAS-NATURALES,CIENCIAS-EXACTAS"));
         materias.downLabels();
         QCOMPARE(e.destinos(), QStringList({direccion + QStringLiteral("CIENCIAS%20NATURALES"),
@@ -47,7 +47,7 @@ private Q_SLOTS:
     void areaConElTextoDelTitulo_noSePideDosVeces()
     {
         Escenario e;
-        tcMaterias materias(e.servicio);
+        tcMaterias materias(e.entorno);
         materias.Fcargar(QStringLiteral("1,A,TOTAL-FALLAS"));
         materias.downLabels();
         QCOMPARE(e.destinos(), QStringList({direccion + QStringLiteral("A"),
@@ -58,7 +58,7 @@ private Q_SLOTS:
     void areasRepetidas_danUnaSolaEtiqueta()
     {
         Escenario e;
-        tcMaterias materias(e.servicio);
+        tcMaterias materias(e.entorno);
         materias.Fcargar(QStringLiteral("1,ÁLGEBRA,MATEMÁTICAS®2,CÁLCULO,Matemáticas®3,ARTE,"));
         materias.downLabels();
         QCOMPARE(e.destinos(), QStringList({direccion + QStringLiteral("%C1LGEBRA"),
@@ -73,7 +73,7 @@ private Q_SLOTS:
     void sinMaterias_quedanLosCuatroTitulos()
     {
         Escenario e;
-        tcMaterias materias(e.servicio);
+        tcMaterias materias(e.entorno);
         materias.downLabels();
         QCOMPARE(e.listar(labels),
                  QStringList({QStringLiteral("Nro Perdidas"), QStringLiteral("Promedio"),
@@ -83,7 +83,7 @@ private Q_SLOTS:
     void avance_vaPorMateriasYLuegoPorAreas()
     {
         Escenario e;
-        tcMaterias materias(e.servicio);
+        tcMaterias materias(e.entorno);
         materias.Fcargar(QStringLiteral("1,A,X®2,B,X"));
         materias.downLabels();
         QCOMPARE(e.estadoTS.historia,
@@ -107,7 +107,7 @@ private Q_SLOTS:
         Falla falla;
         falla.clase = Falla::CierraEnMedio;
         e.demo.fallar("txt=A", falla);
-        tcMaterias materias(e.servicio);
+        tcMaterias materias(e.entorno);
         materias.Fcargar(QStringLiteral("1,A,X®2,B:C,X®3,D,X"));
         materias.downLabels();
         QVERIFY(!e.existe(labels + QStringLiteral("/A")));

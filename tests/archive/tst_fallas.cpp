@@ -56,11 +56,11 @@ private:
 
     static void correr(Escenario &e)
     {
-        tcSalones salones(e.servicio);
-        tcAlumnos alumnos(e.servicio);
+        tcSalones salones(e.entorno);
+        tcAlumnos alumnos(e.entorno);
         std::unique_ptr<tcMaterias> materias;
         salones.Fcargar(QStringLiteral("501,QUINTO A"));
-        descargarHistorico(e.servicio, salones, alumnos, materias);
+        descargarHistorico(e.entorno, salones, alumnos, materias);
         // The last step of the run was reached.
         QCOMPARE(e.destinos().last(), QStringLiteral("/imgTXT.php?txt=Puesto"));
     }
@@ -153,12 +153,12 @@ private Q_SLOTS:
             muerta = otro.base();
         }
         Escenario e;
-        e.servicio.ServiceBase = muerta;
-        tcSalones salones(e.servicio);
-        tcAlumnos alumnos(e.servicio);
+        e.entorno.ServiceBase = muerta;
+        tcSalones salones(e.entorno);
+        tcAlumnos alumnos(e.entorno);
         std::unique_ptr<tcMaterias> materias;
         salones.Fcargar(QStringLiteral("501,QUINTO A"));
-        descargarHistorico(e.servicio, salones, alumnos, materias);
+        descargarHistorico(e.entorno, salones, alumnos, materias);
         QCOMPARE(e.estadoTS.historia.last(), QStringLiteral("Descargando Labels de Materias"));
         QCOMPARE(e.pausas.size(), 12); // eight images and the four labels of every school
         QCOMPARE(e.leer(QStringLiteral("123-2010/index.html")), QByteArray("\r\n"));

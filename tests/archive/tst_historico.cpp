@@ -14,11 +14,11 @@ private:
     // A run over the demonstration school, with the classrooms that a login has loaded.
     static void correr(Escenario &e, const QString &rtaSalones = QStringLiteral("501,QUINTO A"))
     {
-        tcSalones salones(e.servicio);
-        tcAlumnos alumnos(e.servicio);
+        tcSalones salones(e.entorno);
+        tcAlumnos alumnos(e.entorno);
         std::unique_ptr<tcMaterias> materias;
         salones.Fcargar(rtaSalones);
-        descargarHistorico(e.servicio, salones, alumnos, materias);
+        descargarHistorico(e.entorno, salones, alumnos, materias);
         QVERIFY(materias);
     }
 

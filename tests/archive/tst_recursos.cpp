@@ -13,9 +13,9 @@ class tst_recursos : public QObject {
 private:
     void prepararArchivo(Escenario &e)
     {
-        crearCarpeta(e.servicio, QStringLiteral("C:\\Quorvela"));
-        crearCarpeta(e.servicio, QStringLiteral("c:\\Quorvela\\123-2010\\"));
-        crearCarpeta(e.servicio, documentos);
+        crearCarpeta(e.entorno, QStringLiteral("C:\\Quorvela"));
+        crearCarpeta(e.entorno, QStringLiteral("c:\\Quorvela\\123-2010\\"));
+        crearCarpeta(e.entorno, documentos);
     }
 
 private Q_SLOTS:
@@ -24,7 +24,7 @@ private Q_SLOTS:
         Escenario e;
         prepararArchivo(e);
         e.responder("campo=", "un valor largo"); // a short one would be asked for again
-        descargarRecursos(e.servicio, documentos);
+        descargarRecursos(e.entorno, documentos);
         const QString valor =
             QStringLiteral("/querys/tessarin/tomarValor.php?azar=#&idcolegio=123&campo=");
         const QString fin = QStringLiteral("&acutes=SI");
@@ -48,7 +48,7 @@ private Q_SLOTS:
     {
         Escenario e;
         prepararArchivo(e);
-        descargarRecursos(e.servicio, documentos);
+        descargarRecursos(e.entorno, documentos);
         const QString archivos = QStringLiteral("123-2010/archivos");
         QCOMPARE(e.listar(archivos),
                  QStringList({QStringLiteral("config"), QStringLiteral("images"),
@@ -72,7 +72,7 @@ private Q_SLOTS:
     {
         Escenario e;
         prepararArchivo(e);
-        descargarRecursos(e.servicio, documentos);
+        descargarRecursos(e.entorno, documentos);
         QCOMPARE(e.estadoTS.historia, QStringList({QStringLiteral("Descargando Scripts"),
                                                    QStringLiteral("Descargando Configuracion"),
                                                    QStringLiteral("Descargando Logotipos")}));
@@ -93,7 +93,7 @@ private Q_SLOTS:
         e.responder("campo=DIRECCION", "Calle 5 \\ 12-3");
         e.responder("campo=TELEFONO", "555 1234");
         e.responder("campo=CDANE", "1123");
-        descargarRecursos(e.servicio, documentos);
+        descargarRecursos(e.entorno, documentos);
         QCOMPARE(e.leer(QStringLiteral("123-2010/configuracion.txt")),
                  QByteArray("var rector = \"Jos\xE9 Nu\xF1"
                             "ez\";\r\n"
@@ -110,9 +110,9 @@ private Q_SLOTS:
     {
         Escenario e;
         prepararArchivo(e);
-        descargarRecursos(e.servicio, documentos);
+        descargarRecursos(e.entorno, documentos);
         e.responder("campo=", "un valor nuevo");
-        descargarRecursos(e.servicio, documentos);
+        descargarRecursos(e.entorno, documentos);
         const QByteArray guion = e.leer(QStringLiteral("123-2010/configuracion.txt"));
         QCOMPARE(guion.count("var "), 7);
         QCOMPARE(guion.count("\"un valor nuevo\""), 7);
@@ -127,7 +127,7 @@ private Q_SLOTS:
         falla.estado = 404;
         falla.cuerpo = "no existe esa imagen";
         e.demo.fallar("logo.png", falla);
-        descargarRecursos(e.servicio, documentos);
+        descargarRecursos(e.entorno, documentos);
         QVERIFY(!e.existe(QStringLiteral("123-2010/archivos/images/logo.png")));
         QVERIFY(e.existe(QStringLiteral("123-2010/archivos/images/rector.png")));
     }

@@ -20,10 +20,10 @@ void BarraAnotada::ponerMaximo(int nuevo)
 }
 
 Escenario::Escenario(const TamanoEscuela &tamano)
-    : demo(tamano), disco(personal.path()), servicio{demo.base(), http, disco, azar,
-                                                     [this](std::chrono::milliseconds duracion) {
-                                                         pausas.append(duracion);
-                                                     }}
+    : demo(tamano), disco(personal.path()), entorno{demo.base(), http, disco, azar,
+                                                    [this](std::chrono::milliseconds duracion) {
+                                                        pausas.append(duracion);
+                                                    }}
 {
     elementosProgreso = {&barra1, &barra2, &estadoTS, &estadoHS};
     Module1::idColegio = QStringLiteral("123");

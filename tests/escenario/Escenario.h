@@ -4,7 +4,7 @@
 #pragma once
 
 #include "demostracion/ServicioDemo.h"
-#include "service/Servicio.h"
+#include "service/Entorno.h"
 #include "shell/ElementosProgreso.h"
 
 #include <QStringList>
@@ -57,7 +57,7 @@ public:
     DriveC disco;
     Azar azar;
     QList<std::chrono::milliseconds> pausas;
-    Servicio servicio;
+    Entorno entorno;
 
     BarraAnotada barra1;
     BarraAnotada barra2;

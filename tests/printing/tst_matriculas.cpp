@@ -20,7 +20,7 @@ private:
     static void correr(Escenario &e, PanelAnotado &panel)
     {
         Verbos verbos;
-        correrTrabajo(QStringLiteral("Hoja Matricula"), e.servicio, panel, verbos);
+        correrTrabajo(QStringLiteral("Hoja Matricula"), e.entorno, panel, verbos);
     }
 
 private Q_SLOTS:

@@ -108,7 +108,7 @@ private:
     static void correr(const QString &nombre, Escenario &e, PanelAnotado &panel)
     {
         Verbos verbos;
-        correrTrabajo(nombre, e.servicio, panel, verbos);
+        correrTrabajo(nombre, e.entorno, panel, verbos);
     }
 
 private Q_SLOTS:

@@ -18,7 +18,7 @@ private Q_SLOTS:
 
     void dosSalones_danDosRegistrosYDosLineas()
     {
-        tcSalones salones(e->servicio);
+        tcSalones salones(e->entorno);
         QSignalSpy lineas(&salones, &tcSalones::nuevaLinea);
         salones.Fcargar(QStringLiteral("5,QUINTO A®6,SEXTO B"));
         QCOMPARE(salones.Count(), 2);
@@ -32,7 +32,7 @@ private Q_SLOTS:
 
     void itemPorClaveYPorPosicion_esElMismoRegistro()
     {
-        tcSalones salones(e->servicio);
+        tcSalones salones(e->entorno);
         salones.Fcargar(QStringLiteral("5,QUINTO A®6,SEXTO B"));
         QCOMPARE(salones.Item(QStringLiteral("5")), salones.Item(1));
         QVERIFY(salones.Remove(QStringLiteral("5")));
@@ -46,7 +46,7 @@ private Q_SLOTS:
 
     void idConSalto_pierdeElSaltoPeroLaLineaLoConserva()
     {
-        tcSalones salones(e->servicio);
+        tcSalones salones(e->entorno);
         QSignalSpy lineas(&salones, &tcSalones::nuevaLinea);
         salones.Fcargar(QStringLiteral("7\r\n,SEPTIMO"));
         QCOMPARE(salones.Item(1)->id, QStringLiteral("7"));
@@ -56,7 +56,7 @@ private Q_SLOTS:
 
     void blancosAlrededor_seConservan()
     {
-        tcAlumnos alumnos(e->servicio);
+        tcAlumnos alumnos(e->entorno);
         alumnos.Fcargar(QStringLiteral(" 8, PEDRO"));
         QCOMPARE(alumnos.Item(QStringLiteral(" 8"))->nombre, QStringLiteral(" PEDRO"));
         QVERIFY(!alumnos.Item(QStringLiteral("8")));
@@ -64,7 +64,7 @@ private Q_SLOTS:
 
     void columnaDeMas_seIgnora()
     {
-        tcAlumnos alumnos(e->servicio);
+        tcAlumnos alumnos(e->entorno);
         alumnos.Fcargar(QStringLiteral("9,LUIS,X"));
         QCOMPARE(alumnos.Count(), 1);
         QCOMPARE(alumnos.Item(1)->nombre, QStringLiteral("LUIS"));
@@ -72,7 +72,7 @@ private Q_SLOTS:
 
     void salonDeUnSoloCampo_daNombreVacioYSuLinea()
     {
-        tcSalones salones(e->servicio);
+        tcSalones salones(e->entorno);
         QSignalSpy lineas(&salones, &tcSalones::nuevaLinea);
         salones.Fcargar(QStringLiteral("5"));
         QCOMPARE(salones.Item(1)->salon, QString());
@@ -81,7 +81,7 @@ private Q_SLOTS:
 
     void filaVacia_noDaRegistroNiLinea()
     {
-        tcSalones salones(e->servicio);
+        tcSalones salones(e->entorno);
         QSignalSpy lineas(&salones, &tcSalones::nuevaLinea);
         salones.Fcargar(QString());
         salones.Fcargar(QStringLiteral("5,A®"));
@@ -91,7 +91,7 @@ private Q_SLOTS:
 
     void claveRepetida_dejaElPrimeroPeroSuLineaSale()
     {
-        tcSalones salones(e->servicio);
+        tcSalones salones(e->entorno);
         QSignalSpy lineas(&salones, &tcSalones::nuevaLinea);
         salones.Fcargar(QStringLiteral("a1,PRIMERO®A1,SEGUNDO"));
         QCOMPARE(salones.Count(), 1);
@@ -101,7 +101,7 @@ private Q_SLOTS:
 
     void claveConOtraLetraAcentuada_esLaMisma()
     {
-        tcAlumnos alumnos(e->servicio);
+        tcAlumnos alumnos(e->entorno);
         alumnos.Fcargar(QStringLiteral("Ñ1,UNO®ñ1,DOS®ß,TRES®ss,CUATRO"));
         QCOMPARE(alumnos.Count(), 3);
         QCOMPARE(alumnos.Item(QStringLiteral("ñ1"))->nombre, QStringLiteral("UNO"));
@@ -109,7 +109,7 @@ private Q_SLOTS:
 
     void addDeClaveRepetida_devuelveElRegistroRechazado()
     {
-        tcAlumnos alumnos(e->servicio);
+        tcAlumnos alumnos(e->entorno);
         alumnos.Add(QStringLiteral("1"), QStringLiteral("ANA"), QStringLiteral("1"));
         const auto otro =
             alumnos.Add(QStringLiteral("1"), QStringLiteral("EVA"), QStringLiteral("1"));
@@ -119,7 +119,7 @@ private Q_SLOTS:
 
     void cargarDosVeces_sumaLosRegistros()
     {
-        tcAlumnos alumnos(e->servicio);
+        tcAlumnos alumnos(e->entorno);
         alumnos.Fcargar(QStringLiteral("1,ANA"));
         alumnos.Fcargar(QStringLiteral("1,OTRA®2,EVA"));
         QCOMPARE(alumnos.Count(), 2);
@@ -128,7 +128,7 @@ private Q_SLOTS:
 
     void recorrido_vaEnElOrdenDeEntrada()
     {
-        tcMaterias materias(e->servicio);
+        tcMaterias materias(e->entorno);
         materias.Fcargar(QStringLiteral("z,ZOO,B®a,ARTE,A®m"));
         QStringList textos;
         const auto registros = materias.NewEnum();
@@ -140,7 +140,7 @@ private Q_SLOTS:
 
     void materias_cedenTrasCadaFila()
     {
-        tcMaterias materias(e->servicio);
+        tcMaterias materias(e->entorno);
         int vueltas = 0;
         QTimer turno;
         connect(&turno, &QTimer::timeout, this, [&] { ++vueltas; });
@@ -151,7 +151,7 @@ private Q_SLOTS:
 
     void cargar_noAnunciaDescargas()
     {
-        tcSalones salones(e->servicio);
+        tcSalones salones(e->entorno);
         QSignalSpy avisos(&salones, &tcLista::nuevaDescarga);
         salones.Fcargar(QStringLiteral("5,A®6,B"));
         QCOMPARE(avisos.size(), 0);

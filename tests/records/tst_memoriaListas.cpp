@@ -68,7 +68,7 @@ private Q_SLOTS:
         QFETCH(qint64, topeMiB);
         const QString rta = respuestaLarga(fila);
         Escenario e;
-        tcAlumnos alumnos(e.servicio);
+        tcAlumnos alumnos(e.entorno);
         ::malloc_trim(0); // what the row before has left must not count as room
         QVERIFY(contarDeNuevo());
         const qint64 antes = memoria("VmRSS");

@@ -14,8 +14,8 @@ class tst_archivos : public QObject {
 private:
     void hacerCarpeta(Escenario &e)
     {
-        crearCarpeta(e.servicio, QStringLiteral("C:\\Quorvela"));
-        crearCarpeta(e.servicio, QStringLiteral("c:\\Quorvela\\a"));
+        crearCarpeta(e.entorno, QStringLiteral("C:\\Quorvela"));
+        crearCarpeta(e.entorno, QStringLiteral("c:\\Quorvela\\a"));
     }
 
 private Q_SLOTS:
@@ -34,7 +34,7 @@ private Q_SLOTS:
         Escenario e;
         hacerCarpeta(e);
         e.responder("/f.png", cuerpo);
-        QCOMPARE(descargarArchivo(e.servicio, e.demo.base() + QStringLiteral("/f.png"), destino),
+        QCOMPARE(descargarArchivo(e.entorno, e.demo.base() + QStringLiteral("/f.png"), destino),
                  llego);
         QCOMPARE(e.leer(QStringLiteral("a/f.png")), cuerpo);
         QVERIFY(e.existe(QStringLiteral("a/f.png")));
@@ -45,8 +45,8 @@ private Q_SLOTS:
         Escenario e;
         hacerCarpeta(e);
         e.responder("/f.png", "123456789");
-        descargarArchivo(e.servicio, e.demo.base() + QStringLiteral("/f.png"), destino);
-        descargarArchivo(e.servicio, e.demo.base() + QStringLiteral("/nada.png"), destino);
+        descargarArchivo(e.entorno, e.demo.base() + QStringLiteral("/f.png"), destino);
+        descargarArchivo(e.entorno, e.demo.base() + QStringLiteral("/nada.png"), destino);
         QCOMPARE(e.pausas, QList<std::chrono::milliseconds>(
                                {std::chrono::milliseconds(500), std::chrono::milliseconds(500)}));
     }
@@ -56,7 +56,7 @@ private Q_SLOTS:
         Escenario e;
         hacerCarpeta(e);
         e.responder("/f.png", "123456789");
-        QVERIFY(!descargarArchivo(e.servicio, e.demo.base() + QStringLiteral("/f.png"),
+        QVERIFY(!descargarArchivo(e.entorno, e.demo.base() + QStringLiteral("/f.png"),
                                   QStringLiteral("c:\\Quorvela\\a\\f.png\r\n")));
         QCOMPARE(e.leer(QStringLiteral("a/f.png")), QByteArray("123456789"));
     }
@@ -76,14 +76,14 @@ private Q_SLOTS:
         hacerCarpeta(e);
         e.responder("logo.png", "el archivo viejo");
         const QString url = e.demo.base() + QStringLiteral("/images/colegios/123/logo.png");
-        QVERIFY(descargarArchivo(e.servicio, url, destino));
+        QVERIFY(descargarArchivo(e.entorno, url, destino));
         e.demo.quitarFallas();
         Falla falla;
         falla.clase = static_cast<Falla::Clase>(clase);
         falla.estado = 500;
         falla.cuerpo = "una pagina de error";
         e.demo.fallar("logo.png", falla);
-        QVERIFY(!descargarArchivo(e.servicio, url, destino));
+        QVERIFY(!descargarArchivo(e.entorno, url, destino));
         QCOMPARE(e.listar(QStringLiteral("a")), QStringList());
     }
 
@@ -91,7 +91,7 @@ private Q_SLOTS:
     {
         Escenario e;
         e.responder("/f.png", "123456789");
-        QVERIFY(!descargarArchivo(e.servicio, e.demo.base() + QStringLiteral("/f.png"), destino));
+        QVERIFY(!descargarArchivo(e.entorno, e.demo.base() + QStringLiteral("/f.png"), destino));
         QCOMPARE(e.destinos(), QStringList({QStringLiteral("/f.png")}));
     }
 
@@ -100,7 +100,7 @@ private Q_SLOTS:
         Escenario e;
         hacerCarpeta(e);
         e.responder("/f.png", "123456789");
-        descargarArchivo(e.servicio, e.demo.base() + QStringLiteral("/f.png"), destino);
+        descargarArchivo(e.entorno, e.demo.base() + QStringLiteral("/f.png"), destino);
         const QByteArray bytes = e.demo.peticiones().first().bytes.toLower();
         QVERIFY(!bytes.contains("content-type"));
         QVERIFY(!bytes.contains("content-length"));
@@ -111,8 +111,8 @@ private Q_SLOTS:
         Escenario e;
         hacerCarpeta(e);
         const QString archivo = QStringLiteral("c:\\Quorvela\\a\\t.txt");
-        escribirTexto(e.servicio, QStringLiteral("x"), archivo, false);
-        escribirTexto(e.servicio, QStringLiteral("x"), archivo, false);
+        escribirTexto(e.entorno, QStringLiteral("x"), archivo, false);
+        escribirTexto(e.entorno, QStringLiteral("x"), archivo, false);
         QCOMPARE(e.leer(QStringLiteral("a/t.txt")), QByteArray("x\r\nx\r\n"));
     }
 
@@ -121,8 +121,8 @@ private Q_SLOTS:
         Escenario e;
         hacerCarpeta(e);
         const QString archivo = QStringLiteral("c:\\Quorvela\\a\\t.txt");
-        escribirTexto(e.servicio, QStringLiteral("uno mas largo"), archivo, true);
-        escribirTexto(e.servicio, QStringLiteral("dos"), archivo, true);
+        escribirTexto(e.entorno, QStringLiteral("uno mas largo"), archivo, true);
+        escribirTexto(e.entorno, QStringLiteral("dos"), archivo, true);
         QCOMPARE(e.leer(QStringLiteral("a/t.txt")), QByteArray("dos\r\n"));
     }
 
@@ -149,16 +149,16 @@ private Q_SLOTS:
         };
         const QString archivo = QStringLiteral("c:\\Quorvela\\a\\") + pedido;
         QVERIFY(ponerViejos());
-        escribirTexto(e.servicio, QStringLiteral("nuevo"), archivo, true);
+        escribirTexto(e.entorno, QStringLiteral("nuevo"), archivo, true);
         QCOMPARE(e.leer(QStringLiteral("a/") + pedido), QByteArray("nuevo\r\n"));
 
         QVERIFY(ponerViejos());
         e.responder("/f.png", "123456789");
-        QVERIFY(descargarArchivo(e.servicio, e.demo.base() + QStringLiteral("/f.png"), archivo));
+        QVERIFY(descargarArchivo(e.entorno, e.demo.base() + QStringLiteral("/f.png"), archivo));
         QCOMPARE(e.leer(QStringLiteral("a/") + pedido), QByteArray("123456789"));
         // One that does not arrive leaves nothing that could be taken for it.
         QVERIFY(
-            !descargarArchivo(e.servicio, e.demo.base() + QStringLiteral("/nada.png"), archivo));
+            !descargarArchivo(e.entorno, e.demo.base() + QStringLiteral("/nada.png"), archivo));
         QVERIFY(!e.existe(QStringLiteral("a/") + pedido));
     }
 
@@ -166,7 +166,7 @@ private Q_SLOTS:
     {
         Escenario e;
         hacerCarpeta(e);
-        escribirTexto(e.servicio, QStringLiteral("Ñandú \u20AC \u4E2D"),
+        escribirTexto(e.entorno, QStringLiteral("Ñandú \u20AC \u4E2D"),
                       QStringLiteral("c:\\Quorvela\\a\\t.txt"), true);
         QCOMPARE(e.leer(QStringLiteral("a/t.txt")), QByteArray("\xD1"
                                                                "and\xFA \x80 ?\r\n"));
@@ -176,11 +176,11 @@ private Q_SLOTS:
     {
         Escenario e;
         hacerCarpeta(e);
-        escribirTexto(e.servicio, QStringLiteral("x"), QStringLiteral("c:\\Quorvela\\no\\t.txt"),
+        escribirTexto(e.entorno, QStringLiteral("x"), QStringLiteral("c:\\Quorvela\\no\\t.txt"),
                       true);
-        escribirTexto(e.servicio, QStringLiteral("x"), QStringLiteral("c:\\Quorvela\\a\\a|b.html"),
+        escribirTexto(e.entorno, QStringLiteral("x"), QStringLiteral("c:\\Quorvela\\a\\a|b.html"),
                       true);
-        escribirTexto(e.servicio, QStringLiteral("x"), QStringLiteral("c:\\Quorvela\\..\\f.html"),
+        escribirTexto(e.entorno, QStringLiteral("x"), QStringLiteral("c:\\Quorvela\\..\\f.html"),
                       true);
         QCOMPARE(e.listar(QString()), QStringList({QStringLiteral("a")}));
         QCOMPARE(e.listar(QStringLiteral("a")), QStringList());
@@ -191,16 +191,16 @@ private Q_SLOTS:
     void carpetaConSaltosEnSuRuta_seHaceSinEllos()
     {
         Escenario e;
-        crearCarpeta(e.servicio, QStringLiteral("C:\\Quorvela"));
-        crearCarpeta(e.servicio, QStringLiteral("c:\\Quorvela\\123\r\n-2010\\"));
+        crearCarpeta(e.entorno, QStringLiteral("C:\\Quorvela"));
+        crearCarpeta(e.entorno, QStringLiteral("c:\\Quorvela\\123\r\n-2010\\"));
         QCOMPARE(e.listar(QString()), QStringList({QStringLiteral("123-2010")}));
     }
 
     void carpetaSinSuMadre_noSeHace()
     {
         Escenario e;
-        crearCarpeta(e.servicio, QStringLiteral("C:\\Quorvela"));
-        crearCarpeta(e.servicio, QStringLiteral("c:\\Quorvela\\a\\b"));
+        crearCarpeta(e.entorno, QStringLiteral("C:\\Quorvela"));
+        crearCarpeta(e.entorno, QStringLiteral("c:\\Quorvela\\a\\b"));
         QCOMPARE(e.listar(QString()), QStringList());
     }
 };

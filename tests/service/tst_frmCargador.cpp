@@ -41,7 +41,7 @@ private Q_SLOTS:
     {
         Escenario e;
         e.responder("/p.php", "respuesta larga");
-        frmCargador cargador(e.servicio);
+        frmCargador cargador(e.entorno);
         QCOMPARE(cargador.conectar(e.demo.base() + QStringLiteral("/p.php"), QStringLiteral("x=1"),
                                    false),
                  QStringLiteral("respuesta larga"));
@@ -81,7 +81,7 @@ private Q_SLOTS:
         QFETCH(int, pedidos);
         Escenario e;
         e.responder("/p.php", respuesta);
-        frmCargador cargador(e.servicio);
+        frmCargador cargador(e.entorno);
         QCOMPARE(cargador.conectar(e.demo.base() + QStringLiteral("/p.php"), {}, true),
                  QString::fromLatin1(respuesta));
         QCOMPARE(e.demo.peticiones().size(), pedidos);
@@ -95,7 +95,7 @@ private Q_SLOTS:
         falla.estado = 500;
         falla.cuerpo = "Internal error";
         e.demo.fallar("/p.php", falla);
-        frmCargador cargador(e.servicio);
+        frmCargador cargador(e.entorno);
         QCOMPARE(cargador.conectar(e.demo.base() + QStringLiteral("/p.php"), {}, true),
                  QStringLiteral("Internal error"));
         QCOMPARE(e.demo.peticiones().size(), 1);
@@ -105,7 +105,7 @@ private Q_SLOTS:
     {
         Escenario e;
         e.responder("/p.php", "ERR");
-        frmCargador cargador(e.servicio);
+        frmCargador cargador(e.entorno);
         cargador.conectar(e.demo.base() + QStringLiteral("/p.php"), QStringLiteral("a=b"), true);
         static const QRegularExpression forma(QStringLiteral("^/p\\.php\\?azar=(\\d+)&a=b$"));
         QSet<int> numeros;
@@ -125,7 +125,7 @@ private Q_SLOTS:
         Escenario e;
         e.responder("/p.php", "ya llego completa");
         e.responder("/p.php", "no", 2);
-        frmCargador cargador(e.servicio);
+        frmCargador cargador(e.entorno);
         QCOMPARE(cargador.conectar(e.demo.base() + QStringLiteral("/p.php"), {}, true),
                  QStringLiteral("ya llego completa"));
         QCOMPARE(e.demo.peticiones().size(), 3);
@@ -138,7 +138,7 @@ private Q_SLOTS:
         corte.clase = Falla::CierraAntes;
         e.demo.fallar("/p.php", corte);
         e.responder("/p.php", "corta", 1);
-        frmCargador cargador(e.servicio);
+        frmCargador cargador(e.entorno);
         QCOMPARE(cargador.conectar(e.demo.base() + QStringLiteral("/p.php"), {}, true),
                  QStringLiteral("corta"));
         QCOMPARE(e.demo.peticiones().size(), 4);
@@ -159,7 +159,7 @@ private Q_SLOTS:
         Falla falla;
         falla.clase = static_cast<Falla::Clase>(clase);
         e.demo.fallar("salones.php", falla);
-        frmCargador cargador(e.servicio);
+        frmCargador cargador(e.entorno);
         QCOMPARE(cargador.conectar(e.demo.base() + QStringLiteral("/querys/tessarin/salones.php"),
                                    QStringLiteral("idcolegio=123&tipo=html"), true),
                  QString());
@@ -174,7 +174,7 @@ private Q_SLOTS:
             muerta = otro.base();
         }
         Escenario e;
-        frmCargador cargador(e.servicio);
+        frmCargador cargador(e.entorno);
         QCOMPARE(cargador.conectar(muerta + QStringLiteral("/p.php"), {}, true), QString());
     }
 
@@ -185,7 +185,7 @@ private Q_SLOTS:
             todos.append(static_cast<char>(i));
         Escenario e;
         e.responder("/p.php", todos);
-        frmCargador cargador(e.servicio);
+        frmCargador cargador(e.entorno);
         const QString texto =
             cargador.conectar(e.demo.base() + QStringLiteral("/p.php"), {}, false);
         QCOMPARE(texto.size(), 256);
@@ -201,7 +201,7 @@ private Q_SLOTS:
     {
         Escenario e;
         e.responder("/p.php", "A\xC3\xB1o escolar");
-        frmCargador cargador(e.servicio);
+        frmCargador cargador(e.entorno);
         QCOMPARE(cargador.conectar(e.demo.base() + QStringLiteral("/p.php"), {}, false),
                  QStringLiteral("A\u00C3\u00B1o escolar"));
     }
@@ -210,7 +210,7 @@ private Q_SLOTS:
     {
         Escenario e;
         e.responder("/p.php", "respuesta larga");
-        frmCargador cargador(e.servicio);
+        frmCargador cargador(e.entorno);
         cargador.conectar(e.demo.base() + QStringLiteral("/p.php"),
                           QStringLiteral("f=http://h/a b&g=á&h=x=y//..%20"), false);
         QCOMPARE(e.demo.peticiones().first().destino,
@@ -224,7 +224,7 @@ private Q_SLOTS:
         demora.clase = Falla::Demora;
         demora.demora = std::chrono::milliseconds(60);
         e.demo.fallar("salones.php", demora);
-        frmCargador cargador(e.servicio);
+        frmCargador cargador(e.entorno);
         QVERIFY(!cargador.abierto());
         bool abiertoAlPedir = false;
         QTimer::singleShot(10, &cargador, [&] { abiertoAlPedir = cargador.abierto(); });
@@ -243,7 +243,7 @@ private Q_SLOTS:
         demora.clase = Falla::Demora;
         demora.demora = std::chrono::milliseconds(300);
         e.demo.fallar("salones.php", demora);
-        frmCargador cargador(e.servicio);
+        frmCargador cargador(e.entorno);
         // The watchdog's seconds, one by one, without their waiting.
         const auto relojes = cargador.findChildren<QTimer *>();
         QTimer *vigilante = nullptr;

@@ -35,7 +35,7 @@ private Q_SLOTS:
         QFETCH(bool, aceptado);
         Escenario e;
         vaciarSesion();
-        QCOMPARE(tomarValores(e.servicio, respuesta), aceptado);
+        QCOMPARE(tomarValores(e.entorno, respuesta), aceptado);
         QCOMPARE(Module1::rolUsuario, aceptado ? QStringLiteral("SECRETARIA") : QString());
         QCOMPARE(Module1::idColegio, aceptado ? QStringLiteral("12") : QStringLiteral("ERROR"));
         QCOMPARE(e.demo.peticiones().isEmpty(), !aceptado);
@@ -45,7 +45,7 @@ private Q_SLOTS:
     {
         Escenario e;
         e.responder("campo=", "un valor largo");
-        QVERIFY(tomarValores(e.servicio, QStringLiteral("12\r\n,SECRETARIA")));
+        QVERIFY(tomarValores(e.entorno, QStringLiteral("12\r\n,SECRETARIA")));
         const QString pagina =
             QStringLiteral("/querys/tessarin/tomarValor.php?azar=#&idcolegio=12");
         QCOMPARE(e.destinos(), QStringList({pagina + QStringLiteral("%0D%0A&campo=ANOACTUAL"),
@@ -77,7 +77,7 @@ private Q_SLOTS:
         QFETCH(QString, certificado);
         Escenario e;
         e.responder("campo=USA", respuesta);
-        QVERIFY(tomarValores(e.servicio, QStringLiteral("123,SECRETARIA")));
+        QVERIFY(tomarValores(e.entorno, QStringLiteral("123,SECRETARIA")));
         QCOMPARE(Module1::usaBoleta2, boletin);
         QCOMPARE(Module1::usaInfoFin2, boletin);
         QCOMPARE(Module1::usaCertiFin2, certificado);
@@ -87,7 +87,7 @@ private Q_SLOTS:
     {
         Escenario e;
         e.responder("campo=ANOACTUAL", " 2010\r\n");
-        QVERIFY(tomarValores(e.servicio, QStringLiteral("123,SECRETARIA")));
+        QVERIFY(tomarValores(e.entorno, QStringLiteral("123,SECRETARIA")));
         QCOMPARE(Module1::anoActual, QStringLiteral("2010"));
     }
 
@@ -97,7 +97,7 @@ private Q_SLOTS:
         Falla falla;
         falla.clase = Falla::CierraAntes;
         e.demo.fallar("tomarValor.php", falla);
-        QVERIFY(tomarValores(e.servicio, QStringLiteral("123,SUPERADMIN")));
+        QVERIFY(tomarValores(e.entorno, QStringLiteral("123,SUPERADMIN")));
         QCOMPARE(Module1::anoActual, QString());
         QCOMPARE(Module1::usaBoleta2, QString());
     }

@@ -16,7 +16,7 @@
 class VentanaDePrueba {
 public:
     explicit VentanaDePrueba(const TamanoEscuela &tamano = Escenario::pequena())
-        : e(tamano), form(e.servicio, verbos, [this] { ++cierres; })
+        : e(tamano), form(e.entorno, verbos, [this] { ++cierres; })
     {
         form.show();
         [[maybe_unused]] const bool visible = QTest::qWaitForWindowExposed(&form);

@@ -251,7 +251,7 @@ private Q_SLOTS:
     void avisoDeMaterias_noCambiaNada()
     {
         VentanaDePrueba v;
-        v.form.Materias = std::make_unique<tcMaterias>(v.e.servicio);
+        v.form.Materias = std::make_unique<tcMaterias>(v.e.entorno);
         Q_EMIT
         v.form.Materias->nuevaDescarga(QStringLiteral("materia"));
         QCOMPARE(v.elemento<QLabel>("estadoHS")->text(), QStringLiteral(".."));

@@ -11,7 +11,7 @@
 #include <chrono>
 #include <functional>
 
-struct Servicio {
+struct Entorno {
     QString ServiceBase; // scheme and host, without a trailing slash
     HttpClient &http;
     DriveC &disco;
