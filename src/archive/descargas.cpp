@@ -6,7 +6,6 @@
 #include "service/archivos.h"
 #include "service/frmCargador.h"
 #include "service/limpieza.h"
-#include "shell/ElementosProgreso.h"
 
 namespace {
 
@@ -15,7 +14,7 @@ Valores valoresDe(const FilaDescarga &fila, const Entorno &entorno)
 {
     Valores valores = rutasArchivo::valores(entorno);
     if (fila.tipo)
-        valores.insert(QStringLiteral("tipo"), fila.tipo());
+        valores.insert(QStringLiteral("tipo"), fila.tipo(entorno.sesion));
     valores.insert(QStringLiteral("salida"), completar(fila.salida, valores));
     return valores;
 }
@@ -55,10 +54,10 @@ void descargar(const FilaDescarga &fila, tcLista &lista, Entorno &entorno)
     for (const QString &carpeta : fila.carpetas)
         crearCarpeta(entorno, completar(carpeta, valores));
 
-    elementosProgreso.barra1->ponerMaximo(lista.Count());
-    elementosProgreso.barra1->ponerValor(0);
-    elementosProgreso.barra2->avanzar();
-    elementosProgreso.estadoTS->ponerTexto(fila.titulo);
+    entorno.progreso.barra1->ponerMaximo(lista.Count());
+    entorno.progreso.barra1->ponerValor(0);
+    entorno.progreso.barra2->avanzar();
+    entorno.progreso.estadoTS->ponerTexto(fila.titulo);
 
     frmCargador cargador(entorno);
     for (int posicion = 1; posicion <= lista.Count(); ++posicion) {
@@ -77,7 +76,7 @@ void descargar(const FilaDescarga &fila, tcLista &lista, Entorno &entorno)
         else
             guardarFoto(respuesta, archivo, valores, entorno);
 
-        elementosProgreso.barra1->avanzar();
+        entorno.progreso.barra1->avanzar();
         ceder();
     }
 }

@@ -10,6 +10,7 @@
 
 class tcLista;
 struct Entorno;
+struct Module1;
 
 // One method. Texts may name the places of rutasArchivo::valores, {salida} (the row's output
 // folder), {tipo} (its document kind), {id} (the record's) and {foto} (the row's photo address).
@@ -20,7 +21,7 @@ struct FilaDescarga {
     QString salida{};       // output folder, with "\" at its end
     QString url{};
     QString parametros{};
-    QString (*tipo)() = nullptr; // the document kind, chosen once for the whole call
+    QString (*tipo)(const Module1 &) = nullptr; // the document kind, chosen once for the whole call
     QList<Reemplazo> reemplazos{};
     bool conGuion = false; // the script of student documents is appended
     QString foto{};        // not empty: the reply says whether this file exists, and it is what
@@ -41,8 +42,8 @@ extern const FilaDescarga fotosAlumno;
 } // namespace filasDescarga
 
 // The document kinds that the school's settings choose.
-QString tipoInfoFinal();
-QString tipoCertificado();
+QString tipoInfoFinal(const Module1 &sesion);
+QString tipoCertificado(const Module1 &sesion);
 
 // Stores one item for each record of the list, and drives the progress elements. A step that
 // fails is passed over: a page that did not come is stored as whatever came instead.

@@ -4,7 +4,6 @@
 #include "records/tcMaterias.h"
 #include "service/archivos.h"
 #include "service/limpieza.h"
-#include "shell/ElementosProgreso.h"
 
 #include <QSet>
 
@@ -46,11 +45,11 @@ namespace {
 const QStringList titulosFijos = {QStringLiteral("Nro Perdidas"), QStringLiteral("Promedio"),
                                   QStringLiteral("Puesto")};
 
-void mostrar(const QString &texto, int posicion, int cuantas)
+void mostrar(Entorno &entorno, const QString &texto, int posicion, int cuantas)
 {
-    elementosProgreso.estadoHS->ponerTexto(QStringLiteral("Label: ") + texto + QStringLiteral(" - ")
-                                           + QString::number(posicion) + QStringLiteral(" de ")
-                                           + QString::number(cuantas));
+    entorno.progreso.estadoHS->ponerTexto(QStringLiteral("Label: ") + texto + QStringLiteral(" - ")
+                                          + QString::number(posicion) + QStringLiteral(" de ")
+                                          + QString::number(cuantas));
 }
 
 } // namespace
@@ -69,18 +68,18 @@ void tcMaterias::downLabels()
         [[maybe_unused]] const bool llego = descargarArchivo(m_entorno, url, carpeta + archivo);
     };
 
-    elementosProgreso.barra1->ponerMaximo(Count());
-    elementosProgreso.barra1->ponerValor(0);
-    elementosProgreso.barra2->avanzar();
-    elementosProgreso.estadoTS->ponerTexto(QStringLiteral("Descargando Labels de Materias"));
+    m_entorno.progreso.barra1->ponerMaximo(Count());
+    m_entorno.progreso.barra1->ponerValor(0);
+    m_entorno.progreso.barra2->avanzar();
+    m_entorno.progreso.estadoTS->ponerTexto(QStringLiteral("Descargando Labels de Materias"));
     QStringList areas;
     for (int posicion = 1; posicion <= Count(); ++posicion) {
         const auto materia = Item(posicion);
         const QString texto = etiquetas::textoDe(materia->nombre);
-        mostrar(texto, posicion, Count());
+        mostrar(m_entorno, texto, posicion, Count());
         guardar(etiquetas::direccionDeMateria(base, texto), texto);
         areas.append(etiquetas::textoDe(materia->area));
-        elementosProgreso.barra1->avanzar();
+        m_entorno.progreso.barra1->avanzar();
         ceder();
     }
 
@@ -88,15 +87,15 @@ void tcMaterias::downLabels()
     areas.append(QStringLiteral("Total Fallas"));
     areas = etiquetas::distintas(areas);
     const int cuantas = static_cast<int>(areas.size());
-    elementosProgreso.barra1->ponerMaximo(cuantas);
-    elementosProgreso.barra1->ponerValor(0);
+    m_entorno.progreso.barra1->ponerMaximo(cuantas);
+    m_entorno.progreso.barra1->ponerValor(0);
     for (int posicion = 1; posicion <= cuantas; ++posicion) {
         const QString area = areas[posicion - 1];
-        mostrar(area, posicion, cuantas);
+        mostrar(m_entorno, area, posicion, cuantas);
         // The colon is replaced by itself: file names have always been built so, and a label
         // with a colon cannot be stored.
         guardar(etiquetas::direccionDeArea(base, area), QString(area).replace(u':', u':'));
-        elementosProgreso.barra1->avanzar();
+        m_entorno.progreso.barra1->avanzar();
     }
 
     for (const QString &titulo : titulosFijos)

@@ -1,17 +1,16 @@
 #include "archive/descargas.h"
-#include "shell/Module1.h"
+#include "session/Module1.h"
 
-QString tipoInfoFinal()
+QString tipoInfoFinal(const Module1 &sesion)
 {
-    return Module1::usaInfoFin2 == u"SI" ? QStringLiteral("infoFinal2")
-                                         : QStringLiteral("infoFinal");
+    return sesion.usaInfoFin2 == u"SI" ? QStringLiteral("infoFinal2") : QStringLiteral("infoFinal");
 }
 
-QString tipoCertificado()
+QString tipoCertificado(const Module1 &sesion)
 {
-    if (Module1::usaCertiFin2 == u"3")
+    if (sesion.usaCertiFin2 == u"3")
         return QStringLiteral("certificado3");
-    if (Module1::usaCertiFin2 == u"2")
+    if (sesion.usaCertiFin2 == u"2")
         return QStringLiteral("certificado2");
     return QStringLiteral("certificado");
 }

@@ -8,8 +8,6 @@
 #include "service/archivos.h"
 #include "service/frmCargador.h"
 #include "service/limpieza.h"
-#include "shell/ElementosProgreso.h"
-#include "shell/Module1.h"
 
 namespace {
 
@@ -24,8 +22,8 @@ public:
     void crearCarpetas()
     {
         crearCarpeta(m_entorno, rutasArchivo::raiz());
-        crearCarpeta(m_entorno, rutasArchivo::carpeta() + u'\\');
-        crearCarpeta(m_entorno, rutasArchivo::documentos());
+        crearCarpeta(m_entorno, rutasArchivo::carpeta(m_entorno.sesion) + u'\\');
+        crearCarpeta(m_entorno, rutasArchivo::documentos(m_entorno.sesion));
     }
 
     void guardarPortada()
@@ -34,15 +32,18 @@ public:
         const QList<Reemplazo> reemplazos = {
             reemplazos::imagenesDelColegio(QStringLiteral("archivos\\images\\"))};
         escribirTexto(m_entorno, localizar(pagina, reemplazos, rutasArchivo::valores(m_entorno)),
-                      sinSaltos(rutasArchivo::carpeta()) + QStringLiteral("\\index.html"), true);
+                      sinSaltos(rutasArchivo::carpeta(m_entorno.sesion))
+                          + QStringLiteral("\\index.html"),
+                      true);
     }
 
     QString pedir(const QString &consulta, const QString &tipo)
     {
-        return m_cargador.conectar(
-            m_entorno.ServiceBase + QStringLiteral("/querys/tessarin/") + consulta,
-            QStringLiteral("idcolegio=") + Module1::idColegio + QStringLiteral("&tipo=") + tipo,
-            true);
+        return m_cargador.conectar(m_entorno.ServiceBase + QStringLiteral("/querys/tessarin/")
+                                       + consulta,
+                                   QStringLiteral("idcolegio=") + m_entorno.sesion.idColegio
+                                       + QStringLiteral("&tipo=") + tipo,
+                                   true);
     }
 
 private:
@@ -56,9 +57,9 @@ void descargarHistorico(Entorno &entorno, tcSalones &salones, tcAlumnos &alumnos
                         std::unique_ptr<tcMaterias> &materias)
 {
     Corrida corrida(entorno);
-    elementosProgreso.barra2->ponerMaximo(pasosMostrados);
+    entorno.progreso.barra2->ponerMaximo(pasosMostrados);
     corrida.crearCarpetas();
-    descargarRecursos(entorno, sinSaltos(rutasArchivo::documentos()));
+    descargarRecursos(entorno, sinSaltos(rutasArchivo::documentos(entorno.sesion)));
     corrida.guardarPortada();
 
     salones.downSalones();

@@ -5,7 +5,6 @@
 #include "service/frmCargador.h"
 #include "service/limpieza.h"
 #include "service/tomarValores.h"
-#include "shell/ElementosProgreso.h"
 
 #include <QStringList>
 
@@ -59,10 +58,10 @@ void descargarRecursos(Entorno &entorno, const QString &carpetaArchivos)
         crearCarpeta(entorno, carpetaArchivos + carpeta);
 
     frmCargador cargador(entorno);
-    elementosProgreso.barra1->ponerMaximo(2);
-    elementosProgreso.barra1->ponerValor(1);
-    elementosProgreso.barra2->avanzar();
-    elementosProgreso.estadoTS->ponerTexto(QStringLiteral("Descargando Scripts"));
+    entorno.progreso.barra1->ponerMaximo(2);
+    entorno.progreso.barra1->ponerValor(1);
+    entorno.progreso.barra2->avanzar();
+    entorno.progreso.estadoTS->ponerTexto(QStringLiteral("Descargando Scripts"));
     for (const QString &guion : guiones) {
         const QString texto = cargador.conectar(
             entorno.ServiceBase + QStringLiteral("/jscript/") + guion, QString(), true);
@@ -71,16 +70,17 @@ void descargarRecursos(Entorno &entorno, const QString &carpetaArchivos)
                       true);
     }
 
-    elementosProgreso.estadoTS->ponerTexto(QStringLiteral("Descargando Configuracion"));
+    entorno.progreso.estadoTS->ponerTexto(QStringLiteral("Descargando Configuracion"));
     QList<QPair<QString, QString>> valores;
     for (const Variable &variable : variables) {
         const QString valor = pedirValor(entorno, cargador, variable.campo, true);
         valores.append({variable.nombre, sinSaltos(recortar(valor))});
     }
     escribirTexto(entorno, guionDeConfiguracion(valores),
-                  rutasArchivo::carpeta() + QStringLiteral("\\configuracion.txt"), true);
+                  rutasArchivo::carpeta(entorno.sesion) + QStringLiteral("\\configuracion.txt"),
+                  true);
 
-    elementosProgreso.barra1->avanzar();
-    elementosProgreso.estadoTS->ponerTexto(QStringLiteral("Descargando Logotipos"));
+    entorno.progreso.barra1->avanzar();
+    entorno.progreso.estadoTS->ponerTexto(QStringLiteral("Descargando Logotipos"));
     descargarImagenes(entorno, imagenesCompartidas);
 }

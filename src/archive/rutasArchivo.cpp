@@ -1,6 +1,5 @@
 #include "archive/rutasArchivo.h"
 #include "service/Entorno.h"
-#include "shell/Module1.h"
 
 namespace rutasArchivo {
 
@@ -9,25 +8,25 @@ QString raiz()
     return QStringLiteral("C:\\Quorvela");
 }
 
-QString carpeta()
+QString carpeta(const Module1 &sesion)
 {
-    return QStringLiteral("c:\\Quorvela\\") + Module1::idColegio + u'-' + Module1::anoActual;
+    return QStringLiteral("c:\\Quorvela\\") + sesion.idColegio + u'-' + sesion.anoActual;
 }
 
-QString documentos()
+QString documentos(const Module1 &sesion)
 {
-    return carpeta() + QStringLiteral("\\archivos\\");
+    return carpeta(sesion) + QStringLiteral("\\archivos\\");
 }
 
 Valores valores(const Entorno &entorno)
 {
     return {{QStringLiteral("base"), entorno.ServiceBase},
-            {QStringLiteral("colegio"), Module1::idColegio},
-            {QStringLiteral("anio"), Module1::anoActual},
+            {QStringLiteral("colegio"), entorno.sesion.idColegio},
+            {QStringLiteral("anio"), entorno.sesion.anoActual},
             {QStringLiteral("raiz"), raiz()},
-            {QStringLiteral("archivo"), carpeta()},
-            {QStringLiteral("documentos"), documentos()},
-            {QStringLiteral("imagenes"), documentos() + QStringLiteral("images\\")}};
+            {QStringLiteral("archivo"), carpeta(entorno.sesion)},
+            {QStringLiteral("documentos"), documentos(entorno.sesion)},
+            {QStringLiteral("imagenes"), documentos(entorno.sesion) + QStringLiteral("images\\")}};
 }
 
 } // namespace rutasArchivo

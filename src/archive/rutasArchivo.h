@@ -7,6 +7,7 @@
 #include <QString>
 
 struct Entorno;
+struct Module1;
 
 namespace rutasArchivo {
 
@@ -15,10 +16,10 @@ QString raiz();
 
 // The archive folder of the session's school and year, without a separator at its end:
 // "c:\Quorvela\123-2010".
-QString carpeta();
+QString carpeta(const Module1 &sesion);
 
 // Its document folder, with one: "c:\Quorvela\123-2010\archivos\".
-QString documentos();
+QString documentos(const Module1 &sesion);
 
 // What the tables' texts may name: {base}, {colegio}, {anio}, {raiz}, {archivo} (the archive
 // folder), {documentos} and {imagenes} (the image folder, with a separator at its end).

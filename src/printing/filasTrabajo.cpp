@@ -2,11 +2,11 @@
 #include "archive/guiones.h"
 #include "printing/guionBoletin.h"
 #include "printing/trabajos.h"
-#include "shell/Module1.h"
+#include "session/Module1.h"
 
-QString tipoBoletin()
+QString tipoBoletin(const Module1 &sesion)
 {
-    return Module1::usaBoleta2 == u"SI" ? QStringLiteral("boletin2") : QStringLiteral("boletin");
+    return sesion.usaBoleta2 == u"SI" ? QStringLiteral("boletin2") : QStringLiteral("boletin");
 }
 
 namespace {

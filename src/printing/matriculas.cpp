@@ -3,6 +3,7 @@
 #include "printing/PanelImpresion.h"
 #include "printing/pasosTrabajo.h"
 #include "records/matriz.h"
+#include "service/Entorno.h"
 
 QString nombreMatriculas()
 {
@@ -14,7 +15,8 @@ void imprimirMatriculas(Entorno &entorno, PanelImpresion &panel, Verbos &verbos)
     const auto salon = pasosTrabajo::salonElegido(panel);
     if (!salon)
         return;
-    const QString carpeta = rutasArchivo::documentos() + QStringLiteral("matriculas\\");
+    const QString carpeta =
+        rutasArchivo::documentos(entorno.sesion) + QStringLiteral("matriculas\\");
     const QString rta = pasosTrabajo::pedirLista(entorno, QStringLiteral("alumnos.php"), *salon);
     // The box is part of the job: the secretary sees whose sheets are about to be printed.
     panel.mensaje(rta);

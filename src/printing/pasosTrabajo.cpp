@@ -5,7 +5,6 @@
 #include "printing/numeroSalon.h"
 #include "service/archivos.h"
 #include "service/frmCargador.h"
-#include "shell/Module1.h"
 
 namespace pasosTrabajo {
 
@@ -22,14 +21,14 @@ QString pedirLista(Entorno &entorno, const QString &pagina, double salon)
 {
     frmCargador cargador(entorno);
     return cargador.conectar(entorno.ServiceBase + QStringLiteral("/querys/tessarin/") + pagina,
-                             QStringLiteral("idcolegio=") + Module1::idColegio
+                             QStringLiteral("idcolegio=") + entorno.sesion.idColegio
                                  + QStringLiteral("&tipo=matrix&salon=") + enDecimal(salon),
                              true);
 }
 
 void traerImagenes(Entorno &entorno, const QList<Imagen> &imagenes)
 {
-    crearCarpeta(entorno, rutasArchivo::documentos() + QStringLiteral("images"));
+    crearCarpeta(entorno, rutasArchivo::documentos(entorno.sesion) + QStringLiteral("images"));
     descargarImagenes(entorno, imagenes);
 }
 

@@ -7,7 +7,6 @@
 #include "service/archivos.h"
 #include "service/frmCargador.h"
 #include "service/limpieza.h"
-#include "shell/Module1.h"
 
 namespace {
 
@@ -16,11 +15,11 @@ Valores valoresDe(const FilaTrabajo &fila, const Entorno &entorno, int periodo)
 {
     Valores valores = rutasArchivo::valores(entorno);
     valores.insert(QStringLiteral("recortado"), rutasArchivo::raiz() + u'\\'
-                                                    + recortar(Module1::idColegio) + u'-'
-                                                    + recortar(Module1::anoActual));
+                                                    + recortar(entorno.sesion.idColegio) + u'-'
+                                                    + recortar(entorno.sesion.anoActual));
     valores.insert(QStringLiteral("periodo"), QString::number(periodo));
     if (fila.tipo)
-        valores.insert(QStringLiteral("tipo"), fila.tipo());
+        valores.insert(QStringLiteral("tipo"), fila.tipo(entorno.sesion));
     valores.insert(QStringLiteral("salida"), completar(fila.salida, valores));
     return valores;
 }

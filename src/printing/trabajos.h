@@ -12,6 +12,7 @@
 class PanelImpresion;
 class Verbos;
 struct Entorno;
+struct Module1;
 
 // One downloading job. Texts may name the places of rutasArchivo::valores, {recortado} (the
 // archive folder with the session's values trimmed), {salida} (the row's folder), {tipo} (its
@@ -24,7 +25,7 @@ struct FilaTrabajo {
     QStringList carpetas{};  // created in this order
     QString salida{};
     QString url{};
-    QString (*tipo)() = nullptr;
+    QString (*tipo)(const Module1 &) = nullptr;
     QList<Reemplazo> reemplazos{};
     QString (*guion)() = nullptr;
     QList<Imagen> imagenes{}; // fetched after the loop
@@ -34,7 +35,7 @@ struct FilaTrabajo {
 extern const QList<FilaTrabajo> filasTrabajo;
 
 // The document kind of report cards.
-QString tipoBoletin();
+QString tipoBoletin(const Module1 &sesion);
 
 // Runs the job of the kind, if there is one, to its end. Its checks show their messages on the
 // panel; every other failure is passed over and the next document follows.

@@ -1,10 +1,13 @@
-// What every procedure needs to reach the service and the disk. Made once by main (or by a
-// test) and handed inwards; it owns nothing.
+// What every procedure needs: the service, the disk, the session, the window's progress. Made
+// once by main (or by a test) and handed inwards; all that it refers to is borrowed and must
+// outlive it.
 #pragma once
 
 #include "platform/DriveC.h"
 #include "platform/HttpClient.h"
 #include "service/azar.h"
+#include "session/Module1.h"
+#include "session/Progreso.h"
 
 #include <QString>
 
@@ -17,4 +20,6 @@ struct Entorno {
     DriveC &disco;
     Azar &azar;
     std::function<void(std::chrono::milliseconds)> pausa; // after each file download
+    Module1 &sesion;
+    Progreso &progreso;
 };

@@ -2,7 +2,6 @@
 #include "platform/codepage.h"
 #include "service/frmCargador.h"
 #include "service/limpieza.h"
-#include "shell/Module1.h"
 
 #include <QStringList>
 
@@ -24,7 +23,7 @@ QString interruptor(const QString &valor)
 QString pedirValor(Entorno &entorno, frmCargador &cargador, const QString &campo, bool acentos)
 {
     QString parametros =
-        QStringLiteral("idcolegio=") + Module1::idColegio + QStringLiteral("&campo=") + campo;
+        QStringLiteral("idcolegio=") + entorno.sesion.idColegio + QStringLiteral("&campo=") + campo;
     if (acentos)
         parametros += QStringLiteral("&acutes=SI");
     return cargador.conectar(
@@ -42,18 +41,18 @@ bool tomarValores(Entorno &entorno, const QString &respuestaLogin)
     };
 
     // A super administrator works in the program as a secretary.
-    Module1::rolUsuario = QStringLiteral("SECRETARIA");
-    Module1::idColegio = campos.value(0);
+    entorno.sesion.rolUsuario = QStringLiteral("SECRETARIA");
+    entorno.sesion.idColegio = campos.value(0);
     // The year is asked for with the id as it came; its line breaks go only afterwards.
-    Module1::anoActual = ajuste(QStringLiteral("ANOACTUAL"));
-    Module1::idColegio = sinSaltos(Module1::idColegio);
-    Module1::anoActual = sinSaltos(Module1::anoActual);
-    Module1::usaBoleta2 = ajuste(QStringLiteral("USABOLETA2"));
-    Module1::usaInfoFin2 = ajuste(QStringLiteral("USAINFOFIN2"));
+    entorno.sesion.anoActual = ajuste(QStringLiteral("ANOACTUAL"));
+    entorno.sesion.idColegio = sinSaltos(entorno.sesion.idColegio);
+    entorno.sesion.anoActual = sinSaltos(entorno.sesion.anoActual);
+    entorno.sesion.usaBoleta2 = ajuste(QStringLiteral("USABOLETA2"));
+    entorno.sesion.usaInfoFin2 = ajuste(QStringLiteral("USAINFOFIN2"));
     // The certificate's switch stays as the service sent it: it is compared with "2" and "3",
     // the values that the service sends for it.
-    Module1::usaCertiFin2 = ajuste(QStringLiteral("USACERTIFIN2"));
-    Module1::usaBoleta2 = interruptor(Module1::usaBoleta2);
-    Module1::usaInfoFin2 = interruptor(Module1::usaInfoFin2);
+    entorno.sesion.usaCertiFin2 = ajuste(QStringLiteral("USACERTIFIN2"));
+    entorno.sesion.usaBoleta2 = interruptor(entorno.sesion.usaBoleta2);
+    entorno.sesion.usaInfoFin2 = interruptor(entorno.sesion.usaInfoFin2);
     return true;
 }

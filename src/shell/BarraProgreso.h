@@ -2,7 +2,7 @@
 // maximum of 0 shows an empty bar, not one that moves by itself.
 #pragma once
 
-#include "shell/ElementosProgreso.h"
+#include "session/Progreso.h"
 
 #include <QProgressBar>
 

@@ -3,8 +3,6 @@
 #include "platform/Verbos.h"
 #include "service/archivos.h"
 #include "shell/CuadroMensaje.h"
-#include "shell/ElementosProgreso.h"
-#include "shell/Module1.h"
 #include "shell/ingreso.h"
 #include "shell/lineaElegida.h"
 #include "shell/listaHistoricos.h"
@@ -33,13 +31,16 @@ Form1::Form1(Entorno &entorno, Verbos &verbos, std::function<void()> terminar)
 
 Form1::~Form1()
 {
-    elementosProgreso = ElementosProgreso();
+    m_entorno.progreso = Progreso();
 }
 
 // Ties the elements to their handlers and to the handle that the download procedures write.
 void Form1::unirElementos()
 {
-    elementosProgreso = {ui->barra1, ui->barra2, ui->estadoTS, ui->estadoHS};
+    m_entorno.progreso = {.barra1 = ui->barra1,
+                          .barra2 = ui->barra2,
+                          .estadoTS = ui->estadoTS,
+                          .estadoHS = ui->estadoHS};
     ui->Dir1->ponerDisco(&m_entorno.disco);
     ui->Image1->load(QStringLiteral(":/logo.svg"));
     ui->Image1->renderer()->setAspectRatioMode(Qt::KeepAspectRatio);
@@ -84,7 +85,7 @@ void Form1::atenderDeAUna(QPushButton *boton, void (Form1::*manejador)())
 void Form1::Form_Load()
 {
     // A request made before a login would carry this as the school's id.
-    Module1::idColegio = QStringLiteral("ERROR");
+    m_entorno.sesion.idColegio = QStringLiteral("ERROR");
     resize(anchoTwips / twipsPorPixel, altoTwips / twipsPorPixel);
     // The four panels share one cell of the window's layout: which one is seen is decided by
     // their visibility alone.
@@ -146,7 +147,7 @@ void Form1::Command1_Click()
         break;
     }
     ui->Command1->setEnabled(false);
-    ui->Label5->setText(ui->Label5->text() + Module1::idColegio);
+    ui->Label5->setText(ui->Label5->text() + m_entorno.sesion.idColegio);
     ui->Label5->setVisible(true);
     for (QRadioButton *modo : {ui->Option1_1, ui->Option1_2, ui->Option1_3})
         modo->setVisible(true);

@@ -2,7 +2,7 @@
 // height of its lines.
 #pragma once
 
-#include "shell/ElementosProgreso.h"
+#include "session/Progreso.h"
 
 #include <QLabel>
 

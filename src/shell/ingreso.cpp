@@ -2,7 +2,6 @@
 #include "records/tcSalones.h"
 #include "service/frmCargador.h"
 #include "service/tomarValores.h"
-#include "shell/Module1.h"
 
 namespace ingreso {
 
@@ -22,7 +21,8 @@ void cargarSalones(Entorno &entorno, tcSalones &salones)
     frmCargador cargador(entorno);
     salones.Fcargar(cargador.conectar(
         entorno.ServiceBase + QStringLiteral("/querys/tessarin/salones.php"),
-        QStringLiteral("idcolegio=") + Module1::idColegio + QStringLiteral("&tipo=matrix"), true));
+        QStringLiteral("idcolegio=") + entorno.sesion.idColegio + QStringLiteral("&tipo=matrix"),
+        true));
 }
 
 } // namespace ingreso

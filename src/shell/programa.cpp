@@ -35,7 +35,15 @@ int Programa::correr(const QString &ServiceBase)
     Verbos verbos(
         {.origen = QString::fromUtf8(direccionHttp::separar(ServiceBase.toUtf8()).servidor),
          .raiz = disco.rutaNativa(QStringLiteral("C:\\Quorvela"))});
-    Entorno entorno{ServiceBase, http, disco, azar, &pausa};
+    Module1 sesion;
+    Progreso progreso;
+    Entorno entorno{.ServiceBase = ServiceBase,
+                    .http = http,
+                    .disco = disco,
+                    .azar = azar,
+                    .pausa = &pausa,
+                    .sesion = sesion,
+                    .progreso = progreso};
     // At once, from whatever handler or wait the close comes in: nothing is unwound or saved.
     Form1 ventana(entorno, verbos, [] { std::_Exit(EXIT_SUCCESS); });
     ventana.show();

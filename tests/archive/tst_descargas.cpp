@@ -4,7 +4,6 @@
 #include "records/tcAlumnos.h"
 #include "records/tcSalones.h"
 #include "service/archivos.h"
-#include "shell/Module1.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -294,8 +293,8 @@ private Q_SLOTS:
         QFETCH(QString, tipoCerti);
         Escenario e;
         e.responder("/", "una pagina cualquiera");
-        Module1::usaInfoFin2 = infoFin;
-        Module1::usaCertiFin2 = certiFin;
+        e.sesion.usaInfoFin2 = infoFin;
+        e.sesion.usaCertiFin2 = certiFin;
         tcAlumnos alumnos(e.entorno);
         alumnos.Fcargar(QStringLiteral("14,6A"));
         alumnos.downInfoFinal();
@@ -310,7 +309,7 @@ private Q_SLOTS:
     {
         Escenario e;
         e.responder("/", "una pagina cualquiera");
-        Module1::anoActual = QStringLiteral("2024");
+        e.sesion.anoActual = QStringLiteral("2024");
         tcAlumnos alumnos(e.entorno);
         alumnos.Fcargar(QStringLiteral("14,6A"));
         alumnos.downHojaMat();

@@ -3,7 +3,6 @@
 #include "records/tcAlumnos.h"
 #include "records/tcMaterias.h"
 #include "records/tcSalones.h"
-#include "shell/Module1.h"
 
 #include <QFile>
 #include <QTest>
@@ -140,8 +139,8 @@ private Q_SLOTS:
     void corridaSinIngreso_daLaCarpetaDeError()
     {
         Escenario e;
-        Module1::idColegio = QStringLiteral("ERROR");
-        Module1::anoActual.clear();
+        e.sesion.idColegio = QStringLiteral("ERROR");
+        e.sesion.anoActual.clear();
         correr(e, QString());
         QCOMPARE(e.listar(QString()), QStringList({QStringLiteral("ERROR-")}));
     }
@@ -149,8 +148,8 @@ private Q_SLOTS:
     void idYAnoConSaltos_danCarpetaLimpia()
     {
         Escenario e;
-        Module1::idColegio = QStringLiteral("123\r\n");
-        Module1::anoActual = QStringLiteral("2010\r\n");
+        e.sesion.idColegio = QStringLiteral("123\r\n");
+        e.sesion.anoActual = QStringLiteral("2010\r\n");
         correr(e);
         QCOMPARE(e.listar(QString()), QStringList({QStringLiteral("123-2010")}));
         QVERIFY(e.listar(QStringLiteral("123-2010/archivos")).contains(QStringLiteral("salones")));

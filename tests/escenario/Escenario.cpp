@@ -1,5 +1,4 @@
 #include "escenario/Escenario.h"
-#include "shell/Module1.h"
 
 #include <QDir>
 #include <QFile>
@@ -20,23 +19,18 @@ void BarraAnotada::ponerMaximo(int nuevo)
 }
 
 Escenario::Escenario(const TamanoEscuela &tamano)
-    : demo(tamano), disco(personal.path()), entorno{demo.base(), http, disco, azar,
-                                                    [this](std::chrono::milliseconds duracion) {
-                                                        pausas.append(duracion);
-                                                    }}
+    : demo(tamano), disco(personal.path()), sesion{.idColegio = QStringLiteral("123"),
+                                                   .anoActual = QStringLiteral("2010"),
+                                                   .rolUsuario = QStringLiteral("SECRETARIA")},
+      progreso{.barra1 = &barra1, .barra2 = &barra2, .estadoTS = &estadoTS, .estadoHS = &estadoHS},
+      entorno{.ServiceBase = demo.base(),
+              .http = http,
+              .disco = disco,
+              .azar = azar,
+              .pausa = [this](std::chrono::milliseconds duracion) { pausas.append(duracion); },
+              .sesion = sesion,
+              .progreso = progreso}
 {
-    elementosProgreso = {&barra1, &barra2, &estadoTS, &estadoHS};
-    Module1::idColegio = QStringLiteral("123");
-    Module1::anoActual = QStringLiteral("2010");
-    Module1::rolUsuario = QStringLiteral("SECRETARIA");
-    Module1::usaBoleta2.clear();
-    Module1::usaInfoFin2.clear();
-    Module1::usaCertiFin2.clear();
-}
-
-Escenario::~Escenario()
-{
-    elementosProgreso = ElementosProgreso();
 }
 
 QStringList Escenario::destinos() const

@@ -5,7 +5,6 @@
 
 #include "demostracion/ServicioDemo.h"
 #include "service/Entorno.h"
-#include "shell/ElementosProgreso.h"
 
 #include <QStringList>
 #include <QTemporaryDir>
@@ -33,7 +32,6 @@ public:
 class Escenario {
 public:
     explicit Escenario(const TamanoEscuela &tamano = pequena());
-    ~Escenario();
 
     // One classroom, two students, three subjects.
     static TamanoEscuela pequena() { return {2010, 1, 2, 3}; }
@@ -57,6 +55,8 @@ public:
     DriveC disco;
     Azar azar;
     QList<std::chrono::milliseconds> pausas;
+    Module1 sesion;
+    Progreso progreso;
     Entorno entorno;
 
     BarraAnotada barra1;

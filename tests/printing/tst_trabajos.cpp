@@ -3,7 +3,6 @@
 #include "escenario/ImpresionAnotada.h"
 #include "printing/guionBoletin.h"
 #include "printing/trabajos.h"
-#include "shell/Module1.h"
 
 #include <QTest>
 
@@ -281,7 +280,7 @@ private Q_SLOTS:
         Escenario e;
         PanelAnotado panel;
         panel.imprimir = false;
-        Module1::usaBoleta2 = Module1::usaInfoFin2 = Module1::usaCertiFin2 = ajuste;
+        e.sesion.usaBoleta2 = e.sesion.usaInfoFin2 = e.sesion.usaCertiFin2 = ajuste;
         e.responder("tipo=matrix&salon=501", "77,ANA COMPLETA");
         e.responder("/2010/", "la pagina de cada uno");
         correr(trabajo, e, panel);
@@ -371,7 +370,7 @@ private Q_SLOTS:
         Escenario e;
         PanelAnotado panel;
         panel.imprimir = false;
-        Module1::idColegio = QStringLiteral("123 ");
+        e.sesion.idColegio = QStringLiteral("123 ");
         e.responder("tipo=matrix&salon=501", "");
         correr(QStringLiteral("Observador"), e, panel);
         QCOMPARE(e.listar(QString()), QStringList({QStringLiteral("123-2010")}));

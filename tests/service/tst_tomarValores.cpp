@@ -1,19 +1,12 @@
 #include "escenario/Escenario.h"
 #include "service/tomarValores.h"
-#include "shell/Module1.h"
 
 #include <QTest>
 
 class tst_tomarValores : public QObject {
     Q_OBJECT
 private:
-    static void vaciarSesion()
-    {
-        Module1::idColegio = QStringLiteral("ERROR");
-        for (QString *valor : {&Module1::anoActual, &Module1::rolUsuario, &Module1::usaBoleta2,
-                               &Module1::usaInfoFin2, &Module1::usaCertiFin2})
-            valor->clear();
-    }
+    static void vaciarSesion(Escenario &e) { e.sesion = {.idColegio = QStringLiteral("ERROR")}; }
 
 private Q_SLOTS:
     void rol_seComparaExacto_data()
@@ -34,10 +27,10 @@ private Q_SLOTS:
         QFETCH(QString, respuesta);
         QFETCH(bool, aceptado);
         Escenario e;
-        vaciarSesion();
+        vaciarSesion(e);
         QCOMPARE(tomarValores(e.entorno, respuesta), aceptado);
-        QCOMPARE(Module1::rolUsuario, aceptado ? QStringLiteral("SECRETARIA") : QString());
-        QCOMPARE(Module1::idColegio, aceptado ? QStringLiteral("12") : QStringLiteral("ERROR"));
+        QCOMPARE(e.sesion.rolUsuario, aceptado ? QStringLiteral("SECRETARIA") : QString());
+        QCOMPARE(e.sesion.idColegio, aceptado ? QStringLiteral("12") : QStringLiteral("ERROR"));
         QCOMPARE(e.demo.peticiones().isEmpty(), !aceptado);
     }
 
@@ -52,7 +45,7 @@ private Q_SLOTS:
                                             pagina + QStringLiteral("&campo=USABOLETA2"),
                                             pagina + QStringLiteral("&campo=USAINFOFIN2"),
                                             pagina + QStringLiteral("&campo=USACERTIFIN2")}));
-        QCOMPARE(Module1::idColegio, QStringLiteral("12"));
+        QCOMPARE(e.sesion.idColegio, QStringLiteral("12"));
     }
 
     void interruptor_seGuardaComoSuReglaDice_data()
@@ -78,9 +71,9 @@ private Q_SLOTS:
         Escenario e;
         e.responder("campo=USA", respuesta);
         QVERIFY(tomarValores(e.entorno, QStringLiteral("123,SECRETARIA")));
-        QCOMPARE(Module1::usaBoleta2, boletin);
-        QCOMPARE(Module1::usaInfoFin2, boletin);
-        QCOMPARE(Module1::usaCertiFin2, certificado);
+        QCOMPARE(e.sesion.usaBoleta2, boletin);
+        QCOMPARE(e.sesion.usaInfoFin2, boletin);
+        QCOMPARE(e.sesion.usaCertiFin2, certificado);
     }
 
     void anoConSaltoYBlancos_quedaSoloElAno()
@@ -88,7 +81,7 @@ private Q_SLOTS:
         Escenario e;
         e.responder("campo=ANOACTUAL", " 2010\r\n");
         QVERIFY(tomarValores(e.entorno, QStringLiteral("123,SECRETARIA")));
-        QCOMPARE(Module1::anoActual, QStringLiteral("2010"));
+        QCOMPARE(e.sesion.anoActual, QStringLiteral("2010"));
     }
 
     void ajustesSinRespuesta_quedanVaciosYElRolVale()
@@ -98,8 +91,8 @@ private Q_SLOTS:
         falla.clase = Falla::CierraAntes;
         e.demo.fallar("tomarValor.php", falla);
         QVERIFY(tomarValores(e.entorno, QStringLiteral("123,SUPERADMIN")));
-        QCOMPARE(Module1::anoActual, QString());
-        QCOMPARE(Module1::usaBoleta2, QString());
+        QCOMPARE(e.sesion.anoActual, QString());
+        QCOMPARE(e.sesion.usaBoleta2, QString());
     }
 };
 

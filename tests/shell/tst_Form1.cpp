@@ -1,7 +1,5 @@
 #include "shell/VentanaDePrueba.h"
 
-#include "shell/Module1.h"
-
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -124,7 +122,7 @@ private Q_SLOTS:
         for (const char *panel : {"Frame2", "Frame3", "Frame4"})
             QVERIFY2(!v.visible(panel), panel);
         QVERIFY(!v.visible("Label5"));
-        QCOMPARE(Module1::idColegio, QStringLiteral("ERROR"));
+        QCOMPARE(v.e.sesion.idColegio, QStringLiteral("ERROR"));
     }
 
     void alAbrir_cadaElementoDeLosPanelesEstaComoDebe()
@@ -269,16 +267,16 @@ private Q_SLOTS:
     {
         VentanaDePrueba v;
         auto *barra = v.elemento<QProgressBar>("barra2");
-        elementosProgreso.barra2->ponerMaximo(2);
+        v.e.progreso.barra2->ponerMaximo(2);
         for (int paso = 0; paso < 4; ++paso)
-            elementosProgreso.barra2->avanzar();
+            v.e.progreso.barra2->avanzar();
         QCOMPARE(barra->value(), 2);
-        elementosProgreso.barra2->ponerMaximo(0);
-        elementosProgreso.barra2->ponerValor(0);
-        elementosProgreso.barra2->avanzar();
+        v.e.progreso.barra2->ponerMaximo(0);
+        v.e.progreso.barra2->ponerValor(0);
+        v.e.progreso.barra2->avanzar();
         QCOMPARE(barra->maximum(), 0);
         QCOMPARE(barra->value(), 0);
-        elementosProgreso.barra2->ponerMaximo(-1);
+        v.e.progreso.barra2->ponerMaximo(-1);
         QCOMPARE(barra->maximum(), 0);
     }
 
@@ -286,7 +284,7 @@ private Q_SLOTS:
     {
         VentanaDePrueba v;
         const QString marcado = QStringLiteral("<b>Ana</b> & <img src=x>");
-        elementosProgreso.estadoHS->ponerTexto(marcado);
+        v.e.progreso.estadoHS->ponerTexto(marcado);
         auto *rotulo = v.elemento<QLabel>("estadoHS");
         QCOMPARE(rotulo->text(), marcado);
         for (const char *nombre : {"estadoHS", "estadoTS", "Label5"})

@@ -1,7 +1,5 @@
 #include "shell/VentanaDePrueba.h"
 
-#include "shell/Module1.h"
-
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -26,8 +24,8 @@ private Q_SLOTS:
         const SalonDemo &salon = v.e.demo.escuela().salones.first();
         QCOMPARE(lista->item(0)->text(), salon.id + QStringLiteral("   : ") + salon.nombre);
         QCOMPARE(v.form.Salones.Count(), 2);
-        QCOMPARE(Module1::idColegio, QStringLiteral("123"));
-        QCOMPARE(Module1::anoActual, QStringLiteral("2010"));
+        QCOMPARE(v.e.sesion.idColegio, QStringLiteral("123"));
+        QCOMPARE(v.e.sesion.anoActual, QStringLiteral("2010"));
         QCOMPARE(v.e.destinos().first(),
                  QStringLiteral("/querys/tessarin/login.php?azar=#&user=secretaria&pwd=demo2010"));
         QCOMPARE(v.e.destinos().last(),
@@ -39,7 +37,7 @@ private Q_SLOTS:
         VentanaDePrueba v;
         v.ingresar(QStringLiteral("superadmin"));
         QCOMPARE(v.mensajes, QStringList());
-        QCOMPARE(Module1::rolUsuario, QStringLiteral("SECRETARIA"));
+        QCOMPARE(v.e.sesion.rolUsuario, QStringLiteral("SECRETARIA"));
         QVERIFY(v.visible("Option1_1"));
     }
 
@@ -54,7 +52,7 @@ private Q_SLOTS:
                                     "/querys/tessarin/login.php?azar=#&user=secretaria&pwd=otra")));
         QVERIFY(v.elemento("Command1")->isEnabled());
         QVERIFY(!v.visible("Option1_1"));
-        QCOMPARE(Module1::idColegio, QStringLiteral("ERROR"));
+        QCOMPARE(v.e.sesion.idColegio, QStringLiteral("ERROR"));
         v.elemento<QLineEdit>("txtPwd")->clear();
         v.elemento<QLineEdit>("txtUser")->clear();
         v.ingresar();
@@ -69,7 +67,7 @@ private Q_SLOTS:
                  QStringList({QStringLiteral("Nivel de acceso inadecuado, se requiere Usuario y "
                                              "Pasword de Secretaria")}));
         QVERIFY(!v.visible("Option1_1"));
-        QCOMPARE(Module1::idColegio, QStringLiteral("ERROR"));
+        QCOMPARE(v.e.sesion.idColegio, QStringLiteral("ERROR"));
     }
 
     void errorEnMinusculas_pasaAlExamenDelRol()

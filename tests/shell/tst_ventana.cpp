@@ -145,7 +145,7 @@ private Q_SLOTS:
         v.elegir("Option1_1");
         QApplication::processEvents();
         const int ancho = v.form.width();
-        elementosProgreso.estadoHS->ponerTexto(QString(400, u'W'));
+        v.e.progreso.estadoHS->ponerTexto(QString(400, u'W'));
         v.form.layout()->activate();
         QApplication::processEvents();
         QCOMPARE(v.form.width(), ancho);

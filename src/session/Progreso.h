@@ -1,5 +1,5 @@
 // The handle on the main window's progress elements, which the download procedures write
-// directly. A leaf: it includes nothing of the project and may be included from anywhere.
+// directly.
 #pragma once
 
 #include <QString>
@@ -22,12 +22,11 @@ public:
     virtual void ponerTexto(const QString &texto) = 0;
 };
 
-struct ElementosProgreso {
+// Borrowed: the window ties its elements in when it is created and must outlive every procedure
+// that writes them.
+struct Progreso {
     Barra *barra1 = nullptr;    // items of the current list
     Barra *barra2 = nullptr;    // steps of the run
     Rotulo *estadoTS = nullptr; // the current step's title
     Rotulo *estadoHS = nullptr; // the current item's text
 };
-
-// Set by the main window when it is created.
-inline ElementosProgreso elementosProgreso;
