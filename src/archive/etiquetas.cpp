@@ -1,11 +1,15 @@
 #include "archive/etiquetas.h"
-#include "archive/rutasArchivo.h"
+#include "pages/rutasArchivo.h"
 #include "platform/codepage.h"
 #include "records/tcMaterias.h"
 #include "service/archivos.h"
 #include "service/limpieza.h"
 
 #include <QSet>
+
+#include <array>
+
+using namespace Qt::StringLiterals;
 
 namespace etiquetas {
 
@@ -16,12 +20,12 @@ QString textoDe(const QString &nombre)
 
 QString direccionDeMateria(const QString &ServiceBase, const QString &texto)
 {
-    return ServiceBase + QStringLiteral("/imgTXT.php?txt=") + texto;
+    return ServiceBase + u"/imgTXT.php?txt="_s + texto;
 }
 
 QString direccionDeArea(const QString &ServiceBase, const QString &texto)
 {
-    return direccionDeMateria(ServiceBase, texto).replace(u' ', QStringLiteral("%20"));
+    return direccionDeMateria(ServiceBase, texto).replace(u' ', u"%20"_s);
 }
 
 QStringList distintas(const QStringList &textos)
@@ -42,13 +46,16 @@ QStringList distintas(const QStringList &textos)
 
 namespace {
 
-const QStringList titulosFijos = {QStringLiteral("Nro Perdidas"), QStringLiteral("Promedio"),
-                                  QStringLiteral("Puesto")};
+constexpr std::array<Plantilla, 5> carpetas = {u"{raiz}", u"{archivo}\\", u"{documentos}",
+                                               u"{imagenes}", u"{imagenes}labels\\"};
+
+// Headings of the consolidated reports, fetched after the subjects and areas.
+constexpr QStringView titulosFijos[] = {u"Nro Perdidas", u"Promedio", u"Puesto"};
 
 void mostrar(Entorno &entorno, const QString &texto, int posicion, int cuantas)
 {
-    entorno.progreso.estadoHS->ponerTexto(QStringLiteral("Label: ") + texto + QStringLiteral(" - ")
-                                          + QString::number(posicion) + QStringLiteral(" de ")
+    entorno.progreso.estadoHS->ponerTexto(u"Label: "_s + texto + u" - "_s
+                                          + QString::number(posicion) + u" de "_s
                                           + QString::number(cuantas));
 }
 
@@ -57,11 +64,9 @@ void mostrar(Entorno &entorno, const QString &texto, int posicion, int cuantas)
 void tcMaterias::downLabels()
 {
     const Valores valores = rutasArchivo::valores(m_entorno);
-    for (const auto &carpeta :
-         {QStringLiteral("{raiz}"), QStringLiteral("{archivo}\\"), QStringLiteral("{documentos}"),
-          QStringLiteral("{imagenes}"), QStringLiteral("{imagenes}labels\\")})
+    for (const Plantilla &carpeta : carpetas)
         crearCarpeta(m_entorno, completar(carpeta, valores));
-    const QString carpeta = sinSaltos(completar(QStringLiteral("{imagenes}labels\\"), valores));
+    const QString carpeta = sinSaltos(completar(carpetas.back(), valores));
     const QString &base = m_entorno.ServiceBase;
     // A label that does not arrive is missing in the archive, and the next one follows.
     const auto guardar = [&](const QString &url, const QString &archivo) {
@@ -71,7 +76,7 @@ void tcMaterias::downLabels()
     m_entorno.progreso.barra1->ponerMaximo(Count());
     m_entorno.progreso.barra1->ponerValor(0);
     m_entorno.progreso.barra2->avanzar();
-    m_entorno.progreso.estadoTS->ponerTexto(QStringLiteral("Descargando Labels de Materias"));
+    m_entorno.progreso.estadoTS->ponerTexto(u"Descargando Labels de Materias"_s);
     QStringList areas;
     for (int posicion = 1; posicion <= Count(); ++posicion) {
         const auto materia = Item(posicion);
@@ -84,7 +89,7 @@ void tcMaterias::downLabels()
     }
 
     // The heading of the total-absences column comes last, unless an area has that very text.
-    areas.append(QStringLiteral("Total Fallas"));
+    areas.append(u"Total Fallas"_s);
     areas = etiquetas::distintas(areas);
     const int cuantas = static_cast<int>(areas.size());
     m_entorno.progreso.barra1->ponerMaximo(cuantas);
@@ -92,12 +97,12 @@ void tcMaterias::downLabels()
     for (int posicion = 1; posicion <= cuantas; ++posicion) {
         const QString area = areas[posicion - 1];
         mostrar(m_entorno, area, posicion, cuantas);
-        // The colon is replaced by itself: file names have always been built so, and a label
-        // with a colon cannot be stored.
-        guardar(etiquetas::direccionDeArea(base, area), QString(area).replace(u':', u':'));
+        // A colon stays in the file's name, which the disk then refuses: a label with a colon is
+        // asked for and not stored.
+        guardar(etiquetas::direccionDeArea(base, area), area);
         m_entorno.progreso.barra1->avanzar();
     }
 
-    for (const QString &titulo : titulosFijos)
-        guardar(etiquetas::direccionDeArea(base, titulo), titulo);
+    for (const QStringView titulo : titulosFijos)
+        guardar(etiquetas::direccionDeArea(base, titulo.toString()), titulo.toString());
 }

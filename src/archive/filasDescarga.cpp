@@ -1,120 +1,125 @@
 #include "archive/descargas.h"
-#include "session/Module1.h"
-
-QString tipoInfoFinal(const Module1 &sesion)
-{
-    return sesion.usaInfoFin2 == u"SI" ? QStringLiteral("infoFinal2") : QStringLiteral("infoFinal");
-}
-
-QString tipoCertificado(const Module1 &sesion)
-{
-    if (sesion.usaCertiFin2 == u"3")
-        return QStringLiteral("certificado3");
-    if (sesion.usaCertiFin2 == u"2")
-        return QStringLiteral("certificado2");
-    return QStringLiteral("certificado");
-}
+#include "pages/guiones.h"
 
 namespace filasDescarga {
 namespace {
 
-const QString imagenes = QStringLiteral("..\\images\\");
-
-const QStringList todasLasCarpetas = {QStringLiteral("{raiz}"), QStringLiteral("{archivo}\\"),
-                                      QStringLiteral("{documentos}"), QStringLiteral("{salida}")};
+constexpr Plantilla todasLasCarpetas[] = {u"{raiz}", u"{archivo}\\", u"{documentos}", u"{salida}"};
 
 // The consolidated reports rely on the archive folder that the classroom pages have made.
-const QStringList carpetasDeConsolidado = {QStringLiteral("{documentos}"),
-                                           QStringLiteral("{salida}")};
+constexpr Plantilla carpetasDeConsolidado[] = {u"{documentos}", u"{salida}"};
+
+constexpr Reemplazo imagenesDelColegio = reemplazos::imagenesDelColegio(u"..\\images\\");
+
+constexpr Reemplazo deSalones[] = {imagenesDelColegio, reemplazos::etiquetaNota,
+                                   reemplazos::etiqueta};
+// A label that begins "NOTA:" keeps its colon in the consolidated absences: they show none.
+constexpr Reemplazo deFallas[] = {imagenesDelColegio, reemplazos::etiqueta};
+constexpr Reemplazo deInfoFinal[] = {imagenesDelColegio, reemplazos::promovido,
+                                     reemplazos::reprobado};
+constexpr Reemplazo deCertificado[] = {imagenesDelColegio, reemplazos::folio};
+constexpr Reemplazo deHojaMat[] = {imagenesDelColegio, reemplazos::foto, reemplazos::avatar};
 
 } // namespace
 
 // The year in document addresses is the fixed "/2010/" and the segment after a classroom the
 // fixed 4, whatever the session's year: that is where the service keeps these pages.
-
-const FilaDescarga salones = {
-    .titulo = QStringLiteral("Descargando Salones"),
-    .prefijo = QStringLiteral("Descargando Salon ("),
-    .carpetas = todasLasCarpetas,
-    .salida = QStringLiteral("{documentos}salones\\"),
-    .url = QStringLiteral("{base}/querys/tessarin/alumnos.php"),
-    .parametros = QStringLiteral("idcolegio={colegio}&tipo=html&salon={id}"),
-    .reemplazos = {reemplazos::imagenesDelColegio(imagenes), reemplazos::etiquetaNota(),
-                   reemplazos::etiqueta()},
-};
-
-const FilaDescarga consolidadoN = {
-    .titulo = QStringLiteral("Descargando Consolidado Notas"),
-    .prefijo = QStringLiteral("Descargando Consolidado Notas ("),
-    .carpetas = carpetasDeConsolidado,
-    .salida = QStringLiteral("{documentos}consolidadoN\\"),
-    .url = QStringLiteral("{base}/notas/{colegio}/2010/consolidado/{id}/4/tessarin/"),
-    .reemplazos = {reemplazos::imagenesDelColegio(imagenes), reemplazos::etiquetaNota(),
-                   reemplazos::etiqueta()},
-};
-
-// The folder ends in a capital "F", the address in a lower-case one. A label that begins "NOTA:"
-// keeps its colon here.
-const FilaDescarga consolidadoF = {
-    .titulo = QStringLiteral("Descargando Consolidado Fallas"),
-    .prefijo = QStringLiteral("Descargando Consolidado Fallas ("),
-    .carpetas = carpetasDeConsolidado,
-    .salida = QStringLiteral("{documentos}consolidadoF\\"),
-    .url = QStringLiteral("{base}/notas/{colegio}/2010/consolidadof/{id}/4/tessarin/"),
-    .reemplazos = {reemplazos::imagenesDelColegio(imagenes), reemplazos::etiqueta()},
-};
-
-const FilaDescarga infoFinal = {
-    .titulo = QStringLiteral("Descargando Informes Finales"),
-    .prefijo = QStringLiteral("Informe Final ("),
-    .carpetas = todasLasCarpetas,
-    .salida = QStringLiteral("{documentos}infoFinal\\"),
-    .url = QStringLiteral("{base}/salones/{colegio}/2010/{tipo}/{id}/tessarin/"),
-    .tipo = &tipoInfoFinal,
-    .reemplazos = {reemplazos::imagenesDelColegio(imagenes), reemplazos::promovido(),
-                   reemplazos::reprobado()},
-    .conGuion = true,
-};
-
-const FilaDescarga certificado = {
-    .titulo = QStringLiteral("Descargando Certificados Finales"),
-    .prefijo = QStringLiteral("Certificado ("),
-    .carpetas = todasLasCarpetas,
-    .salida = QStringLiteral("{documentos}certificados\\"),
-    .url = QStringLiteral("{base}/salones/{colegio}/2010/{tipo}/{id}/tessarin/"),
-    .tipo = &tipoCertificado,
-    .reemplazos = {reemplazos::imagenesDelColegio(imagenes), reemplazos::folio()},
-    .conGuion = true,
-};
-
-const FilaDescarga hojaMat = {
-    .titulo = QStringLiteral("Descargando Hojas de Matricula"),
-    .prefijo = QStringLiteral("Hoja Matricula ("),
-    .carpetas = todasLasCarpetas,
-    .salida = QStringLiteral("{documentos}matriculas\\"),
-    .url = QStringLiteral("{base}/alumnos/{colegio}/2010/hojaMatricula/{id}/tessarin/"),
-    .reemplazos = {reemplazos::imagenesDelColegio(imagenes), reemplazos::foto(),
-                   reemplazos::avatar()},
-    .conGuion = true,
-};
-
-const FilaDescarga infoAlumno = {
-    .titulo = QStringLiteral("Descargando Informacion de Alumnos"),
-    .prefijo = QStringLiteral("InfoAlumno ("),
-    .carpetas = todasLasCarpetas,
-    .salida = QStringLiteral("{documentos}infoAlumnos\\"),
-    .url = QStringLiteral("{base}/querys/tessarin/infoAlumno.php"),
-    .parametros = QStringLiteral("idcolegio={colegio}&idalumno={id}"),
-};
-
-const FilaDescarga fotosAlumno = {
-    .titulo = QStringLiteral("Descargando Imagenes de Alumnos"),
-    .prefijo = QStringLiteral("Foto de alumno ("),
-    .carpetas = todasLasCarpetas,
-    .salida = QStringLiteral("{documentos}fotos\\"),
-    .url = QStringLiteral("{base}/querys/tessarin/existe.php"),
-    .parametros = QStringLiteral("f={foto}"),
-    .foto = QStringLiteral("{base}/jup/images/{colegio}/{id}-alumno.jpg"),
-};
+constexpr std::array<FilaDescarga, Cuantas> todas = {{
+    {
+        .titulo = u"Descargando Salones",
+        .prefijo = u"Descargando Salon (",
+        .documento =
+            {
+                .carpetas = todasLasCarpetas,
+                .salida = u"{documentos}salones\\",
+                .url = u"{base}/querys/tessarin/alumnos.php",
+                .parametros = u"idcolegio={colegio}&tipo=html&salon={id}",
+                .reemplazos = deSalones,
+            },
+    },
+    {
+        .titulo = u"Descargando Consolidado Notas",
+        .prefijo = u"Descargando Consolidado Notas (",
+        .documento =
+            {
+                .carpetas = carpetasDeConsolidado,
+                .salida = u"{documentos}consolidadoN\\",
+                .url = u"{base}/notas/{colegio}/2010/consolidado/{id}/4/tessarin/",
+                .reemplazos = deSalones,
+            },
+    },
+    {
+        // The folder ends in a capital "F", the address in a lower-case one.
+        .titulo = u"Descargando Consolidado Fallas",
+        .prefijo = u"Descargando Consolidado Fallas (",
+        .documento =
+            {
+                .carpetas = carpetasDeConsolidado,
+                .salida = u"{documentos}consolidadoF\\",
+                .url = u"{base}/notas/{colegio}/2010/consolidadof/{id}/4/tessarin/",
+                .reemplazos = deFallas,
+            },
+    },
+    {
+        .titulo = u"Descargando Informes Finales",
+        .prefijo = u"Informe Final (",
+        .documento =
+            {
+                .carpetas = todasLasCarpetas,
+                .salida = u"{documentos}infoFinal\\",
+                .url = u"{base}/salones/{colegio}/2010/{tipo}/{id}/tessarin/",
+                .tipo = &tipoInfoFinal,
+                .reemplazos = deInfoFinal,
+                .guion = guiones::documento,
+            },
+    },
+    {
+        .titulo = u"Descargando Certificados Finales",
+        .prefijo = u"Certificado (",
+        .documento =
+            {
+                .carpetas = todasLasCarpetas,
+                .salida = u"{documentos}certificados\\",
+                .url = u"{base}/salones/{colegio}/2010/{tipo}/{id}/tessarin/",
+                .tipo = &tipoCertificado,
+                .reemplazos = deCertificado,
+                .guion = guiones::documento,
+            },
+    },
+    {
+        .titulo = u"Descargando Hojas de Matricula",
+        .prefijo = u"Hoja Matricula (",
+        .documento =
+            {
+                .carpetas = todasLasCarpetas,
+                .salida = u"{documentos}matriculas\\",
+                .url = u"{base}/alumnos/{colegio}/2010/hojaMatricula/{id}/tessarin/",
+                .reemplazos = deHojaMat,
+                .guion = guiones::documento,
+            },
+    },
+    {
+        .titulo = u"Descargando Informacion de Alumnos",
+        .prefijo = u"InfoAlumno (",
+        .documento =
+            {
+                .carpetas = todasLasCarpetas,
+                .salida = u"{documentos}infoAlumnos\\",
+                .url = u"{base}/querys/tessarin/infoAlumno.php",
+                .parametros = u"idcolegio={colegio}&idalumno={id}",
+            },
+    },
+    {
+        .titulo = u"Descargando Imagenes de Alumnos",
+        .prefijo = u"Foto de alumno (",
+        .documento =
+            {
+                .carpetas = todasLasCarpetas,
+                .salida = u"{documentos}fotos\\",
+                .url = u"{base}/querys/tessarin/existe.php",
+                .parametros = u"f={foto}",
+            },
+    },
+}};
 
 } // namespace filasDescarga

@@ -1,7 +1,7 @@
 #include "archive/historico.h"
 #include "archive/recursos.h"
-#include "archive/reemplazos.h"
-#include "archive/rutasArchivo.h"
+#include "pages/reemplazos.h"
+#include "pages/rutasArchivo.h"
 #include "records/tcAlumnos.h"
 #include "records/tcMaterias.h"
 #include "records/tcSalones.h"
@@ -9,11 +9,15 @@
 #include "service/frmCargador.h"
 #include "service/limpieza.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // The run has ten procedures that each advance the bar, two more than its maximum. The last two
 // change nothing and the bar stays full: users know it so.
 constexpr int pasosMostrados = 8;
+
+constexpr Reemplazo dePortada[] = {reemplazos::imagenesDelColegio(u"archivos\\images\\")};
 
 class Corrida {
 public:
@@ -28,22 +32,16 @@ public:
 
     void guardarPortada()
     {
-        const QString pagina = pedir(QStringLiteral("salones.php"), QStringLiteral("html"));
-        const QList<Reemplazo> reemplazos = {
-            reemplazos::imagenesDelColegio(QStringLiteral("archivos\\images\\"))};
-        escribirTexto(m_entorno, localizar(pagina, reemplazos, rutasArchivo::valores(m_entorno)),
-                      sinSaltos(rutasArchivo::carpeta(m_entorno.sesion))
-                          + QStringLiteral("\\index.html"),
-                      true);
+        const QString pagina = pedir(u"salones.php"_s, u"html"_s);
+        escribirTexto(m_entorno, localizar(pagina, dePortada, rutasArchivo::valores(m_entorno)),
+                      sinSaltos(rutasArchivo::carpeta(m_entorno.sesion)) + u"\\index.html"_s, true);
     }
 
     QString pedir(const QString &consulta, const QString &tipo)
     {
-        return m_cargador.conectar(m_entorno.ServiceBase + QStringLiteral("/querys/tessarin/")
-                                       + consulta,
-                                   QStringLiteral("idcolegio=") + m_entorno.sesion.idColegio
-                                       + QStringLiteral("&tipo=") + tipo,
-                                   true);
+        return m_cargador.conectar(
+            m_entorno.ServiceBase + u"/querys/tessarin/"_s + consulta,
+            u"idcolegio="_s + m_entorno.sesion.idColegio + u"&tipo="_s + tipo, true);
     }
 
 private:
@@ -66,14 +64,14 @@ void descargarHistorico(Entorno &entorno, tcSalones &salones, tcAlumnos &alumnos
     salones.downConsolidadoN();
     salones.downConsolidadoF();
 
-    alumnos.Fcargar(corrida.pedir(QStringLiteral("alumnos.php"), QStringLiteral("matrix")));
+    alumnos.Fcargar(corrida.pedir(u"alumnos.php"_s, u"matrix"_s));
     alumnos.downInfoFinal();
     alumnos.downCertificado();
     alumnos.downHojaMat();
     alumnos.downInfoAlumno();
     alumnos.downFotosAlumno();
 
-    const QString rta = corrida.pedir(QStringLiteral("materias.php"), QStringLiteral("matrix"));
+    const QString rta = corrida.pedir(u"materias.php"_s, u"matrix"_s);
     if (!materias)
         materias = std::make_unique<tcMaterias>(entorno);
     materias->Fcargar(rta);

@@ -1,42 +1,36 @@
 #include "archive/recursos.h"
-#include "archive/imagenes.h"
-#include "archive/rutasArchivo.h"
+#include "pages/imagenes.h"
+#include "pages/rutasArchivo.h"
 #include "service/archivos.h"
 #include "service/frmCargador.h"
 #include "service/limpieza.h"
 #include "service/tomarValores.h"
 
-#include <QStringList>
+using namespace Qt::StringLiterals;
 
 namespace {
 
-const QStringList guiones = {QStringLiteral("jquery.tools.min.js"),
-                             QStringLiteral("jquery.tablesorter.min.js")};
+// The "config" folder stays empty; the configuration stands at the top of the archive.
+constexpr QStringView carpetas[] = {u"jscript", u"config", u"images"};
+
+constexpr QStringView guiones[] = {u"jquery.tools.min.js", u"jquery.tablesorter.min.js"};
 
 struct Variable {
-    QString nombre; // in the configuration script
-    QString campo;  // at the service
+    QStringView nombre; // in the configuration script
+    QStringView campo;  // at the service
 };
 
-const QList<Variable> variables = {
-    {QStringLiteral("rector"), QStringLiteral("RECTOR")},
-    {QStringLiteral("secretaria"), QStringLiteral("SECRETARIA")},
-    {QStringLiteral("slogan"), QStringLiteral("SLOGAN")},
-    {QStringLiteral("micolegio"), QStringLiteral("MICOLEGIO")},
-    {QStringLiteral("direccion"), QStringLiteral("DIRECCION")},
-    {QStringLiteral("telefono"), QStringLiteral("TELEFONO")},
-    {QStringLiteral("cdane"), QStringLiteral("CDANE")},
+constexpr Variable variables[] = {
+    {u"rector", u"RECTOR"},       {u"secretaria", u"SECRETARIA"}, {u"slogan", u"SLOGAN"},
+    {u"micolegio", u"MICOLEGIO"}, {u"direccion", u"DIRECCION"},   {u"telefono", u"TELEFONO"},
+    {u"cdane", u"CDANE"},
 };
 
-const QList<Imagen> imagenesCompartidas = {
-    imagenes::delColegio(QStringLiteral("logo.png")),
-    imagenes::comun(QStringLiteral("default-avatar.png")),
-    imagenes::comun(QStringLiteral("bg.gif")),
-    imagenes::comun(QStringLiteral("asc.gif")),
-    imagenes::comun(QStringLiteral("desc.gif")),
-    imagenes::comun(QStringLiteral("promovido.png")),
-    imagenes::comun(QStringLiteral("reprobado.png")),
-    imagenes::delColegio(QStringLiteral("rector.png")),
+constexpr Imagen imagenesCompartidas[] = {
+    imagenes::delColegio(u"logo.png"), imagenes::comun(u"default-avatar.png"),
+    imagenes::comun(u"bg.gif"),        imagenes::comun(u"asc.gif"),
+    imagenes::comun(u"desc.gif"),      imagenes::comun(u"promovido.png"),
+    imagenes::comun(u"reprobado.png"), imagenes::delColegio(u"rector.png"),
 };
 
 } // namespace
@@ -45,42 +39,38 @@ QString guionDeConfiguracion(const QList<QPair<QString, QString>> &valores)
 {
     QString guion;
     for (const auto &[nombre, valor] : valores)
-        guion += QStringLiteral("var ") + nombre + QStringLiteral(" = \"") + valor
-                 + QStringLiteral("\";\r\n");
+        guion += u"var "_s + nombre + u" = \""_s + valor + u"\";\r\n"_s;
     return guion;
 }
 
 void descargarRecursos(Entorno &entorno, const QString &carpetaArchivos)
 {
-    // The "config" folder stays empty; the configuration stands at the top of the archive.
-    for (const auto &carpeta :
-         {QStringLiteral("jscript"), QStringLiteral("config"), QStringLiteral("images")})
-        crearCarpeta(entorno, carpetaArchivos + carpeta);
+    for (const QStringView carpeta : carpetas)
+        crearCarpeta(entorno, carpetaArchivos + carpeta.toString());
 
     frmCargador cargador(entorno);
     entorno.progreso.barra1->ponerMaximo(2);
     entorno.progreso.barra1->ponerValor(1);
     entorno.progreso.barra2->avanzar();
-    entorno.progreso.estadoTS->ponerTexto(QStringLiteral("Descargando Scripts"));
-    for (const QString &guion : guiones) {
-        const QString texto = cargador.conectar(
-            entorno.ServiceBase + QStringLiteral("/jscript/") + guion, QString(), true);
+    entorno.progreso.estadoTS->ponerTexto(u"Descargando Scripts"_s);
+    for (const QStringView nombre : guiones) {
+        const QString guion = nombre.toString();
+        const QString texto =
+            cargador.conectar(entorno.ServiceBase + u"/jscript/"_s + guion, QString(), true);
         // The separator is doubled: the folder's path ends with one already.
-        escribirTexto(entorno, texto, carpetaArchivos + QStringLiteral("\\jscript\\") + guion,
-                      true);
+        escribirTexto(entorno, texto, carpetaArchivos + u"\\jscript\\"_s + guion, true);
     }
 
-    entorno.progreso.estadoTS->ponerTexto(QStringLiteral("Descargando Configuracion"));
+    entorno.progreso.estadoTS->ponerTexto(u"Descargando Configuracion"_s);
     QList<QPair<QString, QString>> valores;
     for (const Variable &variable : variables) {
-        const QString valor = pedirValor(entorno, cargador, variable.campo, true);
-        valores.append({variable.nombre, sinSaltos(recortar(valor))});
+        const QString valor = pedirValor(entorno, cargador, variable.campo.toString(), true);
+        valores.append({variable.nombre.toString(), sinSaltos(recortar(valor))});
     }
     escribirTexto(entorno, guionDeConfiguracion(valores),
-                  rutasArchivo::carpeta(entorno.sesion) + QStringLiteral("\\configuracion.txt"),
-                  true);
+                  rutasArchivo::carpeta(entorno.sesion) + u"\\configuracion.txt"_s, true);
 
     entorno.progreso.barra1->avanzar();
-    entorno.progreso.estadoTS->ponerTexto(QStringLiteral("Descargando Logotipos"));
+    entorno.progreso.estadoTS->ponerTexto(u"Descargando Logotipos"_s);
     descargarImagenes(entorno, imagenesCompartidas);
 }

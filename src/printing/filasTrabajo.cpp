@@ -1,122 +1,135 @@
-#include "archive/descargas.h"
-#include "archive/guiones.h"
-#include "printing/guionBoletin.h"
+#include "pages/guiones.h"
 #include "printing/trabajos.h"
-#include "session/Module1.h"
-
-QString tipoBoletin(const Module1 &sesion)
-{
-    return sesion.usaBoleta2 == u"SI" ? QStringLiteral("boletin2") : QStringLiteral("boletin");
-}
 
 namespace {
 
-const QString alumnos = QStringLiteral("alumnos.php");
-const QString coma = QStringLiteral(",");
-const QString imagenesDelArchivo = QStringLiteral("..\\images\\");
+constexpr QStringView alumnos = u"alumnos.php";
+constexpr QStringView coma = u",";
 
+constexpr Plantilla carpetasDeBoletin[] = {u"{raiz}", u"{recortado}", u"{documentos}",
+                                           u"{documentos}boletines\\", u"{salida}"};
+constexpr Plantilla carpetasPropias[] = {u"{raiz}", u"{archivo}\\", u"{documentos}", u"{salida}"};
+constexpr Plantilla carpetasRecortadas[] = {u"{raiz}", u"{recortado}", u"{documentos}",
+                                            u"{salida}"};
+
+constexpr Reemplazo delArchivo = reemplazos::imagenesDelColegio(u"..\\images\\");
 // From the job's folder up to the archive root and down again through the archive folder's name.
-const QString porLaRaiz = QStringLiteral("../../../{colegio}-{anio}/archivos\\images\\");
+constexpr Reemplazo porLaRaiz =
+    reemplazos::imagenesDelColegio(u"../../../{colegio}-{anio}/archivos\\images\\");
 
-const QStringList carpetasPropias = {QStringLiteral("{raiz}"), QStringLiteral("{archivo}\\"),
-                                     QStringLiteral("{documentos}"), QStringLiteral("{salida}")};
-const QStringList carpetasRecortadas = {QStringLiteral("{raiz}"), QStringLiteral("{recortado}"),
-                                        QStringLiteral("{documentos}"), QStringLiteral("{salida}")};
+constexpr Reemplazo deBoletin[] = {reemplazos::imagenesDelColegio(u"../../../archivos\\images\\")};
+constexpr Reemplazo deInformeFinal[] = {delArchivo, reemplazos::promovido, reemplazos::reprobado};
+constexpr Reemplazo deCertificado[] = {delArchivo, reemplazos::folio};
+constexpr Reemplazo dePazYSalvo[] = {delArchivo};
+constexpr Reemplazo deObservador[] = {
+    porLaRaiz,
+    {u"{base}/images/apersonal.png", u"../../../{colegio}-{anio}/archivos\\images\\apersonal.png"},
+    {u"{base}/images/aconvivencia.png",
+     u"../../../{colegio}-{anio}/archivos\\images\\aconvivencia.png"},
+    {u"{base}/images/aacademico.png",
+     u"../../../{colegio}-{anio}/archivos\\images\\aacademico.png"},
+};
+constexpr Reemplazo dePlanilla[] = {porLaRaiz};
 
-const Imagen logo = imagenes::delColegio(QStringLiteral("logo.png"));
-const QList<Imagen> imagenesDeFinales = {logo, imagenes::comun(QStringLiteral("promovido.png")),
-                                         imagenes::comun(QStringLiteral("reprobado.png")),
-                                         imagenes::delColegio(QStringLiteral("rector.png")),
-                                         imagenes::delColegio(QStringLiteral("coordinacion.png"))};
-
-Reemplazo imagenDelObservador(const QString &archivo)
-{
-    return {QStringLiteral("{base}/images/") + archivo, porLaRaiz + archivo};
-}
+constexpr Imagen soloLogo[] = {imagenes::delColegio(u"logo.png")};
+constexpr Imagen imagenesDeFinales[] = {
+    imagenes::delColegio(u"logo.png"), imagenes::comun(u"promovido.png"),
+    imagenes::comun(u"reprobado.png"), imagenes::delColegio(u"rector.png"),
+    imagenes::delColegio(u"coordinacion.png")};
+constexpr Imagen imagenesDeObservador[] = {
+    imagenes::delColegio(u"logo.png"), imagenes::comun(u"apersonal.png"),
+    imagenes::comun(u"aconvivencia.png"), imagenes::comun(u"aacademico.png")};
 
 } // namespace
 
-// The year "/2010/" is fixed in every address, whatever the session's year.
-const QList<FilaTrabajo> filasTrabajo = {
+// The year "/2010/" is fixed in every address, whatever the session's year: that is where the
+// service keeps these pages.
+constexpr std::array<FilaTrabajo, 6> filasTrabajo = {{
     {
-        .nombre = QStringLiteral("Boletines"),
+        .nombre = u"Boletines",
         .conPeriodo = true,
         .lista = alumnos,
         .separador = coma,
-        .carpetas = {QStringLiteral("{raiz}"), QStringLiteral("{recortado}"),
-                     QStringLiteral("{documentos}"), QStringLiteral("{documentos}boletines\\"),
-                     QStringLiteral("{salida}")},
-        .salida = QStringLiteral("{documentos}boletines\\P{periodo}\\"),
-        .url = QStringLiteral(
-            "{base}/salones/{colegio}/2010/{tipo}/{codigo}/{periodo}/tessarin/{azar}"),
-        .tipo = &tipoBoletin,
-        .reemplazos = {reemplazos::imagenesDelColegio(
-            QStringLiteral("../../../archivos\\images\\"))},
-        .guion = &guionBoletin,
-        .imagenes = {logo},
+        .documento =
+            {
+                .carpetas = carpetasDeBoletin,
+                .salida = u"{documentos}boletines\\P{periodo}\\",
+                .url = u"{base}/salones/{colegio}/2010/{tipo}/{id}/{periodo}/tessarin/{azar}",
+                .tipo = &tipoBoletin,
+                .reemplazos = deBoletin,
+                .guion = guiones::boletin,
+            },
+        .imagenes = soloLogo,
     },
     {
-        .nombre = QStringLiteral("Informe Final"),
+        .nombre = u"Informe Final",
         .lista = alumnos,
         .separador = coma,
-        .carpetas = carpetasPropias,
-        .salida = QStringLiteral("{documentos}infofinal\\"),
-        .url = QStringLiteral("{base}/salones/{colegio}/2010/{tipo}/{codigo}/tessarin/{azar}"),
-        .tipo = &tipoInfoFinal,
-        .reemplazos = {reemplazos::imagenesDelColegio(imagenesDelArchivo), reemplazos::promovido(),
-                       reemplazos::reprobado()},
-        .guion = &guiones::documento,
+        .documento =
+            {
+                .carpetas = carpetasPropias,
+                .salida = u"{documentos}infofinal\\",
+                .url = u"{base}/salones/{colegio}/2010/{tipo}/{id}/tessarin/{azar}",
+                .tipo = &tipoInfoFinal,
+                .reemplazos = deInformeFinal,
+                .guion = guiones::documento,
+            },
         .imagenes = imagenesDeFinales,
     },
     {
-        .nombre = QStringLiteral("Certificado Final"),
+        .nombre = u"Certificado Final",
         .lista = alumnos,
         .separador = coma,
-        .carpetas = carpetasPropias,
-        .salida = QStringLiteral("{documentos}certificados\\"),
-        .url = QStringLiteral("{base}/salones/{colegio}/2010/{tipo}/{codigo}/tessarin/{azar}"),
-        .tipo = &tipoCertificado,
-        .reemplazos = {reemplazos::imagenesDelColegio(imagenesDelArchivo), reemplazos::folio()},
-        .guion = &guiones::documento,
+        .documento =
+            {
+                .carpetas = carpetasPropias,
+                .salida = u"{documentos}certificados\\",
+                .url = u"{base}/salones/{colegio}/2010/{tipo}/{id}/tessarin/{azar}",
+                .tipo = &tipoCertificado,
+                .reemplazos = deCertificado,
+                .guion = guiones::documento,
+            },
         .imagenes = imagenesDeFinales,
     },
     {
-        .nombre = QStringLiteral("Paz Y Salvos"),
+        .nombre = u"Paz Y Salvos",
         .lista = alumnos,
         .separador = coma,
-        .carpetas = carpetasPropias,
-        .salida = QStringLiteral("{documentos}pazysalvos\\"),
-        .url = QStringLiteral("{base}/alumnos/{colegio}/2010/pazYsalvo/{codigo}/tessarin/{azar}"),
-        .reemplazos = {reemplazos::imagenesDelColegio(imagenesDelArchivo)},
-        .imagenes = {logo},
+        .documento =
+            {
+                .carpetas = carpetasPropias,
+                .salida = u"{documentos}pazysalvos\\",
+                .url = u"{base}/alumnos/{colegio}/2010/pazYsalvo/{id}/tessarin/{azar}",
+                .reemplazos = dePazYSalvo,
+            },
+        .imagenes = soloLogo,
     },
     {
-        // An empty segment and the value -1 stand where the other addresses have none.
-        .nombre = QStringLiteral("Observador"),
+        .nombre = u"Observador",
         .lista = alumnos,
         .separador = coma,
-        .carpetas = carpetasRecortadas,
-        .salida = QStringLiteral("{documentos}observador\\"),
-        .url =
-            QStringLiteral("{base}/anotador/{colegio}/2010/reporte/{codigo}//-1/tessarin/{azar}"),
-        .reemplazos = {reemplazos::imagenesDelColegio(porLaRaiz),
-                       imagenDelObservador(QStringLiteral("apersonal.png")),
-                       imagenDelObservador(QStringLiteral("aconvivencia.png")),
-                       imagenDelObservador(QStringLiteral("aacademico.png"))},
-        .imagenes = {logo, imagenes::comun(QStringLiteral("apersonal.png")),
-                     imagenes::comun(QStringLiteral("aconvivencia.png")),
-                     imagenes::comun(QStringLiteral("aacademico.png"))},
+        .documento =
+            {
+                .carpetas = carpetasRecortadas,
+                .salida = u"{documentos}observador\\",
+                // An empty segment and the value -1 stand where the other addresses have none.
+                .url = u"{base}/anotador/{colegio}/2010/reporte/{id}//-1/tessarin/{azar}",
+                .reemplazos = deObservador,
+            },
+        .imagenes = imagenesDeObservador,
     },
     {
         // One work sheet for each of the classroom's subjects, whose fields may hold commas.
-        .nombre = QStringLiteral("Planilla Trabajo"),
-        .lista = QStringLiteral("asignaturas.php"),
-        .separador = QStringLiteral("@|@"),
-        .carpetas = carpetasRecortadas,
-        .salida = QStringLiteral("{documentos}planillaT\\"),
-        .url = QStringLiteral(
-            "{base}/notas/{colegio}/2010/planillaAsignatura/{codigo}/tessarin/{azar}"),
-        .reemplazos = {reemplazos::imagenesDelColegio(porLaRaiz)},
-        .imagenes = {logo},
+        .nombre = u"Planilla Trabajo",
+        .lista = u"asignaturas.php",
+        .separador = u"@|@",
+        .documento =
+            {
+                .carpetas = carpetasRecortadas,
+                .salida = u"{documentos}planillaT\\",
+                .url = u"{base}/notas/{colegio}/2010/planillaAsignatura/{id}/tessarin/{azar}",
+                .reemplazos = dePlanilla,
+            },
+        .imagenes = soloLogo,
     },
-};
+}};

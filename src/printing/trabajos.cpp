@@ -1,73 +1,112 @@
 #include "printing/trabajos.h"
-#include "archive/rutasArchivo.h"
+#include "pages/rutasArchivo.h"
+#include "platform/Verbos.h"
 #include "printing/PanelImpresion.h"
-#include "printing/matriculas.h"
-#include "printing/pasosTrabajo.h"
+#include "printing/numeroSalon.h"
 #include "records/matriz.h"
 #include "service/archivos.h"
 #include "service/frmCargador.h"
-#include "service/limpieza.h"
+
+#include <optional>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
-// Everything of a job that is the same for all its rows, filled in.
-Valores valoresDe(const FilaTrabajo &fila, const Entorno &entorno, int periodo)
+// The number of the chosen classroom; nothing, after the message, when none is chosen.
+std::optional<double> salonElegido(PanelImpresion &panel)
 {
-    Valores valores = rutasArchivo::valores(entorno);
-    valores.insert(QStringLiteral("recortado"), rutasArchivo::raiz() + u'\\'
-                                                    + recortar(entorno.sesion.idColegio) + u'-'
-                                                    + recortar(entorno.sesion.anoActual));
-    valores.insert(QStringLiteral("periodo"), QString::number(periodo));
-    if (fila.tipo)
-        valores.insert(QStringLiteral("tipo"), fila.tipo(entorno.sesion));
-    valores.insert(QStringLiteral("salida"), completar(fila.salida, valores));
-    return valores;
+    const double salon = numeroSalon(panel.lineaSalon());
+    if (salon > 0)
+        return salon;
+    panel.mensaje(u"Seleccione un Salon"_s);
+    return std::nullopt;
 }
 
-// Fetches, localises and stores one document; its path comes back.
-QString guardarDocumento(const FilaTrabajo &fila, const QString &codigo, Valores valores,
-                         Entorno &entorno)
+// The list of a classroom's students (or subjects), as the service sends it.
+QString pedirLista(Entorno &entorno, QStringView pagina, double salon)
 {
-    valores.insert(QStringLiteral("codigo"), codigo);
-    valores.insert(QStringLiteral("azar"), QString::number(entorno.azar.numero()));
     frmCargador cargador(entorno);
-    QString pagina = cargador.conectar(completar(fila.url, valores), QString(), false);
-    pagina = localizar(pagina, fila.reemplazos, valores);
-    if (fila.guion)
-        pagina += fila.guion();
-    const QString documento =
-        valores.value(QStringLiteral("salida")) + codigo + QStringLiteral(".html");
-    escribirTexto(entorno, pagina, documento, true);
-    return documento;
+    return cargador.conectar(entorno.ServiceBase + u"/querys/tessarin/"_s + pagina.toString(),
+                             u"idcolegio="_s + entorno.sesion.idColegio + u"&tipo=matrix&salon="_s
+                                 + enDecimal(salon),
+                             true);
+}
+
+// After the last document: fetches the images that the documents share. Only then, so that what
+// was printed in a school's first run may show no logo.
+void traerImagenes(Entorno &entorno, std::span<const Imagen> imagenes)
+{
+    crearCarpeta(entorno, rutasArchivo::documentos(entorno.sesion) + u"images"_s);
+    descargarImagenes(entorno, imagenes);
+}
+
+// Hands a stored document, named by its Windows path, to the shell's "print". Only what stands in
+// the archive root: a code with ".." in it names nothing to print.
+void imprimir(Entorno &entorno, Verbos &verbos, const QString &documento)
+{
+    if (entorno.disco.largo(documento))
+        verbos.imprimir(entorno.disco.rutaNativa(documento));
+}
+
+// Shows the bar and takes the rows one by one; an empty one only advances the bar.
+template <typename Hacer>
+void porCadaFila(const QString &rta, PanelImpresion &panel, Hacer hacer)
+{
+    panel.empezar(static_cast<int>(matriz::cuantasFilas(rta)) - 1);
+    for (const QStringView renglon : matriz::filas(rta)) {
+        panel.avanzar();
+        if (!renglon.isEmpty())
+            hacer(renglon);
+    }
 }
 
 void correr(const FilaTrabajo &fila, Entorno &entorno, PanelImpresion &panel, Verbos &verbos)
 {
-    const auto salon = pasosTrabajo::salonElegido(panel);
+    const auto salon = salonElegido(panel);
     if (!salon)
         return;
     const int periodo = fila.conPeriodo ? panel.periodo() : 0;
     if (fila.conPeriodo && periodo <= 0) {
-        panel.mensaje(QStringLiteral("Seleccione el Periodo"));
+        panel.mensaje(u"Seleccione el Periodo"_s);
         return;
     }
 
-    const Valores valores = valoresDe(fila, entorno, periodo);
-    for (const QString &carpeta : fila.carpetas)
-        crearCarpeta(entorno, completar(carpeta, valores));
-    const QString rta = pasosTrabajo::pedirLista(entorno, fila.lista, *salon);
-    panel.empezar(static_cast<int>(matriz::cuantasFilas(rta)) - 1);
-    for (const QStringView renglon : matriz::filas(rta)) {
-        panel.avanzar();
-        if (renglon.isEmpty())
-            continue;
+    Valores valores = rutasArchivo::valores(entorno);
+    valores.poner(Lugar::Periodo, QString::number(periodo));
+    ponerValores(fila.documento, entorno.sesion, valores);
+    crearCarpetas(fila.documento, valores, entorno);
+    const QString rta = pedirLista(entorno, fila.lista, *salon);
+    porCadaFila(rta, panel, [&](QStringView renglon) {
         const QString codigo = matriz::campo(renglon, 0, fila.separador);
-        const QString documento = guardarDocumento(fila, codigo, valores, entorno);
+        valores.poner(Lugar::Id, codigo);
+        valores.poner(Lugar::Azar, QString::number(entorno.azar.numero()));
+        const QString documento = valores.valor(Lugar::Salida) + codigo + u".html"_s;
+        frmCargador cargador(entorno);
+        guardarDocumento(fila.documento, valores, false, documento, cargador, entorno);
         if (panel.descargarEImprimir())
-            pasosTrabajo::imprimir(entorno, verbos, documento);
-    }
+            imprimir(entorno, verbos, documento);
+    });
+    traerImagenes(entorno, fila.imagenes);
+    panel.terminar();
+}
 
-    pasosTrabajo::traerImagenes(entorno, fila.imagenes);
+void imprimirMatriculas(Entorno &entorno, PanelImpresion &panel, Verbos &verbos)
+{
+    static constexpr Imagen logo[] = {imagenes::delColegio(u"logo.png")};
+    const auto salon = salonElegido(panel);
+    if (!salon)
+        return;
+    const QString carpeta = rutasArchivo::documentos(entorno.sesion) + u"matriculas\\"_s;
+    const QString rta = pedirLista(entorno, u"alumnos.php", *salon);
+    // The box is part of the job: the secretary sees whose sheets are about to be printed.
+    panel.mensaje(rta);
+    // Whether printing is chosen is not asked: the sheets are there already, and printing them is
+    // all that this job does.
+    porCadaFila(rta, panel, [&](QStringView renglon) {
+        imprimir(entorno, verbos, carpeta + matriz::campo(renglon, 0) + u".html"_s);
+    });
+    traerImagenes(entorno, logo);
     panel.terminar();
 }
 
@@ -75,7 +114,7 @@ void correr(const FilaTrabajo &fila, Entorno &entorno, PanelImpresion &panel, Ve
 
 void correrTrabajo(const QString &tipo, Entorno &entorno, PanelImpresion &panel, Verbos &verbos)
 {
-    if (tipo == nombreMatriculas()) {
+    if (tipo == nombreMatriculas) {
         imprimirMatriculas(entorno, panel, verbos);
         return;
     }

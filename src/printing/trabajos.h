@@ -2,40 +2,34 @@
 // row each; enrolment sheets, which are printed from the archive, stand beside it.
 #pragma once
 
-#include "archive/imagenes.h"
-#include "archive/reemplazos.h"
+#include "pages/documento.h"
+#include "pages/imagenes.h"
 
-#include <QList>
 #include <QString>
-#include <QStringList>
+#include <QStringView>
+
+#include <array>
+#include <span>
 
 class PanelImpresion;
 class Verbos;
 struct Entorno;
-struct Module1;
 
-// One downloading job. Texts may name the places of rutasArchivo::valores, {recortado} (the
-// archive folder with the session's values trimmed), {salida} (the row's folder), {tipo} (its
-// document kind), {periodo}, {codigo} (the row's first field) and {azar} (the random number).
+// One downloading job. {id} in its texts is the first field of a row of its list.
 struct FilaTrabajo {
-    QString nombre{};        // the text of ComboTipo
+    QStringView nombre{};    // the text of ComboTipo
     bool conPeriodo = false; // the period is asked for
-    QString lista{};         // the list query's page
-    QString separador{};     // of the fields of its rows
-    QStringList carpetas{};  // created in this order
-    QString salida{};
-    QString url{};
-    QString (*tipo)(const Module1 &) = nullptr;
-    QList<Reemplazo> reemplazos{};
-    QString (*guion)() = nullptr;
-    QList<Imagen> imagenes{}; // fetched after the loop
+    QStringView lista{};     // the list query's page
+    QStringView separador{}; // of the fields of its rows
+    FilaDocumento documento{};
+    std::span<const Imagen> imagenes{}; // fetched after the loop
 };
 
 // All of them, in the order in which the kinds are compared.
-extern const QList<FilaTrabajo> filasTrabajo;
+extern const std::array<FilaTrabajo, 6> filasTrabajo;
 
-// The document kind of report cards.
-QString tipoBoletin(const Module1 &sesion);
+// The job that prints what the archive holds already.
+inline constexpr QStringView nombreMatriculas = u"Hoja Matricula";
 
 // Runs the job of the kind, if there is one, to its end. Its checks show their messages on the
 // panel; every other failure is passed over and the next document follows.

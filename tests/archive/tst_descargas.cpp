@@ -1,6 +1,6 @@
 #include "archive/descargas.h"
-#include "archive/guiones.h"
 #include "escenario/Escenario.h"
+#include "pages/guiones.h"
 #include "records/tcAlumnos.h"
 #include "records/tcSalones.h"
 #include "service/archivos.h"
@@ -153,7 +153,7 @@ private Q_SLOTS:
         QCOMPARE(e.listar(QStringLiteral("123-2010/archivos")), QStringList({caso.carpeta}));
         QCOMPARE(e.listar(QStringLiteral("123-2010/archivos/") + caso.carpeta),
                  QStringList({QStringLiteral("13.html"), QStringLiteral("14.html")}));
-        const QByteArray guion = caso.conGuion ? guiones::documento().toLatin1() : QByteArray();
+        const QByteArray guion = caso.conGuion ? guiones::documento.toLatin1() : QByteArray();
         QCOMPARE(e.leer(QStringLiteral("123-2010/archivos/%1/14.html").arg(caso.carpeta)),
                  "una pagina cualquiera" + guion + "\r\n");
     }
@@ -206,7 +206,7 @@ private Q_SLOTS:
         salones.Fcargar(QStringLiteral("14,6A"));
         alumnos.Fcargar(QStringLiteral("14,6A"));
         caso.metodo(salones, alumnos);
-        const QByteArray guion = caso.conGuion ? guiones::documento().toLatin1() : QByteArray();
+        const QByteArray guion = caso.conGuion ? guiones::documento.toLatin1() : QByteArray();
         QCOMPARE(e.leer(QStringLiteral("123-2010/archivos/%1/14.html").arg(caso.carpeta)),
                  esperada.replace('%', base.toUpper()).replace('@', base) + guion + "\r\n");
     }
@@ -327,7 +327,7 @@ private Q_SLOTS:
         alumnos.Fcargar(QStringLiteral("14,6A"));
         alumnos.downInfoFinal();
         QCOMPARE(e.leer(QStringLiteral("123-2010/archivos/infoFinal/14.html")),
-                 guiones::documento().toLatin1() + "\r\n");
+                 guiones::documento.toLatin1() + "\r\n");
     }
 
     void infoAlumnoVacia_dejaSoloElFinDeRenglon()

@@ -1,7 +1,6 @@
-#include "archive/guiones.h"
 #include "escenario/Escenario.h"
 #include "escenario/ImpresionAnotada.h"
-#include "printing/guionBoletin.h"
+#include "pages/guiones.h"
 #include "printing/trabajos.h"
 
 #include <QTest>
@@ -48,12 +47,12 @@ const QByteArray porLaRaiz = "../../../123-2010/archivos\\images\\";
 
 QList<Caso> casos()
 {
-    const QByteArray documento = guiones::documento().toLatin1();
+    const QByteArray documento = guiones::documento.toLatin1();
     return {
         {QStringLiteral("Boletines"), QStringLiteral("alumnos"), QStringLiteral("boletines/P2"),
          QStringLiteral("/salones/123/2010/boletin/77/2/tessarin/#"),
          escuela("../../../archivos\\images\\") + sellos + folio + iconos,
-         guionBoletin().toLatin1(), soloLogo},
+         guiones::boletin.toLatin1(), soloLogo},
         {QStringLiteral("Informe Final"), QStringLiteral("alumnos"), QStringLiteral("infofinal"),
          QStringLiteral("/salones/123/2010/infoFinal/77/tessarin/#"),
          escuela("..\\images\\")
@@ -299,7 +298,7 @@ private Q_SLOTS:
                     "<p>Folio: 12</p><img src=" + base + "/images/colegios/123/x.png>\xF1");
         correr(QStringLiteral("Certificado Final"), e, panel);
         QCOMPARE(e.leer(QStringLiteral("123-2010/archivos/certificados/77.html")),
-                 "<p>Folio: 12</p><img src=..\\images\\x.png>\xF1" + guiones::documento().toLatin1()
+                 "<p>Folio: 12</p><img src=..\\images\\x.png>\xF1" + guiones::documento.toLatin1()
                      + "\r\n");
     }
 
@@ -406,19 +405,6 @@ private Q_SLOTS:
         qputenv("PATH", antes);
         QCOMPARE(panel.historia.last(), QStringLiteral("terminar"));
         QCOMPARE(e.listar(QStringLiteral("123-2010/archivos/pazysalvos")).size(), 2);
-    }
-
-    void guionDelBoletin_tieneSus307Caracteres()
-    {
-        QCOMPARE(guionBoletin().size(), 307);
-        QCOMPARE(
-            guionBoletin(),
-            QStringLiteral(
-                "<script language='javascript' src='../../configuracion.txt'></script><script "
-                "type='text/javascript'>$(document).ready(function() {    "
-                "$('#cfgMICOLEGIO').html(micolegio); $('#cfgSLOGAN').html(slogan);$('#cfgCDANE')."
-                "html(cdane);$('#cfgDIRECCION').html(direccion);$('#cfgTELEFONO').html(telefono); "
-                "});</script>"));
     }
 };
 

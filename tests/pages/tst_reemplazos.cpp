@@ -1,12 +1,21 @@
-#include "archive/guiones.h"
-#include "archive/reemplazos.h"
+#include "pages/guiones.h"
+#include "pages/reemplazos.h"
 
 #include <QTest>
 
 namespace {
-const Valores valores = {{QStringLiteral("base"), QStringLiteral("https://s.co")},
-                         {QStringLiteral("colegio"), QStringLiteral("123")}};
+
+Valores valores()
+{
+    Valores valores;
+    valores.poner(Lugar::Base, QStringLiteral("https://s.co"));
+    valores.poner(Lugar::Colegio, QStringLiteral("123"));
+    return valores;
 }
+
+constexpr Reemplazo colegio = reemplazos::imagenesDelColegio(u"..\\images\\");
+
+} // namespace
 
 class tst_reemplazos : public QObject {
     Q_OBJECT
@@ -16,7 +25,6 @@ private Q_SLOTS:
         QTest::addColumn<Reemplazo>("fila");
         QTest::addColumn<QString>("pagina");
         QTest::addColumn<QString>("localizada");
-        const auto colegio = reemplazos::imagenesDelColegio(QStringLiteral("..\\images\\"));
         QTest::newRow("school images, all, any case")
             << colegio
             << QStringLiteral("<img src=HTTPS://S.CO/Images/COLEGIOS/123/logo.png>"
@@ -26,42 +34,42 @@ private Q_SLOTS:
             << colegio << QStringLiteral("https://s.co/images/colegios/1234/logo.png")
             << QStringLiteral("https://s.co/images/colegios/1234/logo.png");
         QTest::newRow("label NOTA:, all, any case")
-            << reemplazos::etiquetaNota()
+            << reemplazos::etiquetaNota
             << QStringLiteral(
                    "https://s.co/imgTXT.php?txt=NOTA:FINAL HTTPS://s.CO/IMGtxt.php?TXT=nota:x")
             << QStringLiteral("../images/labels/NOTAFINAL ../images/labels/NOTAx");
         QTest::newRow("label, all, any case")
-            << reemplazos::etiqueta()
+            << reemplazos::etiqueta
             << QStringLiteral(
                    "https://s.co/imgTXT.php?txt=Puesto HTTPS://s.CO/IMGtxt.php?TXT=NOTA:x")
             << QStringLiteral("../images/labels/Puesto ../images/labels/NOTA:x");
         QTest::newRow("stamp, the first only")
-            << reemplazos::promovido()
+            << reemplazos::promovido
             << QStringLiteral("https://s.co/images/promovido.png https://s.co/images/promovido.png")
             << QStringLiteral("..\\images\\promovido.png https://s.co/images/promovido.png");
         QTest::newRow("stamp, exact case only")
-            << reemplazos::promovido() << QStringLiteral("HTTPS://S.CO/images/promovido.png")
+            << reemplazos::promovido << QStringLiteral("HTTPS://S.CO/images/promovido.png")
             << QStringLiteral("HTTPS://S.CO/images/promovido.png");
         QTest::newRow("other stamp, the first only")
-            << reemplazos::reprobado()
+            << reemplazos::reprobado
             << QStringLiteral("https://s.co/images/reprobado.png https://s.co/images/reprobado.png")
             << QStringLiteral("..\\images\\reprobado.png https://s.co/images/reprobado.png");
         QTest::newRow("other stamp, exact case only")
-            << reemplazos::reprobado() << QStringLiteral("https://s.co/images/REPROBADO.png")
+            << reemplazos::reprobado << QStringLiteral("https://s.co/images/REPROBADO.png")
             << QStringLiteral("https://s.co/images/REPROBADO.png");
         QTest::newRow("folio, all, any case")
-            << reemplazos::folio()
+            << reemplazos::folio
             << QStringLiteral("Folio: \u00AEfolio\u00AE y FOLIO: \u00AEFolio\u00AE")
             << QStringLiteral("Folio: _______ y Folio: _______");
-        QTest::newRow("no folio") << reemplazos::folio() << QStringLiteral("Folio: 12")
+        QTest::newRow("no folio") << reemplazos::folio << QStringLiteral("Folio: 12")
                                   << QStringLiteral("Folio: 12");
         QTest::newRow("photos, all, any case")
-            << reemplazos::foto()
+            << reemplazos::foto
             << QStringLiteral(
                    "https://s.co/jup/images/123/9-alumno.jpg https://s.co/JUP/images/123/")
             << QStringLiteral("..\\fotos\\9-alumno.jpg ..\\fotos\\");
         QTest::newRow("avatar, all, any case")
-            << reemplazos::avatar()
+            << reemplazos::avatar
             << QStringLiteral(
                    "https://s.co/images/default-avatar.png HTTPS://s.co/images/Default-Avatar.png")
             << QStringLiteral("..\\fotos\\default-avatar.png ..\\fotos\\default-avatar.png");
@@ -71,22 +79,23 @@ private Q_SLOTS:
         QFETCH(Reemplazo, fila);
         QFETCH(QString, pagina);
         QFETCH(QString, localizada);
-        QCOMPARE(localizar(pagina, {fila}, valores), localizada);
+        QCOMPARE(localizar(pagina, {&fila, 1}, valores()), localizada);
     }
 
     void filas_vanEnSuOrden()
     {
         const QString pagina = QStringLiteral("https://s.co/imgTXT.php?txt=NOTA:A");
-        QCOMPARE(localizar(pagina, {reemplazos::etiquetaNota(), reemplazos::etiqueta()}, valores),
-                 QStringLiteral("../images/labels/NOTAA"));
-        QCOMPARE(localizar(pagina, {reemplazos::etiqueta(), reemplazos::etiquetaNota()}, valores),
+        const Reemplazo notaAntes[] = {reemplazos::etiquetaNota, reemplazos::etiqueta};
+        QCOMPARE(localizar(pagina, notaAntes, valores()), QStringLiteral("../images/labels/NOTAA"));
+        const Reemplazo notaDespues[] = {reemplazos::etiqueta, reemplazos::etiquetaNota};
+        QCOMPARE(localizar(pagina, notaDespues, valores()),
                  QStringLiteral("../images/labels/NOTA:A"));
     }
 
     void guionDeDocumento_esElDeLosArchivos()
     {
         QCOMPARE(
-            guiones::documento(),
+            guiones::documento.toString(),
             QStringLiteral("<script language='javascript' "
                            "src='../../archivos/jscript/jquery.tools.min.js'></script>"
                            "<script language='javascript' src='../../configuracion.txt'></script>"
@@ -100,6 +109,18 @@ private Q_SLOTS:
                            "$('#cfgSECRETARIA').html(secretaria); "
                            "$('#cfgRECTOR').html(rector); "
                            "});</script>"));
+    }
+
+    void guionDeBoletin_esElDeLosArchivos()
+    {
+        QCOMPARE(
+            guiones::boletin.toString(),
+            QStringLiteral(
+                "<script language='javascript' src='../../configuracion.txt'></script><script "
+                "type='text/javascript'>$(document).ready(function() {    "
+                "$('#cfgMICOLEGIO').html(micolegio); $('#cfgSLOGAN').html(slogan);$('#cfgCDANE')."
+                "html(cdane);$('#cfgDIRECCION').html(direccion);$('#cfgTELEFONO').html(telefono); "
+                "});</script>"));
     }
 };
 

@@ -2,7 +2,7 @@
 // C when it is created and with a lower-case one where paths are built; both are the same folder.
 #pragma once
 
-#include "archive/plantilla.h"
+#include "pages/plantilla.h"
 
 #include <QString>
 
@@ -21,8 +21,8 @@ QString carpeta(const Module1 &sesion);
 // Its document folder, with one: "c:\Quorvela\123-2010\archivos\".
 QString documentos(const Module1 &sesion);
 
-// What the tables' texts may name: {base}, {colegio}, {anio}, {raiz}, {archivo} (the archive
-// folder), {documentos} and {imagenes} (the image folder, with a separator at its end).
+// Values for the places that are the same in the whole session: the service, the school, the year
+// and the archive's folders.
 Valores valores(const Entorno &entorno);
 
 } // namespace rutasArchivo
