@@ -8,9 +8,9 @@ constexpr int intentosMaximos = 4;
 constexpr qsizetype largoCompleto = 8; // a reply of so many characters is taken at once
 constexpr std::int16_t ticksMaximos = 90;
 
-bool esPalabraDelServicio(const QString &respuesta)
+bool esCorta(const QString &respuesta)
 {
-    return respuesta == u"SI" || respuesta == u"NO";
+    return respuesta.size() < largoCompleto;
 }
 
 } // namespace
@@ -33,6 +33,12 @@ QString frmCargador::direccionDe(const QString &url, const QString &parametros, 
     return url;
 }
 
+bool frmCargador::pedirDeNuevo(const QString &respuesta, int intento)
+{
+    const bool esPalabraDelServicio = respuesta == u"SI" || respuesta == u"NO";
+    return esCorta(respuesta) && !esPalabraDelServicio && intento < intentosMaximos;
+}
+
 QString frmCargador::conectar(const QString &url, const QString &parametros, bool usarAzar)
 {
     // The length is that of the empty body; a GET carries the headers of a form all the same,
@@ -43,7 +49,7 @@ QString frmCargador::conectar(const QString &url, const QString &parametros, boo
         {"Connection", "close"}};
 
     QString respuesta;
-    for (int intento = 0; intento < intentosMaximos;) {
+    for (int intento = 1;; ++intento) {
         abrir();
         m_entorno.azar.sembrar();
         const QString direccion = direccionDe(url, parametros, usarAzar, m_entorno.azar.numero());
@@ -52,11 +58,9 @@ QString frmCargador::conectar(const QString &url, const QString &parametros, boo
         ceder();
         if (cuerpo)
             respuesta = codepage::aTexto(*cuerpo);
-        if (respuesta.size() >= largoCompleto)
-            break;
-        ++intento;
-        m_ticks = 0;
-        if (esPalabraDelServicio(respuesta))
+        if (esCorta(respuesta))
+            m_ticks = 0;
+        if (!pedirDeNuevo(respuesta, intento))
             break;
     }
     cerrar();

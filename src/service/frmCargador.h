@@ -33,6 +33,11 @@ public:
     static QString direccionDe(const QString &url, const QString &parametros, bool usarAzar,
                                std::int32_t azar);
 
+    // Whether a request that has had this reply at its nth try is sent once more: the reply is too
+    // short to be a page, is not one of the service's own words "SI" and "NO", and there have been
+    // fewer than 4 tries.
+    static bool pedirDeNuevo(const QString &respuesta, int intento);
+
 private:
     void abrir();
     void cerrar();

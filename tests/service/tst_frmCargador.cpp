@@ -37,6 +37,34 @@ private Q_SLOTS:
                  direccion);
     }
 
+    void reglaDeRepeticion_miraRespuestaEIntento_data()
+    {
+        QTest::addColumn<QString>("respuesta");
+        QTest::addColumn<int>("intento");
+        QTest::addColumn<bool>("otra");
+        for (int intento = 1; intento <= 4; ++intento) {
+            const bool quedan = intento < 4;
+            const auto fila = [&](const char *nombre, const QString &respuesta, bool otra) {
+                QTest::addRow("%s, try %d", nombre, intento) << respuesta << intento << otra;
+            };
+            fila("empty", QString(), quedan);
+            fila("ERROR", QStringLiteral("ERROR"), quedan);
+            fila("seven characters", QStringLiteral("1234567"), quedan);
+            fila("si in lower case", QStringLiteral("si"), quedan);
+            fila("SI and a blank", QStringLiteral("SI "), quedan);
+            fila("SI", QStringLiteral("SI"), false);
+            fila("NO", QStringLiteral("NO"), false);
+            fila("eight characters", QStringLiteral("12345678"), false);
+        }
+    }
+    void reglaDeRepeticion_miraRespuestaEIntento()
+    {
+        QFETCH(QString, respuesta);
+        QFETCH(int, intento);
+        QFETCH(bool, otra);
+        QCOMPARE(frmCargador::pedirDeNuevo(respuesta, intento), otra);
+    }
+
     void pedido_llevaLasTresCabecerasEnSuOrden()
     {
         Escenario e;
