@@ -2,20 +2,31 @@
 
 #include <QDir>
 #include <QFile>
-#include <QRegularExpression>
 
 void BarraAnotada::ponerValor(int valor)
 {
     if (valor < 0 || valor > maximo)
         return;
     m_valor = valor;
-    historia.append(QString::number(valor));
+    anotar(QString::number(valor));
 }
 
 void BarraAnotada::ponerMaximo(int nuevo)
 {
     maximo = nuevo;
-    historia.append(QStringLiteral("max %1").arg(nuevo));
+    anotar(QStringLiteral("max %1").arg(nuevo));
+}
+
+void BarraAnotada::anotar(const QString &suceso)
+{
+    historia.append(suceso);
+    m_comun.anotar(m_nombre + u' ' + suceso);
+}
+
+void RotuloAnotado::ponerTexto(const QString &texto)
+{
+    historia.append(texto);
+    m_comun.anotar(m_nombre + QStringLiteral(": ") + texto);
 }
 
 Escenario::Escenario(const TamanoEscuela &tamano)
@@ -27,7 +38,11 @@ Escenario::Escenario(const TamanoEscuela &tamano)
               .http = http,
               .disco = disco,
               .azar = azar,
-              .pausa = [this](std::chrono::milliseconds duracion) { pausas.append(duracion); },
+              .pausa =
+                  [this](std::chrono::milliseconds duracion) {
+                      pausas.append(duracion);
+                      historia.anotar(QStringLiteral("pausa %1").arg(duracion.count()));
+                  },
               .sesion = sesion,
               .progreso = progreso}
 {
@@ -35,15 +50,10 @@ Escenario::Escenario(const TamanoEscuela &tamano)
 
 QStringList Escenario::destinos() const
 {
-    static const QRegularExpression consulta(QStringLiteral("\\?azar=\\d+&"));
-    static const QRegularExpression camino(QStringLiteral("/tessarin/\\d+$"));
     QStringList resultado;
     const auto peticiones = demo.peticiones();
-    for (const Peticion &peticion : peticiones) {
-        resultado.append(QString::fromLatin1(peticion.destino)
-                             .replace(consulta, QStringLiteral("?azar=#&"))
-                             .replace(camino, QStringLiteral("/tessarin/#")));
-    }
+    for (const Peticion &peticion : peticiones)
+        resultado.append(Historia::sinAzar(peticion.destino));
     return resultado;
 }
 

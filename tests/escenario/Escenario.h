@@ -4,14 +4,17 @@
 #pragma once
 
 #include "demostracion/ServicioDemo.h"
+#include "escenario/Historia.h"
 #include "service/Entorno.h"
 
 #include <QStringList>
 #include <QTemporaryDir>
 
-// A bar that keeps a history: "max 3", "0", "1".
+// A bar that keeps a history: "max 3", "0", "1". The common one has the bar's name before each.
 class BarraAnotada : public Barra {
 public:
+    BarraAnotada(QString nombre, Historia &comun) : m_nombre(std::move(nombre)), m_comun(comun) {}
+
     int valor() const override { return m_valor; }
     void ponerValor(int valor) override;
     void ponerMaximo(int maximo) override;
@@ -20,13 +23,23 @@ public:
     QStringList historia;
 
 private:
+    void anotar(const QString &suceso);
+
     int m_valor = 0;
+    QString m_nombre;
+    Historia &m_comun;
 };
 
 class RotuloAnotado : public Rotulo {
 public:
-    void ponerTexto(const QString &texto) override { historia.append(texto); }
+    RotuloAnotado(QString nombre, Historia &comun) : m_nombre(std::move(nombre)), m_comun(comun) {}
+
+    void ponerTexto(const QString &texto) override;
     QStringList historia;
+
+private:
+    QString m_nombre;
+    Historia &m_comun;
 };
 
 class Escenario {
@@ -36,8 +49,7 @@ public:
     // One classroom, two students, three subjects.
     static TamanoEscuela pequena() { return {2010, 1, 2, 3}; }
 
-    // The targets asked for so far, without their cache-busting numbers ("azar=N&" becomes
-    // "azar=#&", a trailing "/tessarin/N" "/tessarin/#").
+    // The targets asked for so far, without their cache-busting numbers, as in Historia.
     QStringList destinos() const;
 
     // Puts an answer in place of the service's own for targets that contain the fragment.
@@ -50,6 +62,7 @@ public:
     QString nativa(const QString &ruta) const;
 
     ServicioDemo demo;
+    Historia historia{demo}; // requests, pauses ("pausa 500") and what the elements are given
     QTemporaryDir personal;
     HttpClient http;
     DriveC disco;
@@ -59,8 +72,8 @@ public:
     Progreso progreso;
     Entorno entorno;
 
-    BarraAnotada barra1;
-    BarraAnotada barra2;
-    RotuloAnotado estadoTS;
-    RotuloAnotado estadoHS;
+    BarraAnotada barra1{QStringLiteral("barra1"), historia};
+    BarraAnotada barra2{QStringLiteral("barra2"), historia};
+    RotuloAnotado estadoTS{QStringLiteral("estadoTS"), historia};
+    RotuloAnotado estadoHS{QStringLiteral("estadoHS"), historia};
 };

@@ -2,6 +2,7 @@
 // and the worker is a real program, found on PATH, that notes the lines it is given.
 #pragma once
 
+#include "escenario/Historia.h"
 #include "platform/Verbos.h"
 #include "printing/PanelImpresion.h"
 
@@ -9,23 +10,37 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
+#include <functional>
+
 class PanelAnotado : public PanelImpresion {
 public:
     QString lineaSalon() const override { return salon; }
     int periodo() const override { return elegido; }
     bool descargarEImprimir() const override { return imprimir; }
-    void mensaje(const QString &texto) override
+    void mensaje(const QString &texto) override { anotar(QStringLiteral("mensaje: ") + texto); }
+    void empezar(int maximo) override { anotar(QStringLiteral("empezar %1").arg(maximo)); }
+    void avanzar() override
     {
-        historia.append(QStringLiteral("mensaje: ") + texto);
+        anotar(QStringLiteral("avanzar"));
+        if (alAvanzar)
+            alAvanzar();
     }
-    void empezar(int maximo) override { historia.append(QStringLiteral("empezar %1").arg(maximo)); }
-    void avanzar() override { historia.append(QStringLiteral("avanzar")); }
-    void terminar() override { historia.append(QStringLiteral("terminar")); }
+    void terminar() override { anotar(QStringLiteral("terminar")); }
 
     QString salon = QStringLiteral("501   : QUINTO A");
     int elegido = 2;
     bool imprimir = true;
     QStringList historia;
+    Historia *comun = nullptr; // notes the same, among the requests
+    std::function<void()> alAvanzar;
+
+private:
+    void anotar(const QString &suceso)
+    {
+        historia.append(suceso);
+        if (comun)
+            comun->anotar(suceso);
+    }
 };
 
 // While it lives, "parvanel-print" on PATH is this one. Its notes are complete when the Verbos
