@@ -2,9 +2,7 @@
 #include "service/frmCargador.h"
 
 #include <QRegularExpression>
-#include <QSignalSpy>
 #include <QTest>
-#include <QTimer>
 
 namespace {
 const QString pagina = QStringLiteral("/querys/tessarin/tomarValor.php");
@@ -243,60 +241,6 @@ private Q_SLOTS:
                           QStringLiteral("f=http://h/a b&g=á&h=x=y//..%20"), false);
         QCOMPARE(e.demo.peticiones().first().destino,
                  QByteArray("/p.php?f=http://h/a%20b&g=%E1&h=x=y//..%20"));
-    }
-
-    void cargador_estaAbiertoSoloMientrasPide()
-    {
-        Escenario e;
-        Falla demora;
-        demora.clase = Falla::Demora;
-        demora.demora = std::chrono::milliseconds(60);
-        e.demo.fallar("salones.php", demora);
-        frmCargador cargador(e.entorno);
-        QVERIFY(!cargador.abierto());
-        bool abiertoAlPedir = false;
-        QTimer::singleShot(10, &cargador, [&] { abiertoAlPedir = cargador.abierto(); });
-        QVERIFY(!cargador
-                     .conectar(e.demo.base() + QStringLiteral("/querys/tessarin/salones.php"),
-                               QStringLiteral("idcolegio=123&tipo=html"), true)
-                     .isEmpty());
-        QVERIFY(abiertoAlPedir);
-        QVERIFY(!cargador.abierto());
-    }
-
-    void vigilante_cierraElCargadorSinCortarElPedido()
-    {
-        Escenario e;
-        Falla demora;
-        demora.clase = Falla::Demora;
-        demora.demora = std::chrono::milliseconds(300);
-        e.demo.fallar("salones.php", demora);
-        frmCargador cargador(e.entorno);
-        // The watchdog's seconds, one by one, without their waiting.
-        const auto relojes = cargador.findChildren<QTimer *>();
-        QTimer *vigilante = nullptr;
-        for (QTimer *reloj : relojes) {
-            if (reloj->interval() == 1000)
-                vigilante = reloj;
-        }
-        QVERIFY(vigilante);
-        bool abiertoEnNoventa = false;
-        bool abiertoDespues = true;
-        QTimer::singleShot(10, &cargador, [&] {
-            for (int tick = 0; tick < 90; ++tick)
-                QMetaObject::invokeMethod(vigilante, "timeout", Qt::DirectConnection,
-                                          QGenericArgument());
-            abiertoEnNoventa = cargador.abierto();
-            QMetaObject::invokeMethod(vigilante, "timeout", Qt::DirectConnection,
-                                      QGenericArgument());
-            abiertoDespues = cargador.abierto();
-        });
-        const QString texto =
-            cargador.conectar(e.demo.base() + QStringLiteral("/querys/tessarin/salones.php"),
-                              QStringLiteral("idcolegio=123&tipo=html"), true);
-        QVERIFY(abiertoEnNoventa);
-        QVERIFY(!abiertoDespues);
-        QVERIFY(texto.contains(QStringLiteral("<html"), Qt::CaseInsensitive));
     }
 };
 

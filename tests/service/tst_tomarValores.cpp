@@ -3,10 +3,18 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 class tst_tomarValores : public QObject {
     Q_OBJECT
 private:
     static void vaciarSesion(Escenario &e) { e.sesion = {.idColegio = QStringLiteral("ERROR")}; }
+
+    static QStringList textos(const Module1 &sesion)
+    {
+        return {sesion.idColegio,  sesion.anoActual,   sesion.rolUsuario,
+                sesion.usaBoleta2, sesion.usaInfoFin2, sesion.usaCertiFin2};
+    }
 
 private Q_SLOTS:
     void rol_seComparaExacto_data()
@@ -32,6 +40,34 @@ private Q_SLOTS:
         QCOMPARE(e.sesion.rolUsuario, aceptado ? QStringLiteral("SECRETARIA") : QString());
         QCOMPARE(e.sesion.idColegio, aceptado ? QStringLiteral("12") : QStringLiteral("ERROR"));
         QCOMPARE(e.demo.peticiones().isEmpty(), !aceptado);
+    }
+
+    void rolRechazado_dejaLosSeisTextosComoEstaban()
+    {
+        Escenario e;
+        e.sesion = {.idColegio = u"7"_s,
+                    .anoActual = u"1999"_s,
+                    .rolUsuario = u"OTRO"_s,
+                    .usaBoleta2 = u"a"_s,
+                    .usaInfoFin2 = u"b"_s,
+                    .usaCertiFin2 = u"c"_s};
+        const QStringList antes = textos(e.sesion);
+        QVERIFY(!tomarValores(e.entorno, u"12,DOCENTE,x"_s));
+        QCOMPARE(textos(e.sesion), antes);
+        QCOMPARE(e.destinos(), QStringList());
+    }
+
+    void cadaAjuste_llenaElTextoDeSuNombre()
+    {
+        Escenario e;
+        vaciarSesion(e);
+        e.responder("campo=ANOACTUAL", "2031");
+        e.responder("campo=USABOLETA2", "boleta");
+        e.responder("campo=USAINFOFIN2", "informe");
+        e.responder("campo=USACERTIFIN2", "certi");
+        QVERIFY(tomarValores(e.entorno, u"12,SUPERADMIN"_s));
+        QCOMPARE(textos(e.sesion), QStringList({u"12"_s, u"2031"_s, u"SECRETARIA"_s, u"BOLETA"_s,
+                                                u"INFORME"_s, u"certi"_s}));
     }
 
     void ajustes_sePidenEnSuOrdenConElIdComoVino()
