@@ -1,11 +1,13 @@
 #include "escenario/Escenario.h"
+#include "escenario/Turnos.h"
 #include "records/tcAlumnos.h"
 #include "records/tcMaterias.h"
 #include "records/tcSalones.h"
 
 #include <QSignalSpy>
 #include <QTest>
-#include <QTimer>
+
+using namespace Qt::StringLiterals;
 
 class tst_listas : public QObject {
     Q_OBJECT
@@ -138,15 +140,29 @@ private Q_SLOTS:
                                       QStringLiteral("m//")}));
     }
 
-    void materias_cedenTrasCadaFila()
+    void lineaDelSalon_saleAntesQueSuRegistro()
+    {
+        tcSalones salones(e->entorno);
+        QList<int> alSalir;
+        connect(&salones, &tcSalones::nuevaLinea, this, [&] { alSalir.append(salones.Count()); });
+        salones.Fcargar(u"5,A®5,OTRA VEZ®6,B"_s);
+        QCOMPARE(alSalir, QList<int>({0, 1, 1}));
+    }
+
+    void soloLasMaterias_cedenTrasCadaRegistro()
     {
         tcMaterias materias(e->entorno);
-        int vueltas = 0;
-        QTimer turno;
-        connect(&turno, &QTimer::timeout, this, [&] { ++vueltas; });
-        turno.start(0);
-        materias.Fcargar(QStringLiteral("1,A,X®2,B,X®3,C,X"));
-        QVERIFY(vueltas >= 3);
+        QList<int> alCeder;
+        {
+            const Turnos turnos([&] { alCeder.append(materias.Count()); });
+            materias.Fcargar(u"1,A,X®2,B,X®2,OTRA VEZ,X®3,C,X"_s);
+        }
+        QCOMPARE(alCeder, QList<int>({1, 2, 2, 3}));
+        int otros = 0;
+        const Turnos turnos([&] { ++otros; });
+        tcSalones(e->entorno).Fcargar(u"5,A®6,B"_s);
+        tcAlumnos(e->entorno).Fcargar(u"1,ANA®2,EVA"_s);
+        QCOMPARE(otros, 0);
     }
 
     void cargar_noAnunciaDescargas()
