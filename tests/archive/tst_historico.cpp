@@ -7,6 +7,8 @@
 #include <QFile>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 class tst_historico : public QObject {
     Q_OBJECT
 private:
@@ -153,6 +155,21 @@ private Q_SLOTS:
         correr(e);
         QCOMPARE(e.listar(QString()), QStringList({QStringLiteral("123-2010")}));
         QVERIFY(e.listar(QStringLiteral("123-2010/archivos")).contains(QStringLiteral("salones")));
+    }
+
+    void materiasQueYaHay_noSeHacenDeNuevo()
+    {
+        Escenario e;
+        e.responder("materias.php", "1,ARTE,ARTES");
+        tcSalones salones(e.entorno);
+        tcAlumnos alumnos(e.entorno);
+        auto materias = std::make_unique<tcMaterias>(e.entorno);
+        const tcMaterias *antes = materias.get();
+        materias->Fcargar(u"9,LATÍN,LENGUAS"_s);
+        descargarHistorico(e.entorno, salones, alumnos, materias);
+        QVERIFY(materias.get() == antes);
+        QCOMPARE(materias->Count(), 2);
+        QCOMPARE(materias->Item(1)->nombre, u"LATÍN"_s);
     }
 
     void segundaCorrida_reescribeYDejaLoQueNoTrae()

@@ -5,6 +5,7 @@
 #include <QSignalSpy>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
 using namespace casosDescarga;
 
 class tst_registros : public QObject {
@@ -46,6 +47,26 @@ private Q_SLOTS:
                  QStringList(
                      {QStringLiteral("/salones/123/2010/%1/14/tessarin/?azar=#&").arg(tipoInfo),
                       QStringLiteral("/salones/123/2010/%1/14/tessarin/?azar=#&").arg(tipoCerti)}));
+    }
+
+    void ajusteCambiadoEnMedio_noCambiaLaClaseDeLaLlamada()
+    {
+        Escenario e;
+        e.responder("/", "una pagina cualquiera");
+        tcAlumnos alumnos(e.entorno);
+        alumnos.Fcargar(u"13,6B®14,6A"_s);
+        connect(&alumnos, &tcLista::nuevaDescarga, this, [&] {
+            e.sesion.usaInfoFin2 = u"SI"_s;
+            e.sesion.usaCertiFin2 = u"3"_s;
+        });
+        const auto direccion = u"/salones/123/2010/%1/%2/tessarin/?azar=#&"_s;
+        alumnos.downInfoFinal();
+        e.sesion.usaCertiFin2.clear();
+        alumnos.downCertificado();
+        QCOMPARE(e.destinos(), QStringList({direccion.arg(u"infoFinal"_s, u"13"_s),
+                                            direccion.arg(u"infoFinal"_s, u"14"_s),
+                                            direccion.arg(u"certificado"_s, u"13"_s),
+                                            direccion.arg(u"certificado"_s, u"14"_s)}));
     }
 
     void anoDeLaSesion_noCambiaElDeLasDirecciones()
@@ -168,6 +189,20 @@ private Q_SLOTS:
                  QStringLiteral("Foto de alumno (%1): %2 - 1 de 1").arg(alumno.id, alumno.nombre));
         QCOMPARE(e.barra1.valor(), 1);
         QCOMPARE(e.pausas.size(), guardada ? 1 : 0);
+    }
+
+    void preguntaQueFalla_noTraeLaFotoPorElSiDeOtro()
+    {
+        Escenario e;
+        Falla falla;
+        falla.clase = Falla::CierraAntes;
+        e.demo.fallar("existe.php", falla);
+        e.responder("existe.php", "SI", 1);
+        tcAlumnos alumnos(e.entorno);
+        alumnos.Fcargar(u"13,ANA®14,EVA"_s);
+        alumnos.downFotosAlumno();
+        const QStringList fotos = e.destinos().filter(QRegularExpression(u"^/jup/"_s));
+        QCOMPARE(fotos, QStringList({u"/jup/images/123/13-alumno.jpg"_s}));
     }
 
     void cuentaDelTexto_seLeeDeNuevoEnCadaRegistro()
