@@ -1,0 +1,154 @@
+// Codes, settings and replies out of the ordinary.
+#include "escenario/Escenario.h"
+#include "escenario/ImpresionAnotada.h"
+#include "printing/casosTrabajo.h"
+#include "printing/trabajos.h"
+
+#include <QRegularExpression>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+using namespace casosTrabajo;
+
+class tst_documentos : public QObject {
+    Q_OBJECT
+private:
+    static void correr(const QString &nombre, Escenario &e, PanelAnotado &panel)
+    {
+        Verbos verbos;
+        correrTrabajo(nombre, e.entorno, panel, verbos);
+    }
+
+private Q_SLOTS:
+    void clasesDeDocumento_siguenALosAjustes_data()
+    {
+        QTest::addColumn<QString>("trabajo");
+        QTest::addColumn<QString>("ajuste");
+        QTest::addColumn<QString>("clase");
+        const auto boletines = QStringLiteral("Boletines");
+        const auto informe = QStringLiteral("Informe Final");
+        const auto certi = QStringLiteral("Certificado Final");
+        QTest::newRow("boletin SI")
+            << boletines << QStringLiteral("SI") << QStringLiteral("boletin2");
+        QTest::newRow("boletin si")
+            << boletines << QStringLiteral("si") << QStringLiteral("boletin");
+        QTest::newRow("boletin empty") << boletines << QString() << QStringLiteral("boletin");
+        QTest::newRow("final SI") << informe << QStringLiteral("SI")
+                                  << QStringLiteral("infoFinal2");
+        QTest::newRow("final empty") << informe << QString() << QStringLiteral("infoFinal");
+        QTest::newRow("final NO") << informe << QStringLiteral("NO") << QStringLiteral("infoFinal");
+        QTest::newRow("certificate 3")
+            << certi << QStringLiteral("3") << QStringLiteral("certificado3");
+        QTest::newRow("certificate 2")
+            << certi << QStringLiteral("2") << QStringLiteral("certificado2");
+        QTest::newRow("certificate 1")
+            << certi << QStringLiteral("1") << QStringLiteral("certificado");
+        QTest::newRow("certificate empty") << certi << QString() << QStringLiteral("certificado");
+    }
+    void clasesDeDocumento_siguenALosAjustes()
+    {
+        QFETCH(QString, trabajo);
+        QFETCH(QString, ajuste);
+        QFETCH(QString, clase);
+        Escenario e;
+        PanelAnotado panel;
+        panel.imprimir = false;
+        e.sesion.usaBoleta2 = e.sesion.usaInfoFin2 = e.sesion.usaCertiFin2 = ajuste;
+        e.responder("tipo=matrix&salon=501", "77,ANA COMPLETA");
+        e.responder("/2010/", "la pagina de cada uno");
+        correr(trabajo, e, panel);
+        QVERIFY2(e.destinos()[1].startsWith(QStringLiteral("/salones/123/2010/%1/77/").arg(clase)),
+                 qPrintable(e.destinos()[1]));
+    }
+
+    void certificadoSinFolio_quedaIgualSalvoElPrefijoYElGuion()
+    {
+        Escenario e;
+        PanelAnotado panel;
+        panel.imprimir = false;
+        const QByteArray base = e.demo.base().toLatin1();
+        e.responder("tipo=matrix&salon=501", "77,ANA COMPLETA");
+        e.responder("/certificado/",
+                    "<p>Folio: 12</p><img src=" + base + "/images/colegios/123/x.png>\xF1");
+        correr(QStringLiteral("Certificado Final"), e, panel);
+        QCOMPARE(e.leer(QStringLiteral("123-2010/archivos/certificados/77.html")),
+                 "<p>Folio: 12</p><img src=..\\images\\x.png>\xF1" + guiones::documento.toLatin1()
+                     + "\r\n");
+    }
+
+    void codigoQueSaleDeLaRaiz_noSeImprime()
+    {
+        const ObreroAnotado obrero;
+        Escenario e;
+        PanelAnotado panel;
+        QFile ajeno(e.personal.filePath(QStringLiteral("doc.html")));
+        QVERIFY(ajeno.open(QIODevice::WriteOnly));
+        ajeno.close();
+        e.responder("tipo=matrix&salon=501", "..\\..\\..\\..\\doc,ANA");
+        e.responder("/2010/", "la pagina de cada uno");
+        correr(QStringLiteral("Paz Y Salvos"), e, panel);
+        QVERIFY(!obrero.arrancado());
+    }
+
+    void numeroAlAzar_vaEnLaDireccionYNoEnLaConsulta()
+    {
+        Escenario e;
+        PanelAnotado panel;
+        panel.imprimir = false;
+        e.responder("tipo=matrix&salon=501", "77,ANA COMPLETA");
+        e.responder("/2010/", "la pagina de cada uno");
+        correr(QStringLiteral("Paz Y Salvos"), e, panel);
+        const QString destino = QString::fromLatin1(e.demo.peticiones()[1].destino);
+        static const QRegularExpression forma(
+            QStringLiteral("^/alumnos/123/2010/pazYsalvo/77/tessarin/(\\d+)$"));
+        const int numero = forma.match(destino).captured(1).toInt();
+        QVERIFY2(numero >= 1000 && numero <= 1000000, qPrintable(destino));
+    }
+
+    void listaVacia_haceCarpetasTraeElLogoYRestaura()
+    {
+        Escenario e;
+        PanelAnotado panel;
+        e.responder("tipo=matrix&salon=501", "");
+        correr(QStringLiteral("Boletines"), e, panel);
+        QCOMPARE(panel.historia,
+                 QStringList({QStringLiteral("empezar -1"), QStringLiteral("terminar")}));
+        QCOMPARE(e.destinos().last(), QStringLiteral("/images/colegios/123/logo.png"));
+        QCOMPARE(e.listar(QStringLiteral("123-2010/archivos/boletines/P2")), QStringList());
+        QVERIFY(e.existe(QStringLiteral("123-2010/archivos/boletines/P2")));
+    }
+
+    void paginaQueFalla_seGuardaComoVinoYElResto()
+    {
+        const ObreroAnotado obrero;
+        Escenario e;
+        PanelAnotado panel;
+        Falla falla;
+        falla.clase = Falla::CierraAntes;
+        e.demo.fallar("/pazYsalvo/77/", falla);
+        e.responder("tipo=matrix&salon=501", "77,ANA\xAE"
+                                             "a|b,MALA\xAE"
+                                             "1002,LUIS");
+        correr(QStringLiteral("Paz Y Salvos"), e, panel);
+        QCOMPARE(e.leer(QStringLiteral("123-2010/archivos/pazysalvos/77.html")),
+                 QByteArray("\r\n"));
+        QVERIFY(e.leer(QStringLiteral("123-2010/archivos/pazysalvos/1002.html")).size() > 200);
+        QTRY_VERIFY(obrero.terminado());
+        // A document that could not be stored is not there to print.
+        QCOMPARE(obrero.documentos().size(), 2);
+    }
+
+    void sesionConBlancos_recortaSoloUnaCarpeta()
+    {
+        Escenario e;
+        PanelAnotado panel;
+        panel.imprimir = false;
+        e.sesion.idColegio = QStringLiteral("123 ");
+        e.responder("tipo=matrix&salon=501", "");
+        correr(QStringLiteral("Observador"), e, panel);
+        QCOMPARE(e.listar(QString()), QStringList({QStringLiteral("123-2010")}));
+    }
+};
+
+QTEST_MAIN(tst_documentos)
+#include "tst_documentos.moc"
