@@ -138,15 +138,75 @@ private Q_SLOTS:
         QCOMPARE(obrero.documentos().size(), 2);
     }
 
-    void sesionConBlancos_recortaSoloUnaCarpeta()
+    // The trimmed folder is not the one that the documents go to: with blanks in the session the
+    // jobs that make it leave it empty, and store nothing.
+    void sesionConBlancos_recortaSoloLaSegundaCarpetaDeTres_data() { casosComoDatos(); }
+    void sesionConBlancos_recortaSoloLaSegundaCarpetaDeTres()
     {
+        QFETCH(int, indice);
+        const Caso caso = casos()[indice];
+        const bool recorta =
+            QStringList{u"Boletines"_s, u"Observador"_s, u"Planilla Trabajo"_s}.contains(
+                caso.nombre);
         Escenario e;
         PanelAnotado panel;
         panel.imprimir = false;
-        e.sesion.idColegio = QStringLiteral("123 ");
-        e.responder("tipo=matrix&salon=501", "");
-        correr(QStringLiteral("Observador"), e, panel);
-        QCOMPARE(e.listar(QString()), QStringList({QStringLiteral("123-2010")}));
+        e.sesion.idColegio = u"123 "_s;
+        e.sesion.anoActual = u" 2010"_s;
+        e.responder("/2010/", "la pagina de cada uno");
+        e.responder("tipo=matrix&salon=501", "77");
+        correr(caso.nombre, e, panel);
+        const QString carpeta = recorta ? u"123-2010"_s : u"123 - 2010"_s;
+        QCOMPARE(e.listar(QString()), QStringList({carpeta}));
+        QCOMPARE(e.listar(carpeta), recorta ? QStringList() : QStringList({u"archivos"_s}));
+        QCOMPARE(e.existe(carpeta + u"/archivos/"_s + caso.carpeta + u"/77.html"_s), !recorta);
+    }
+
+    void codigo_conservaSusBlancosYSusSaltos_data() { casosComoDatos(); }
+    void codigo_conservaSusBlancosYSusSaltos()
+    {
+        QFETCH(int, indice);
+        const Caso caso = casos()[indice];
+        const QByteArray separador = caso.lista == u"alumnos" ? "," : "@|@";
+        Escenario e;
+        PanelAnotado panel;
+        panel.imprimir = false;
+        e.responder("/2010/", "la pagina de cada uno");
+        e.responder("tipo=matrix&salon=501",
+                    " 77 " + separador + "ANA\xAE\r\n78" + separador + "EVA");
+        correr(caso.nombre, e, panel);
+        const auto destino = [&](const QString &codigo) {
+            return QString(caso.destino).replace(u"/77/"_s, u'/' + codigo + u'/');
+        };
+        QCOMPARE(e.destinos().mid(1, 2),
+                 QStringList({destino(u"%2077%20"_s), destino(u"%0D%0A78"_s)}));
+        // No file can have a line break in its name.
+        QCOMPARE(e.listar(u"123-2010/archivos/"_s + caso.carpeta), QStringList({u" 77 .html"_s}));
+    }
+
+    void ajusteCambiadoEnMedio_noCambiaLaClaseDelTrabajo_data()
+    {
+        QTest::addColumn<int>("indice");
+        for (int indice = 0; indice < 3; ++indice)
+            QTest::newRow(casos()[indice].nombre.toLatin1().constData()) << indice;
+    }
+    void ajusteCambiadoEnMedio_noCambiaLaClaseDelTrabajo()
+    {
+        QFETCH(int, indice);
+        const Caso caso = casos()[indice];
+        Escenario e;
+        PanelAnotado panel;
+        panel.imprimir = false;
+        panel.alAvanzar = [&] {
+            e.sesion.usaBoleta2 = e.sesion.usaInfoFin2 = u"SI"_s;
+            e.sesion.usaCertiFin2 = u"3"_s;
+        };
+        e.responder("/2010/", "la pagina de cada uno");
+        e.responder("tipo=matrix&salon=501", "77,ANA\xAE"
+                                             "78,EVA");
+        correr(caso.nombre, e, panel);
+        QCOMPARE(e.destinos().mid(1, 2),
+                 QStringList({caso.destino, QString(caso.destino).replace(u"/77/"_s, u"/78/"_s)}));
     }
 };
 

@@ -5,6 +5,8 @@
 #include <QDir>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 class tst_matriculas : public QObject {
     Q_OBJECT
 private:
@@ -75,6 +77,19 @@ private Q_SLOTS:
                               QStringLiteral("terminar")}));
         QVERIFY(!obrero.arrancado());
         QCOMPARE(e.listar(QString()), QStringList()); // and makes no folder of its own
+    }
+
+    void logo_quedaEnLaCarpetaDeImagenes()
+    {
+        const ObreroAnotado obrero;
+        Escenario e;
+        PanelAnotado panel;
+        guardarHoja(e, u"77"_s);
+        e.responder("tipo=matrix&salon=501", "77,ANA\xAE");
+        correr(e, panel);
+        QCOMPARE(e.listar(u"123-2010/archivos"_s), QStringList({u"images"_s, u"matriculas"_s}));
+        QCOMPARE(e.listar(u"123-2010/archivos/images"_s), QStringList({u"logo.png"_s}));
+        QVERIFY(e.leer(u"123-2010/archivos/images/logo.png"_s).startsWith("\x89PNG"));
     }
 
     void sinSalon_avisaYNoHaceNada()
