@@ -13,6 +13,9 @@
 #include <QTest>
 #include <QTimer>
 
+#include <algorithm>
+#include <functional>
+
 class VentanaDePrueba {
 public:
     explicit VentanaDePrueba(const TamanoEscuela &tamano = Escenario::pequena())
@@ -96,6 +99,8 @@ public:
         QObject::connect(&reloj, &QTimer::timeout, &form, [this] {
             const auto cuadros = cuadrosAbiertos();
             for (QMessageBox *cuadro : cuadros) {
+                if (alVerCuadro)
+                    alVerCuadro();
                 mensajes.append(cuadro->text());
                 titulos.append(cuadro->windowTitle());
                 botones.append(static_cast<int>(cuadro->standardButtons()));
@@ -106,8 +111,47 @@ public:
         hacer();
     }
 
+    // Runs something that asks for a target with the fragment. That request is held; once it is
+    // there, a look is taken, and then it is let go.
+    template <typename Hacer, typename Mirar>
+    void reteniendo(const QByteArray &fragmento, Hacer hacer, Mirar mirar)
+    {
+        const auto cuantas = [this, fragmento] {
+            const auto peticiones = e.demo.peticiones();
+            return std::count_if(
+                peticiones.begin(), peticiones.end(),
+                [&](const Peticion &peticion) { return peticion.destino.contains(fragmento); });
+        };
+        Falla falla;
+        falla.clase = Falla::Retenida;
+        e.demo.fallar(fragmento, falla);
+        const auto antes = cuantas();
+        QTimer reloj;
+        QObject::connect(&reloj, &QTimer::timeout, &form, [&] {
+            if (cuantas() == antes)
+                return;
+            reloj.stop();
+            mirar();
+            e.demo.quitarFallas();
+        });
+        reloj.start(1);
+        hacer();
+        e.demo.quitarFallas();
+    }
+
+    // The entries of a list.
+    QStringList lineas(const char *nombre) const
+    {
+        const auto *lista = elemento<QListWidget>(nombre);
+        QStringList textos;
+        for (int i = 0; i < lista->count(); ++i)
+            textos.append(lista->item(i)->text());
+        return textos;
+    }
+
     Verbos verbos;
     int cierres = 0;
+    std::function<void()> alVerCuadro; // each time before a box is closed
     QStringList mensajes;
     QStringList titulos;
     QList<int> botones;
