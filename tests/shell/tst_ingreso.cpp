@@ -4,6 +4,8 @@
 #include <QLineEdit>
 #include <QListWidget>
 
+using namespace Qt::StringLiterals;
+
 class tst_ingreso : public QObject {
     Q_OBJECT
 private Q_SLOTS:
@@ -30,6 +32,25 @@ private Q_SLOTS:
                  QStringLiteral("/querys/tessarin/login.php?azar=#&user=secretaria&pwd=demo2010"));
         QCOMPARE(v.e.destinos().last(),
                  QStringLiteral("/querys/tessarin/salones.php?azar=#&idcolegio=123&tipo=matrix"));
+    }
+
+    void panelYModos_cambianAntesDePedirLosSalones()
+    {
+        VentanaDePrueba v;
+        QStringList visto;
+        v.reteniendo(
+            "salones.php", [&] { v.ingresar(); },
+            [&] {
+                for (const char *nombre : {"Command1", "txtUser", "txtPwd"})
+                    visto.append(v.elemento(nombre)->isEnabled() ? u"libre"_s : u"fijo"_s);
+                for (const char *nombre : {"Label5", "Option1_1", "Option1_2", "Option1_3"})
+                    visto.append(v.visible(nombre) ? u"se ve"_s : u"no se ve"_s);
+                visto.append(v.elemento<QLabel>("Label5")->text());
+                visto.append(v.lineas("List1"));
+            });
+        QCOMPARE(visto, QStringList({u"fijo"_s, u"fijo"_s, u"fijo"_s, u"se ve"_s, u"se ve"_s,
+                                     u"se ve"_s, u"se ve"_s, u"Conectado OK:123"_s}));
+        QCOMPARE(v.lineas("List1").size(), 1);
     }
 
     void superadministrador_trabajaComoSecretaria()
