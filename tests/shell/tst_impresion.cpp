@@ -9,6 +9,8 @@
 #include <QProgressBar>
 #include <QRadioButton>
 
+using namespace Qt::StringLiterals;
+
 class tst_impresion : public QObject {
     Q_OBJECT
 private:
@@ -126,6 +128,40 @@ private Q_SLOTS:
         QVERIFY(v.visible("Command2") && v.visible("Option2_0") && v.visible("Option2_1"));
         QVERIFY(!v.visible("Barra3"));
         QCOMPARE(v.e.listar(QStringLiteral("123-2010/archivos/boletines/P2")).size(), 2);
+    }
+
+    void panel_sePreparaSoloConLaListaYaRecibida()
+    {
+        VentanaDePrueba v;
+        abrir(v);
+        v.elegirEnLista("ComboTipo", u"Paz Y Salvos"_s);
+        v.elegirSalon();
+        v.elegir("Option2_1");
+        QStringList visto;
+        v.reteniendo(
+            "tipo=matrix&salon=", [&] { v.clic("Command2"); },
+            [&] {
+                for (const char *nombre : {"Barra3", "Command2", "Option2_0", "Option2_1"})
+                    visto.append(v.visible(nombre) ? u"se ve"_s : u"no se ve"_s);
+            });
+        QCOMPARE(visto, QStringList({u"no se ve"_s, u"se ve"_s, u"se ve"_s, u"se ve"_s}));
+    }
+
+    void segundoTrabajo_empiezaSuBarraDeCero()
+    {
+        VentanaDePrueba v(TamanoEscuela{2010, 1, 3, 1});
+        abrir(v);
+        v.elegirEnLista("ComboTipo", u"Paz Y Salvos"_s);
+        v.elegirSalon();
+        v.elegir("Option2_1");
+        const auto *barra = v.elemento<QProgressBar>("Barra3");
+        v.clic("Command2");
+        QCOMPARE(barra->value(), 2);
+        int enElPrimero = -1;
+        v.reteniendo(
+            "/pazYsalvo/", [&] { v.clic("Command2"); }, [&] { enElPrimero = barra->value(); });
+        QCOMPARE(enElPrimero, 1);
+        QCOMPARE(barra->value(), 2);
     }
 
     void observador_seImprimeAunqueElTituloPidaElegir()
