@@ -1,21 +1,14 @@
-// The download panel and the archive panel of the window.
+// The archive panel of the window.
+#include "escenario/Turnos.h"
 #include "shell/VentanaDePrueba.h"
 
 #include <QDir>
 #include <QFile>
-#include <QLabel>
 #include <QListWidget>
-#include <QProgressBar>
+
+using namespace Qt::StringLiterals;
 
 namespace {
-
-QStringList lineas(const QListWidget *lista)
-{
-    QStringList textos;
-    for (int i = 0; i < lista->count(); ++i)
-        textos.append(lista->item(i)->text());
-    return textos;
-}
 
 // A stand-in for the desktop's opener, first on PATH, that notes its arguments one a line.
 class AbridorAnotado {
@@ -49,54 +42,6 @@ private:
 class tst_historicos : public QObject {
     Q_OBJECT
 private Q_SLOTS:
-    void descarga_ocultaMuestraYTermina()
-    {
-        VentanaDePrueba v;
-        v.ingresar();
-        v.elegir("Option1_1");
-        bool durante = false;
-        connect(&v.form.Salones, &tcLista::nuevaDescarga, this, [&] {
-            durante = !v.visible("Command3") && v.visible("barra1") && v.visible("barra2")
-                      && !v.visible("Label6_3") && !v.visible("Label6_8") && !v.visible("Label6_9")
-                      && !v.visible("Label6_10") && v.visible("Label6_0") && v.visible("Option1_2")
-                      && v.elemento("Option1_2")->isEnabled() && !v.elemento("Command2")->isHidden()
-                      && !v.elemento("Command4")->isHidden();
-        });
-        v.conCuadros([&] { v.clic("Command3"); });
-        QVERIFY(durante);
-        QCOMPARE(v.mensajes, QStringList({QStringLiteral("Listo Historico")}));
-        QCOMPARE(v.titulos, QStringList({QApplication::applicationName()}));
-        QCOMPARE(v.botones, QList<int>({QMessageBox::Ok}));
-        // The panel stays as it was during the run.
-        QVERIFY(!v.visible("Command3"));
-        QVERIFY(!v.visible("Label6_10"));
-        QVERIFY(v.visible("barra1"));
-        QCOMPARE(v.elemento<QProgressBar>("barra2")->maximum(), 8);
-        QCOMPARE(v.elemento<QProgressBar>("barra2")->value(), 8);
-        QCOMPARE(v.elemento<QLabel>("estadoTS")->text(),
-                 QStringLiteral("Descargando Labels de Materias"));
-        QVERIFY(v.elemento<QLabel>("estadoHS")
-                    ->text()
-                    .startsWith(QStringLiteral("Label: Total Fallas - ")));
-        QCOMPARE(lineas(v.elemento<QListWidget>("lstHistoricos")),
-                 QStringList({QStringLiteral("C:\\Quorvela\\123-2010")}));
-        QVERIFY(v.e.existe(QStringLiteral("123-2010/index.html")));
-    }
-
-    void descargaConTodoFallando_terminaIgual()
-    {
-        VentanaDePrueba v;
-        v.ingresar();
-        v.elegir("Option1_1");
-        Falla falla;
-        falla.clase = Falla::CierraAntes;
-        v.e.demo.fallar("/", falla);
-        v.conCuadros([&] { v.clic("Command3"); });
-        QCOMPARE(v.mensajes, QStringList({QStringLiteral("Listo Historico")}));
-        QCOMPARE(lineas(v.elemento<QListWidget>("lstHistoricos")),
-                 QStringList({QStringLiteral("C:\\Quorvela\\123-2010")}));
-    }
-
     void raizInexistente_listaLaCarpetaDelProceso()
     {
         const QTemporaryDir actual;
@@ -107,7 +52,7 @@ private Q_SLOTS:
         {
             const VentanaDePrueba v;
             const QString base = QDir::currentPath();
-            QCOMPARE(lineas(v.elemento<QListWidget>("lstHistoricos")),
+            QCOMPARE(v.lineas("lstHistoricos"),
                      QStringList({base + QStringLiteral("/Dos"), base + QStringLiteral("/uno")}));
         }
         QDir::setCurrent(antes);
@@ -118,7 +63,41 @@ private Q_SLOTS:
         VentanaDePrueba v;
         QVERIFY(QDir(v.e.personal.path()).mkdir(QStringLiteral("Quorvela")));
         v.form.cargaListaHistoricos();
-        QCOMPARE(lineas(v.elemento<QListWidget>("lstHistoricos")), QStringList());
+        QCOMPARE(v.lineas("lstHistoricos"), QStringList());
+    }
+
+    void llenarLaLista_cedeUnaVezEntreLeerLaCarpetaYVaciarla()
+    {
+        VentanaDePrueba v;
+        QVERIFY(QDir().mkpath(v.e.nativa(u"a"_s)));
+        v.form.cargaListaHistoricos();
+        QVERIFY(QDir().mkpath(v.e.nativa(u"b"_s)));
+        const QStringList una = {u"C:\\Quorvela\\a"_s};
+        const QStringList dos = una + QStringList{u"C:\\Quorvela\\b"_s};
+        QList<QStringList> leidas;
+        QList<QStringList> listadas;
+        {
+            const Turnos turnos([&] {
+                leidas.append(v.lineas("Dir1"));
+                listadas.append(v.lineas("lstHistoricos"));
+            });
+            v.form.cargaListaHistoricos();
+        }
+        QCOMPARE(leidas, QList<QStringList>({dos}));
+        QCOMPARE(listadas, QList<QStringList>({una}));
+        QCOMPARE(v.lineas("lstHistoricos"), dos);
+    }
+
+    void raizQueDesapareceAlCeder_quedaComoSeLeyoHastaLaProximaVez()
+    {
+        VentanaDePrueba v;
+        QVERIFY(QDir().mkpath(v.e.nativa(u"a"_s)));
+        enElProximoTurno(v.form, [&] { QDir(v.e.nativa(QString())).removeRecursively(); });
+        v.form.cargaListaHistoricos();
+        QVERIFY(!v.e.existe(QString()));
+        QCOMPARE(v.lineas("lstHistoricos"), QStringList({u"C:\\Quorvela\\a"_s}));
+        v.form.cargaListaHistoricos(); // still pointed at the root, which holds nothing now
+        QCOMPARE(v.lineas("lstHistoricos"), QStringList());
     }
 
     void cualquierCarpetaDeLaRaiz_seListaEnOrden()
@@ -127,7 +106,7 @@ private Q_SLOTS:
         for (const char *nombre : {"b-2011", "A-2010", "no es un archivo", ".oculta"})
             QVERIFY(QDir().mkpath(v.e.nativa(QString::fromLatin1(nombre))));
         v.form.cargaListaHistoricos();
-        QCOMPARE(lineas(v.elemento<QListWidget>("lstHistoricos")),
+        QCOMPARE(v.lineas("lstHistoricos"),
                  QStringList({QStringLiteral("C:\\Quorvela\\.oculta"),
                               QStringLiteral("C:\\Quorvela\\A-2010"),
                               QStringLiteral("C:\\Quorvela\\b-2011"),
@@ -175,7 +154,8 @@ private Q_SLOTS:
         v.ingresar();
         v.elegir("Option1_3");
         auto *lista = v.elemento<QListWidget>("lstHistoricos");
-        const auto renglon = lineas(lista).indexOf(QStringLiteral("C:\\Quorvela\\") + carpeta);
+        const auto renglon =
+            v.lineas("lstHistoricos").indexOf(QStringLiteral("C:\\Quorvela\\") + carpeta);
         QVERIFY(renglon >= 0);
         auto *elegido = lista->item(static_cast<int>(renglon));
         lista->scrollToItem(elegido);
