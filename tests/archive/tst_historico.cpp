@@ -154,7 +154,9 @@ private Q_SLOTS:
         e.sesion.anoActual = QStringLiteral("2010\r\n");
         correr(e);
         QCOMPARE(e.listar(QString()), QStringList({QStringLiteral("123-2010")}));
-        QVERIFY(e.listar(QStringLiteral("123-2010/archivos")).contains(QStringLiteral("salones")));
+        QVERIFY(e.existe(u"123-2010/index.html"_s));
+        QVERIFY(e.existe(u"123-2010/archivos/salones/501.html"_s));
+        QVERIFY(e.existe(u"123-2010/archivos/images/labels/Puesto"_s));
     }
 
     void materiasQueYaHay_noSeHacenDeNuevo()
