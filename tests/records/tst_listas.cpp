@@ -91,6 +91,22 @@ private Q_SLOTS:
         QCOMPARE(lineas.size(), 1);
     }
 
+    void textoDeError_seLeeComoUnaFila()
+    {
+        tcSalones salones(e->entorno);
+        salones.Fcargar(u"ERROR"_s);
+        QCOMPARE(salones.Count(), 1);
+        QCOMPARE(salones.Item(1)->id, u"ERROR"_s);
+    }
+
+    void filaDeSoloUnSalto_daRegistroConIdVacio()
+    {
+        tcAlumnos alumnos(e->entorno);
+        alumnos.Fcargar(u"1,ANA®\r\n"_s);
+        QCOMPARE(alumnos.Count(), 2);
+        QCOMPARE(alumnos.Item(2)->id, QString());
+    }
+
     void claveRepetida_dejaElPrimeroPeroSuLineaSale()
     {
         tcSalones salones(e->entorno);
