@@ -110,20 +110,14 @@ private Q_SLOTS:
         v.elegirEnLista("Combo1", QStringLiteral("Periodo 2"));
         v.elegirSalon();
         v.elegir("Option2_1");
-        Falla demora;
-        demora.clase = Falla::Demora;
-        demora.demora = std::chrono::milliseconds(150);
-        v.e.demo.fallar("/boletin", demora);
         bool escondidos = false;
-        QTimer vigia;
-        connect(&vigia, &QTimer::timeout, this, [&] {
-            if (v.visible("Barra3"))
-                escondidos = !v.visible("Command2") && !v.visible("Option2_0")
-                             && !v.visible("Option2_1")
+        v.reteniendo(
+            "/boletin", [&] { v.clic("Command2"); },
+            [&] {
+                escondidos = v.visible("Barra3") && !v.visible("Command2")
+                             && !v.visible("Option2_0") && !v.visible("Option2_1")
                              && v.elemento<QProgressBar>("Barra3")->maximum() == 1;
-        });
-        vigia.start(5);
-        v.conCuadros([&] { v.clic("Command2"); });
+            });
         QVERIFY(escondidos);
         QVERIFY(v.visible("Command2") && v.visible("Option2_0") && v.visible("Option2_1"));
         QVERIFY(!v.visible("Barra3"));
@@ -212,19 +206,10 @@ private Q_SLOTS:
             abrir(v);
             v.elegirEnLista("ComboTipo", QStringLiteral("Paz Y Salvos"));
             v.elegirSalon();
-            v.conCuadros([&] {
-                QTimer vigia;
-                connect(&vigia, &QTimer::timeout, this, [&] {
-                    if (!v.e.listar(QStringLiteral("123-2010/archivos/pazysalvos")).isEmpty())
-                        v.elemento<QRadioButton>("Option2_1")->setChecked(true);
-                });
-                Falla demora;
-                demora.clase = Falla::Demora;
-                demora.demora = std::chrono::milliseconds(80);
-                v.e.demo.fallar("/pazYsalvo/", demora);
-                vigia.start(5);
-                v.clic("Command2");
-            });
+            const QString segundo = v.e.demo.escuela().alumnos[1].id;
+            v.reteniendo(
+                "/pazYsalvo/" + segundo.toLatin1(), [&] { v.clic("Command2"); },
+                [&] { v.elemento<QRadioButton>("Option2_1")->setChecked(true); });
         }
         QTRY_VERIFY(obrero.terminado());
         QCOMPARE(obrero.documentos().size(), 1);
