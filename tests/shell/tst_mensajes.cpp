@@ -7,6 +7,8 @@
 #include <QLineEdit>
 #include <QScreen>
 
+using namespace Qt::StringLiterals;
+
 class tst_mensajes : public QObject {
     Q_OBJECT
 private:
@@ -21,34 +23,46 @@ private:
         return nullptr;
     }
 
+    // Looks at the box while it stands, and closes it. What is seen is compared afterwards: a
+    // comparison that fails must not leave the box open.
+    template <typename Mirar>
+    static void conCuadro(const QString &texto, VentanaDePrueba &v, Mirar mirar)
+    {
+        QTimer::singleShot(0, &v.form, [&] {
+            QMessageBox *cuadro = cuadroVisible();
+            mirar(*cuadro);
+            cuadro->accept();
+        });
+        cuadroMensaje(&v.form, texto);
+    }
+
 private Q_SLOTS:
     void textoConMarcas_seMuestraTalCual()
     {
         VentanaDePrueba v;
         Qt::TextFormat formato = Qt::AutoText;
-        QTimer::singleShot(0, this, [&] {
-            formato = cuadroVisible()->textFormat();
-            QCOMPARE(cuadroVisible()->text(), QStringLiteral("<b>1,ANA</b>®2,EVA"));
-            cuadroVisible()->accept();
+        QString texto;
+        conCuadro(u"<b>1,ANA</b>®2,EVA"_s, v, [&](const QMessageBox &cuadro) {
+            formato = cuadro.textFormat();
+            texto = cuadro.text();
         });
-        cuadroMensaje(&v.form, QStringLiteral("<b>1,ANA</b>®2,EVA"));
         QCOMPARE(formato, Qt::PlainText);
+        QCOMPARE(texto, u"<b>1,ANA</b>®2,EVA"_s);
     }
 
     void mientrasEstaElCuadro_laVentanaNoRecibeEntradaPeroSeCierra()
     {
         VentanaDePrueba v;
-        QTimer::singleShot(0, this, [&] {
-            QVERIFY(cuadroVisible());
+        int cierres = 0;
+        conCuadro(u"Seleccione un Salon"_s, v, [&](const QMessageBox &) {
             QTest::keyClicks(v.elemento("txtUser"), QStringLiteral("abc"));
             QTest::mouseClick(v.elemento("Command1"), Qt::LeftButton);
             // As the window system closes it.
             QCloseEvent cierre;
             QApplication::sendEvent(&v.form, &cierre);
-            QCOMPARE(v.cierres, 1);
-            cuadroVisible()->accept();
+            cierres = v.cierres;
         });
-        cuadroMensaje(&v.form, QStringLiteral("Seleccione un Salon"));
+        QCOMPARE(cierres, 1);
         QCOMPARE(v.elemento<QLineEdit>("txtUser")->text(), QString());
         QVERIFY(v.e.demo.peticiones().isEmpty());
         QTest::keyClicks(v.elemento("txtUser"), QStringLiteral("abc"));
@@ -63,20 +77,17 @@ private Q_SLOTS:
         bool plegado = false;
         QRect boton;
         QString texto;
-        QTimer::singleShot(0, this, [&] {
-            QMessageBox *cuadro = cuadroVisible();
-            pantalla = QRect(QPoint(), cuadro->screen()->availableSize());
-            auto *ok = cuadro->button(QMessageBox::Ok);
-            boton = QRect(ok->mapTo(cuadro, QPoint()), ok->size());
-            texto = cuadro->text();
-            tamano = cuadro->size();
-            plegado = cuadro->findChild<QLabel *>(QStringLiteral("qt_msgbox_label"))->width()
-                      <= cuadro->width();
-            cuadro->accept();
-        });
         const QString larguisimo =
             QStringLiteral("1001,BEDOYA PÉREZ JUAN SEBASTIÁN\u00AE").repeated(800);
-        cuadroMensaje(&v.form, larguisimo);
+        conCuadro(larguisimo, v, [&](const QMessageBox &cuadro) {
+            pantalla = QRect(QPoint(), cuadro.screen()->availableSize());
+            auto *ok = cuadro.button(QMessageBox::Ok);
+            boton = QRect(ok->mapTo(&cuadro, QPoint()), ok->size());
+            texto = cuadro.text();
+            tamano = cuadro.size();
+            plegado = cuadro.findChild<QLabel *>(QStringLiteral("qt_msgbox_label"))->width()
+                      <= cuadro.width();
+        });
         QVERIFY2(tamano.width() <= pantalla.width() && tamano.height() <= pantalla.height(),
                  qPrintable(QStringLiteral("%1x%2").arg(tamano.width()).arg(tamano.height())));
         QVERIFY(pantalla.contains(boton));
@@ -91,21 +102,19 @@ private Q_SLOTS:
         v.elegir("Option1_2");
         v.elemento<QComboBox>("ComboTipo")->showPopup();
         QVERIFY(QApplication::activePopupWidget());
-        QTimer::singleShot(0, this, [&] {
-            QVERIFY(!QApplication::activePopupWidget());
-            cuadroVisible()->accept();
-        });
-        cuadroMensaje(&v.form, QStringLiteral("x"));
+        bool abierta = true;
+        conCuadro(u"x"_s, v,
+                  [&](const QMessageBox &) { abierta = QApplication::activePopupWidget(); });
+        QVERIFY(!abierta);
     }
 
     void cuadro_noEsModalParaElSistemaDeVentanas()
     {
         VentanaDePrueba v;
-        QTimer::singleShot(0, this, [&] {
-            QVERIFY(!QApplication::activeModalWidget());
-            cuadroVisible()->accept();
-        });
-        cuadroMensaje(&v.form, QStringLiteral("x"));
+        bool modal = true;
+        conCuadro(u"x"_s, v,
+                  [&](const QMessageBox &) { modal = QApplication::activeModalWidget(); });
+        QVERIFY(!modal);
     }
 };
 
