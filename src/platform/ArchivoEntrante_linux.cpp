@@ -1,4 +1,4 @@
-#include "platform/ArchivoEntrante_linux.h"
+#include "ArchivoEntrante_linux.h"
 
 #include <cerrno>
 #include <csignal>

@@ -4,8 +4,8 @@
 // is written to, so that one which a killed process left behind is told from one under way.
 #pragma once
 
+#include "RaizArchivo_linux.h"
 #include "platform/DriveC.h"
-#include "platform/RaizArchivo_linux.h"
 
 #include <QFile>
 #include <QString>

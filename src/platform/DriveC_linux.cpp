@@ -1,6 +1,6 @@
-#include "platform/ArchivoEntrante_linux.h"
+#include "ArchivoEntrante_linux.h"
+#include "RaizArchivo_linux.h"
 #include "platform/DriveC.h"
-#include "platform/RaizArchivo_linux.h"
 #include "platform/rutaWindows.h"
 
 #include <QDir>

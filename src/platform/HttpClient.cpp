@@ -1,8 +1,8 @@
 #include "platform/HttpClient.h"
-#include "platform/HttpClientSistema.h"
-#include "platform/IntentosHttp.h"
-#include "platform/MotorHttp.h"
-#include "platform/TransferenciaHttp.h"
+#include "HttpClientSistema.h"
+#include "IntentosHttp.h"
+#include "MotorHttp.h"
+#include "TransferenciaHttp.h"
 #include "platform/direccionHttp.h"
 
 #include <algorithm>

@@ -1,5 +1,5 @@
+#include "HttpClientSistema.h"
 #include "platform/HttpClient.h"
-#include "platform/HttpClientSistema.h"
 
 #include <cerrno>
 #include <csignal>

@@ -1,4 +1,4 @@
-#include "platform/IntentosHttp.h"
+#include "IntentosHttp.h"
 
 using namespace std::chrono_literals;
 

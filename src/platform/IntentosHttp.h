@@ -3,10 +3,10 @@
 // meanwhile. Whatever the peer answers, a refusal too, is no such case.
 #pragma once
 
+#include "HttpClientSistema.h"
+#include "MotorHttp.h"
+#include "TransferenciaHttp.h"
 #include "platform/HttpClient.h"
-#include "platform/HttpClientSistema.h"
-#include "platform/MotorHttp.h"
-#include "platform/TransferenciaHttp.h"
 
 #include <QTimer>
 

@@ -1,4 +1,4 @@
-#include "platform/MotorHttp.h"
+#include "MotorHttp.h"
 
 #include <QCoreApplication>
 #include <QEventLoop>

@@ -1,5 +1,5 @@
-#include "platform/NombresDeCarpeta_linux.h"
-#include "platform/Descriptor_linux.h"
+#include "NombresDeCarpeta_linux.h"
+#include "Descriptor_linux.h"
 
 #include <QRegularExpression>
 

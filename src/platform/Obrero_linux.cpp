@@ -1,6 +1,6 @@
-#include "platform/Obrero.h"
+#include "Obrero.h"
 
-#include "platform/herencia.h"
+#include "herencia.h"
 
 #include <QFile>
 #include <QSocketNotifier>

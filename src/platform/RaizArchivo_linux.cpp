@@ -1,4 +1,4 @@
-#include "platform/RaizArchivo_linux.h"
+#include "RaizArchivo_linux.h"
 
 #include <QDir>
 #include <QFileInfo>

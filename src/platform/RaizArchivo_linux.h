@@ -3,8 +3,8 @@
 // somebody puts a link in a folder's place meanwhile.
 #pragma once
 
-#include "platform/Descriptor_linux.h"
-#include "platform/NombresDeCarpeta_linux.h"
+#include "Descriptor_linux.h"
+#include "NombresDeCarpeta_linux.h"
 
 #include <QString>
 #include <QStringList>

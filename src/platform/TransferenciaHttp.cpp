@@ -1,5 +1,5 @@
-#include "platform/TransferenciaHttp.h"
-#include "platform/HttpClientSistema.h"
+#include "TransferenciaHttp.h"
+#include "HttpClientSistema.h"
 #include "platform/direccionHttp.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 // One request on its way: the library's transfer, and what has come of its reply.
 #pragma once
 
-#include "platform/decodificacionHttp.h"
+#include "decodificacionHttp.h"
 
 #include <QByteArray>
 #include <QList>

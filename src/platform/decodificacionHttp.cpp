@@ -1,4 +1,4 @@
-#include "platform/decodificacionHttp.h"
+#include "decodificacionHttp.h"
 
 #include <array>
 #include <utility>

@@ -1,4 +1,4 @@
-#include "platform/herencia.h"
+#include "herencia.h"
 
 #include <QDir>
 #include <QStringList>

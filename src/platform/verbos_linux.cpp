@@ -1,7 +1,7 @@
 #include "platform/Verbos.h"
 
-#include "platform/Obrero.h"
-#include "platform/herencia.h"
+#include "Obrero.h"
+#include "herencia.h"
 
 #include <QByteArray>
 #include <QCoreApplication>

@@ -1,4 +1,4 @@
-#include "shell/BarraProgreso.h"
+#include "BarraProgreso.h"
 
 #include <QStyleOptionProgressBar>
 

@@ -1,4 +1,4 @@
-#include "shell/DirListBox.h"
+#include "DirListBox.h"
 #include "platform/DriveC.h"
 
 #include <QDir>

@@ -1,11 +1,11 @@
 #include "shell/Form1.h"
 #include "archive/historico.h"
+#include "ingreso.h"
+#include "lineaElegida.h"
+#include "listaHistoricos.h"
 #include "platform/Verbos.h"
 #include "service/archivos.h"
 #include "shell/CuadroMensaje.h"
-#include "shell/ingreso.h"
-#include "shell/lineaElegida.h"
-#include "shell/listaHistoricos.h"
 #include "ui_Form1.h"
 
 #include <QCloseEvent>

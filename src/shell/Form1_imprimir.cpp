@@ -1,10 +1,10 @@
 // The print panel's handlers of the main window.
+#include "lineaElegida.h"
 #include "platform/Verbos.h"
 #include "printing/PanelImpresion.h"
 #include "printing/trabajos.h"
 #include "shell/CuadroMensaje.h"
 #include "shell/Form1.h"
-#include "shell/lineaElegida.h"
 #include "ui_Form1.h"
 
 namespace {

@@ -1,4 +1,4 @@
-#include "shell/RotuloPlegado.h"
+#include "RotuloPlegado.h"
 
 RotuloPlegado::RotuloPlegado(QWidget *padre) : QLabel(padre)
 {

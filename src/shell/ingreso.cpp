@@ -1,4 +1,4 @@
-#include "shell/ingreso.h"
+#include "ingreso.h"
 #include "records/tcSalones.h"
 #include "service/frmCargador.h"
 #include "service/tomarValores.h"

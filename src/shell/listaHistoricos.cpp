@@ -1,4 +1,4 @@
-#include "shell/listaHistoricos.h"
+#include "listaHistoricos.h"
 
 QString portadaDe(const QString &historico)
 {

@@ -157,8 +157,7 @@ private Q_SLOTS:
         QVERIFY(descargarArchivo(e.entorno, e.demo.base() + QStringLiteral("/f.png"), archivo));
         QCOMPARE(e.leer(QStringLiteral("a/") + pedido), QByteArray("123456789"));
         // One that does not arrive leaves nothing that could be taken for it.
-        QVERIFY(
-            !descargarArchivo(e.entorno, e.demo.base() + QStringLiteral("/nada.png"), archivo));
+        QVERIFY(!descargarArchivo(e.entorno, e.demo.base() + QStringLiteral("/nada.png"), archivo));
         QVERIFY(!e.existe(QStringLiteral("a/") + pedido));
     }
 
