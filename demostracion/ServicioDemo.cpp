@@ -3,7 +3,6 @@
 #include "demostracion/conexion.h"
 #include "demostracion/identidadTls.h"
 #include "demostracion/mensajes.h"
-#include "demostracion/relevo.h"
 
 #include <QMutex>
 #include <QMutexLocker>
@@ -66,7 +65,6 @@ private:
     int oido = -1;
     int parada[2] = {-1, -1};
     std::unique_ptr<Rutas> rutas;
-    std::unique_ptr<Relevo> relevo;
     std::list<Hilo> hilos; // only the listener's thread touches it, until it has ended
     std::thread oyente;
 };
@@ -91,7 +89,6 @@ ServicioDemo::Interno::Interno(const TamanoEscuela &tamano, Modo modo)
                .arg(modo == Modo::Http ? QStringLiteral("http") : QStringLiteral("https"))
                .arg(puerto);
     rutas = std::make_unique<Rutas>(escuela, base);
-    relevo = std::make_unique<Relevo>(*rutas);
     oyente = std::thread([this] { escuchar(); });
 }
 
@@ -101,7 +98,6 @@ ServicioDemo::Interno::~Interno()
     [[maybe_unused]] const ssize_t escrito = write(parada[1], "x", 1);
     oyente.join();
     recoger(true);
-    relevo.reset();
     close(oido);
     close(parada[0]);
     close(parada[1]);
@@ -192,7 +188,7 @@ QByteArray ServicioDemo::Interno::ordinaria(const Peticion &peticion,
         return respuesta(400, "<html><body>Petici\xF3n incomprensible</body></html>");
     if (peticion.metodo != "GET" && peticion.metodo != "HEAD")
         return respuesta(405, "<html><body>M\xE9todo no permitido</body></html>");
-    return relevo->pedir(peticion.metodo, peticion.destino, comprimir);
+    return enMensaje(rutas->responder(peticion.destino), peticion.metodo, comprimir);
 }
 
 void ServicioDemo::Interno::fallarCon(const Falla &falla, const Peticion &peticion,

@@ -1,5 +1,9 @@
 #include "demostracion/mensajes.h"
 
+#include <zlib.h>
+
+#include <new>
+
 namespace {
 
 QByteArray frase(int estado)
@@ -30,6 +34,32 @@ QByteArray frase(int estado)
     default:
         return "Estado";
     }
+}
+
+bool esTexto(const QByteArray &tipo)
+{
+    return tipo.startsWith("text/") || tipo == "application/javascript";
+}
+
+QByteArray comprimido(QByteArray cuerpo)
+{
+    constexpr int conCabeceraGzip = 16;
+    z_stream corriente{};
+    if (deflateInit2(&corriente, Z_DEFAULT_COMPRESSION, Z_DEFLATED, MAX_WBITS + conCabeceraGzip, 8,
+                     Z_DEFAULT_STRATEGY)
+        != Z_OK)
+        throw std::bad_alloc();
+    const auto largo = static_cast<uLong>(cuerpo.size());
+    QByteArray bytes(static_cast<qsizetype>(deflateBound(&corriente, largo)), Qt::Uninitialized);
+    corriente.next_in = reinterpret_cast<Bytef *>(cuerpo.data());
+    corriente.avail_in = static_cast<uInt>(largo);
+    corriente.next_out = reinterpret_cast<Bytef *>(bytes.data());
+    corriente.avail_out = static_cast<uInt>(bytes.size());
+    // One call is enough: the bound leaves room for all.
+    deflate(&corriente, Z_FINISH);
+    bytes.truncate(static_cast<qsizetype>(corriente.total_out));
+    deflateEnd(&corriente);
+    return bytes;
 }
 
 } // namespace
@@ -66,6 +96,17 @@ QByteArray valor(const Peticion &peticion, const QByteArray &nombre)
         if (clave.compare(nombre, Qt::CaseInsensitive) == 0)
             return contenido;
     return {};
+}
+
+QByteArray enMensaje(const Respuesta &respuesta, const QByteArray &metodo, const QByteArray &acepta)
+{
+    const bool comprimir =
+        acepta.contains("gzip") && esTexto(respuesta.tipo) && !respuesta.cuerpo.isEmpty();
+    const QByteArray cuerpo = comprimir ? comprimido(respuesta.cuerpo) : respuesta.cuerpo;
+    return "HTTP/1.1 " + QByteArray::number(respuesta.estado) + ' ' + frase(respuesta.estado)
+           + "\r\nConnection: close\r\n" + (comprimir ? "Content-Encoding: gzip\r\n" : "")
+           + "Content-Length: " + QByteArray::number(cuerpo.size()) + "\r\nContent-Type: "
+           + respuesta.tipo + "\r\n\r\n" + (metodo == "HEAD" ? QByteArray() : cuerpo);
 }
 
 QByteArray respuesta(int estado, const QByteArray &cuerpo, const QByteArray &mas)

@@ -10,6 +10,25 @@
 #include <thread>
 #include <vector>
 
+#include <zlib.h>
+
+static QByteArray descomprimido(QByteArray gzip)
+{
+    constexpr int conCabeceraGzip = 16;
+    z_stream corriente{};
+    QByteArray bytes(1024 * 1024, Qt::Uninitialized);
+    corriente.next_in = reinterpret_cast<Bytef *>(gzip.data());
+    corriente.avail_in = static_cast<uInt>(gzip.size());
+    corriente.next_out = reinterpret_cast<Bytef *>(bytes.data());
+    corriente.avail_out = static_cast<uInt>(bytes.size());
+    if (inflateInit2(&corriente, MAX_WBITS + conCabeceraGzip) != Z_OK)
+        return {};
+    const bool entero = inflate(&corriente, Z_FINISH) == Z_STREAM_END && corriente.avail_in == 0;
+    bytes.truncate(entero ? static_cast<qsizetype>(corriente.total_out) : 0);
+    inflateEnd(&corriente);
+    return bytes;
+}
+
 class tst_registro : public QObject {
     Q_OBJECT
 
@@ -22,6 +41,8 @@ private Q_SLOTS:
     void destinosRaros_llegan();
     void respuesta_cierraLaConexion();
     void aceptaCompresion_llegaComprimida();
+    void cabeceras_enSuOrden_data();
+    void cabeceras_enSuOrden();
     void otroMetodo_noPermitido();
     void muchosALaVez_todosContestados();
     void conexionMuda_noRetrasaElFin();
@@ -118,13 +139,58 @@ void tst_registro::respuesta_cierraLaConexion()
 void tst_registro::aceptaCompresion_llegaComprimida()
 {
     const ServicioDemo servicio;
+    const QByteArray destino = "/querys/tessarin/salones.php?idcolegio=123&tipo=html";
     ClienteCrudo cliente(servicio.base());
-    cliente.enviar(
-        "GET /querys/tessarin/salones.php?idcolegio=123&tipo=html HTTP/1.1\r\nHost: x\r\n"
-        "Accept-Encoding: deflate, gzip\r\n\r\n");
+    cliente.enviar("GET " + destino
+                   + " HTTP/1.1\r\nHost: x\r\nAccept-Encoding: deflate, gzip\r\n\r\n");
     const QByteArray respuesta = cliente.recibir();
-    QVERIFY(respuesta.toLower().contains("\r\ncontent-encoding: gzip\r\n"));
-    QCOMPARE(cuerpoDe(respuesta).left(2), QByteArray("\x1F\x8B"));
+    QVERIFY(respuesta.contains("\r\nContent-Encoding: gzip\r\n"));
+    QCOMPARE(largoDe(respuesta), cuerpoDe(respuesta).size());
+    QCOMPARE(descomprimido(cuerpoDe(respuesta)), cuerpoDe(pedir(servicio.base(), destino)));
+}
+
+void tst_registro::cabeceras_enSuOrden_data()
+{
+    QTest::addColumn<QByteArray>("pedido");
+    QTest::addColumn<QByteArray>("cabeza");
+    const QByteArray campo = " /querys/tessarin/tomarValor.php?idcolegio=123&campo=";
+    const QByteArray gzip = " HTTP/1.1\r\nAccept-Encoding: gzip\r\n\r\n";
+    QTest::newRow("texto") << "GET" + campo + "CDANE HTTP/1.1\r\n\r\n"
+                           << QByteArray(
+                                  "HTTP/1.1 200 OK\r\nConnection: close\r\n"
+                                  "Content-Length: 12\r\n"
+                                  "Content-Type: text/html; charset=windows-1252\r\n\r\n3050");
+    QTest::newRow("comprimido") << "GET" + campo + "CDANE" + gzip
+                                << QByteArray("HTTP/1.1 200 OK\r\nConnection: close\r\n"
+                                              "Content-Encoding: gzip\r\nContent-Length: 32\r\n"
+                                              "Content-Type: text/html; charset=windows-1252\r\n"
+                                              "\r\n\x1F\x8B");
+    QTest::newRow("vacio") << "GET" + campo + "NADA" + gzip
+                           << QByteArray("HTTP/1.1 200 OK\r\nConnection: close\r\n"
+                                         "Content-Length: 0\r\n"
+                                         "Content-Type: text/html; charset=windows-1252\r\n\r\n");
+    QTest::newRow("imagen") << "GET /images/bg.gif" + gzip
+                            << QByteArray("HTTP/1.1 200 OK\r\nConnection: close\r\n"
+                                          "Content-Length: 54\r\n"
+                                          "Content-Type: image/gif\r\n\r\nGIF89a");
+    QTest::newRow("sin cuerpo") << "HEAD" + campo + "CDANE HTTP/1.1\r\n\r\n"
+                                << QByteArray(
+                                       "HTTP/1.1 200 OK\r\nConnection: close\r\n"
+                                       "Content-Length: 12\r\n"
+                                       "Content-Type: text/html; charset=windows-1252\r\n\r\n");
+}
+
+void tst_registro::cabeceras_enSuOrden()
+{
+    QFETCH(QByteArray, pedido);
+    QFETCH(QByteArray, cabeza);
+    const ServicioDemo servicio;
+    ClienteCrudo cliente(servicio.base());
+    cliente.enviar(pedido);
+    const QByteArray respuesta = cliente.recibir();
+    QCOMPARE(respuesta.left(cabeza.size()), cabeza);
+    if (pedido.startsWith("HEAD"))
+        QCOMPARE(respuesta, cabeza);
 }
 
 void tst_registro::otroMetodo_noPermitido()
