@@ -3,8 +3,8 @@
 // and in order of arrival, and misbehaves on demand.
 //
 // Threads: the constructor starts the listeners, the destructor stops and joins them. Every
-// operation may be called from any thread. A QGuiApplication must exist (labels and photos are
-// drawn with its fonts).
+// operation may be called from any thread. A QGuiApplication must exist (labels are drawn
+// with its fonts).
 #pragma once
 
 #include "demostracion/Escuela.h"

@@ -2,10 +2,11 @@
 
 #include "demostracion/calificaciones.h"
 #include "demostracion/consultas.h"
-#include "demostracion/dibujos.h"
 #include "demostracion/paginas.h"
+#include "demostracion/rotulo.h"
 #include "demostracion/windows1252.h"
 
+#include <QDir>
 #include <QFile>
 #include <QMutexLocker>
 
@@ -52,10 +53,11 @@ Respuesta ausente()
     return respuesta;
 }
 
-QByteArray recurso(const QString &nombre)
+// A dozen faces do for all students.
+QString retrato(const AlumnoDemo &alumno)
 {
-    QFile archivo(u":/demo/"_s + nombre);
-    return archivo.open(QIODevice::ReadOnly) ? archivo.readAll() : QByteArray();
+    return u":/demo/retratos/%1%2.jpg"_s.arg(alumno.mujer ? u"alumna"_s : u"alumno"_s)
+        .arg(1 + alumno.documento.toUInt() % 6);
 }
 
 QByteArray tipoDe(const QString &nombre)
@@ -118,10 +120,10 @@ Respuesta Rutas::responder(const QByteArray &destino)
     if (ruta.startsWith("/querys/tessarin/"_L1))
         return consulta(ruta.mid(17), parametros);
     if (ruta == "/imgTXT.php"_L1)
-        return imagen(ruta + u'?' + parametro(parametros, u"txt"_s));
+        return rotulo(parametro(parametros, u"txt"_s));
     if (ruta.startsWith("/jscript/"_L1) || ruta.startsWith("/images/"_L1)
         || ruta.startsWith("/jup/images/"_L1))
-        return imagen(ruta);
+        return archivo(ruta);
     return documento(tramos);
 }
 
@@ -206,44 +208,28 @@ bool Rutas::existe(const QString &direccion) const
     return direccion.startsWith(base) && alumnoDeFoto(direccion.mid(base.size()));
 }
 
-Respuesta Rutas::imagen(const QString &ruta)
+// Labels are drawn once and kept.
+Respuesta Rutas::rotulo(const QString &texto)
 {
-    const QString colegio = u"/images/colegios/"_s + escuela.idColegio + u'/';
-    const QString rotulo = u"/imgTXT.php?"_s;
-    // One picture at a time: the threads share the fonts, and the cache is looked up anyway.
+    // One at a time: the threads share the fonts.
     const QMutexLocker guardia(&cerrojo);
-    QByteArray &bytes = dibujadas[ruta];
-    if (bytes.isEmpty()) {
-        if (ruta.startsWith(rotulo))
-            bytes = dibujarRotulo(ruta.mid(rotulo.size()));
-        else if (const AlumnoDemo *alumno = alumnoDeFoto(ruta))
-            bytes = dibujarFoto(*alumno);
-        else if (ruta == colegio + u"logo.png"_s)
-            bytes = dibujarEscudo();
-        else if (ruta == colegio + u"rector.png"_s)
-            bytes = dibujarFirma(1);
-        else if (ruta == colegio + u"coordinacion.png"_s)
-            bytes = dibujarFirma(5);
-        else if (ruta == "/images/default-avatar.png"_L1)
-            bytes = dibujarSilueta();
-        else if (ruta == "/images/promovido.png"_L1)
-            bytes = dibujarSello(u"PROMOVIDO"_s, QColor(0x1d, 0x7a, 0x46));
-        else if (ruta == "/images/reprobado.png"_L1)
-            bytes = dibujarSello(u"REPROBADO"_s, QColor(0xb3, 0x26, 0x1e));
-        else if (ruta == "/images/apersonal.png"_L1)
-            bytes = dibujarAspecto(Aspecto::Personal);
-        else if (ruta == "/images/aconvivencia.png"_L1)
-            bytes = dibujarAspecto(Aspecto::Convivencia);
-        else if (ruta == "/images/aacademico.png"_L1)
-            bytes = dibujarAspecto(Aspecto::Academico);
-        else if (ruta.count(u'/') == 2 && !ruta.startsWith("/jup/"_L1))
-            bytes = recurso(ruta.section(u'/', 2));
-    }
-    if (bytes.isEmpty()) {
-        dibujadas.remove(ruta);
+    QByteArray &bytes = dibujados[texto];
+    if (bytes.isEmpty())
+        bytes = dibujarRotulo(texto);
+    return {200, "image/png", bytes};
+}
+
+Respuesta Rutas::archivo(const QString &ruta) const
+{
+    const AlumnoDemo *alumno = alumnoDeFoto(ruta);
+    // A path that is not in its plainest form may lead out of the folder.
+    const QString nombre = alumno                          ? retrato(*alumno)
+                           : QDir::cleanPath(ruta) == ruta ? u":/demo/servido"_s + ruta
+                                                           : QString();
+    QFile archivo(nombre);
+    if (nombre.isEmpty() || !archivo.open(QIODevice::ReadOnly))
         return ausente();
-    }
-    return {200, ruta.startsWith(rotulo) ? QByteArray("image/png") : tipoDe(ruta), bytes};
+    return {200, tipoDe(ruta), archivo.readAll()};
 }
 
 } // namespace demo

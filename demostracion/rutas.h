@@ -25,20 +25,22 @@ public:
     Rutas(const Escuela &escuela, const QString &base);
 
     // For a request target as it came over the wire. Callable from several threads at once;
-    // images are drawn once and kept.
+    // labels are drawn once and kept.
     Respuesta responder(const QByteArray &destino);
 
 private:
     Respuesta consulta(const QString &pagina, const Parametros &parametros) const;
     Respuesta documento(const QStringList &tramos) const;
-    Respuesta imagen(const QString &ruta);
+    Respuesta rotulo(const QString &texto);
+    // A file that the service hands out as it is.
+    Respuesta archivo(const QString &ruta) const;
     bool existe(const QString &direccion) const;
     const AlumnoDemo *alumnoDeFoto(const QString &ruta) const;
 
     const Escuela &escuela;
     QString base;
     QMutex cerrojo;
-    QHash<QString, QByteArray> dibujadas;
+    QHash<QString, QByteArray> dibujados;
 };
 
 } // namespace demo

@@ -2,6 +2,7 @@
 
 #include <QGuiApplication>
 #include <QImage>
+#include <QSet>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -26,6 +27,7 @@ private Q_SLOTS:
     void rotulo_tieneTinta();
     void rotuloDeNota_seDibujaSinElPrefijo();
     void fotoQueFalta_noEncontrada();
+    void fotos_sonDocePersonas();
     void guion_esElEmpaquetado_data();
     void guion_esElEmpaquetado();
 };
@@ -130,17 +132,26 @@ void tst_rutas::pagina_responde()
 void tst_rutas::direccionDesconocida_noEncontrada_data()
 {
     QTest::addColumn<QByteArray>("destino");
-    for (const char *destino :
-         {"/", "/nada", "/salones/123/2010/infoFinal/9999/tessarin/",
-          "/salones/123/2009/infoFinal/1001/tessarin/",
-          "/salones/321/2010/infoFinal/1001/tessarin/",
-          "/alumnos/123/2010/infoFinal/1001/tessarin/",
-          "/salones/123/2010/boletin/1001/5/tessarin/1",
-          "/notas/123/2010/consolidado/999/4/tessarin/",
-          "/notas/123/2010/planillaAsignatura/501-99/tessarin/1",
-          "/querys/tessarin/otra.php?idcolegio=123",
-          "/querys/tessarin/salones.php?idcolegio=9&tipo=matrix", "/images/../rutas.cpp",
-          "/images/nada.png", "/jscript/nada.js", "/images/colegios/9/logo.png"})
+    for (const char *destino : {"/",
+                                "/nada",
+                                "/salones/123/2010/infoFinal/9999/tessarin/",
+                                "/salones/123/2009/infoFinal/1001/tessarin/",
+                                "/salones/321/2010/infoFinal/1001/tessarin/",
+                                "/alumnos/123/2010/infoFinal/1001/tessarin/",
+                                "/salones/123/2010/boletin/1001/5/tessarin/1",
+                                "/notas/123/2010/consolidado/999/4/tessarin/",
+                                "/notas/123/2010/planillaAsignatura/501-99/tessarin/1",
+                                "/querys/tessarin/otra.php?idcolegio=123",
+                                "/querys/tessarin/salones.php?idcolegio=9&tipo=matrix",
+                                "/images/../rutas.cpp",
+                                "/images/nada.png",
+                                "/jscript/nada.js",
+                                "/jscript/bg.gif",
+                                "/images//bg.gif",
+                                "/images/logo.png",
+                                "/images/../../retratos/alumna1.jpg",
+                                "/images/",
+                                "/images/colegios/9/logo.png"})
         QTest::newRow(destino) << QByteArray(destino);
 }
 
@@ -217,6 +228,25 @@ void tst_rutas::fotoQueFalta_noEncontrada()
                 .cuerpo,
             QByteArray(alumno.conFoto ? "SI" : "NO"));
     }
+}
+
+void tst_rutas::fotos_sonDocePersonas()
+{
+    const Escuela grande = generarEscuela({2010, 10, 20, 1});
+    Rutas suyas(grande, u"http://127.0.0.1:4000"_s);
+    QSet<QByteArray> alumnas;
+    QSet<QByteArray> alumnos;
+    for (const AlumnoDemo &alumno : grande.alumnos) {
+        if (!alumno.conFoto)
+            continue;
+        const Respuesta foto =
+            suyas.responder("/jup/images/123/" + alumno.id.toLatin1() + "-alumno.jpg");
+        QCOMPARE(QImage::fromData(foto.cuerpo, "JPEG").size(), QSize(300, 375));
+        (alumno.mujer ? alumnas : alumnos).insert(foto.cuerpo);
+    }
+    QCOMPARE(alumnas.size(), 6);
+    QCOMPARE(alumnos.size(), 6);
+    QVERIFY(!alumnas.intersects(alumnos));
 }
 
 void tst_rutas::guion_esElEmpaquetado_data()
