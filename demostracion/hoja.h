@@ -1,25 +1,9 @@
 // What all pages of the service share: the frame of a page and the school's letterhead.
 #pragma once
 
-#include "demostracion/Escuela.h"
+#include "demostracion/valores.h"
 
 namespace demo {
-
-struct Contexto {
-    const Escuela &escuela;
-    QString base; // scheme, host and port, without a trailing slash
-
-    QString ajuste(const QString &campo) const { return escuela.ajustes.value(campo); }
-    // Address of one of the school's own images: "logo.png", "rector.png".
-    QString imagenColegio(const QString &nombre) const;
-};
-
-// How a page comes by the school's details.
-enum class Membrete {
-    Escrito,     // the service writes them all
-    PorGuion,    // name and motto written; the script at the page's end fills the rest by id
-    TodoPorGuion // the script fills name and motto as well
-};
 
 QString texto(const QString &crudo); // escaped for HTML
 // A whole page. `cabeza`: further elements of its head. `estilo`: further rules of its style.

@@ -1,4 +1,4 @@
-// The service's pages: school in, HTML out. Nothing here touches the network or the disk.
+// The service's pages: school in, HTML out. Their text is in the files of ./paginas.
 // Addresses of the service's own images are absolute; links from page to page are relative, for
 // the folders in which an archive keeps them.
 #pragma once
@@ -23,5 +23,7 @@ QString infoAlumno(const Contexto &c, const AlumnoDemo &alumno);
 QString pazYsalvo(const Contexto &c, const AlumnoDemo &alumno);
 QString planillaAsignatura(const Contexto &c, const SalonDemo &salon, int materia);
 QString observador(const Contexto &c, const AlumnoDemo &alumno);
+// Where there is no other.
+QString paginaAusente();
 
 } // namespace demo

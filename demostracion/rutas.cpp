@@ -46,9 +46,7 @@ Respuesta escrita(const QString &texto)
 
 Respuesta ausente()
 {
-    Respuesta respuesta = escrita(pagina(
-        u"Página no encontrada"_s, QString(),
-        u"<div class=\"hoja\"><h1>Página no encontrada</h1><p>El servicio no tiene la página pedida.</p></div>"_s));
+    Respuesta respuesta = escrita(paginaAusente());
     respuesta.estado = 404;
     return respuesta;
 }

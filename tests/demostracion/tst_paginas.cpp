@@ -37,6 +37,8 @@ private Q_SLOTS:
     void documentos_dejanDatosAlGuion();
     void boletin_dejaTodoAlGuionYLoTraeDelServicio();
     void direccionesAbsolutas_sonSoloLasQueSeReemplazan();
+    void textos_quedanTextos();
+    void paginas_salenListasParaEnviar();
 };
 
 // What an archive stores: subjects and areas with hyphens as blanks, and the fixed headings; a
@@ -197,6 +199,32 @@ void tst_paginas::direccionesAbsolutas_sonSoloLasQueSeReemplazan()
             pagina.remove(base + prefijo);
         QVERIFY2(!pagina.contains(u"http"_s),
                  qPrintable(pagina.mid(pagina.indexOf(u"http"_s), 80)));
+    }
+}
+
+void tst_paginas::textos_quedanTextos()
+{
+    AlumnoDemo alumno = escuela.alumnos.first();
+    alumno.nombre = u"<i>Ñ \"A\" & {{anio}} {{#salon}} {{{base}}} %1"_s;
+    const QString escrito =
+        u"<b>&lt;i&gt;Ñ &quot;A&quot; &amp; {{anio}} {{#salon}} {{{base}}} %1</b>"_s;
+    QCOMPARE(pazYsalvo(contexto, alumno).count(escrito), 1);
+}
+
+// The files are written for an editor and a browser: UTF-8, bare line feeds, an imported style.
+void tst_paginas::paginas_salenListasParaEnviar()
+{
+    for (const QString &pagina : {paginaAusente(), infoAlumno(contexto, escuela.alumnos.first()),
+                                  hojaMatricula(contexto, escuela.alumnos.first()),
+                                  observador(contexto, escuela.alumnos.first())}) {
+        QVERIFY(pagina.startsWith(u"<!DOCTYPE html>\r\n"_s));
+        QVERIFY(pagina.endsWith(u"</html>\r\n"_s));
+        QCOMPARE(pagina.count(u'\n'), pagina.count(u"\r\n"_s));
+        QCOMPARE(pagina.count(u"<meta charset=\"windows-1252\">"_s), 1);
+        QVERIFY(!pagina.contains(u"utf-8"_s, Qt::CaseInsensitive));
+        QVERIFY(!pagina.contains(u"@import"_s));
+        QVERIFY(pagina.contains(u".hoja { max-width: 820px;"_s));
+        QVERIFY(!pagina.contains(u"{{"_s));
     }
 }
 
