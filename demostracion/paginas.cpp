@@ -3,9 +3,36 @@
 #include "demostracion/calificaciones.h"
 #include "demostracion/plantilla.h"
 
+#include <QMap>
+
 using namespace Qt::StringLiterals;
 
 namespace demo {
+
+QString indiceSalones(const Contexto &c)
+{
+    QMap<QString, QVariantList> salones; // by site
+    for (const SalonDemo &salon : c.escuela.salones)
+        salones[salon.sede].append(
+            QVariantMap{{u"id"_s, salon.id},
+                        {u"nombre"_s, salon.nombre},
+                        {u"alumnos"_s, alumnosDe(c.escuela, salon.id).size()},
+                        {u"director"_s, salon.director}});
+    QVariantList sedes;
+    for (auto it = salones.cbegin(); it != salones.cend(); ++it)
+        sedes.append(QVariantMap{{u"nombre"_s, it.key()}, {u"salones"_s, it.value()}});
+    QVariantMap valores = deColegio(c, Membrete::Escrito);
+    valores[u"sedes"_s] = sedes;
+    return llenar(u"indice"_s, valores);
+}
+
+QString listaSalon(const Contexto &c, const SalonDemo &salon)
+{
+    QVariantMap valores = deSalon(c, Membrete::Escrito, salon);
+    valores[u"alumnos"_s] = listaAlumnos(c, salon);
+    valores[u"cuantos"_s] = alumnosDe(c.escuela, salon.id).size();
+    return llenar(u"salon"_s, valores);
+}
 
 QString hojaMatricula(const Contexto &c, const AlumnoDemo &alumno)
 {

@@ -67,7 +67,7 @@ class Impresion(Escena):
         """The classroom's students in their order, as code and name, from its stored page."""
         numero = self.salon.split()[0]
         pagina = (self.archivo / "archivos" / "salones" / f"{numero}.html").read_bytes()
-        hallados = re.findall(r'<td class="num">(\d{4,})</td><td>([^<]+)</td>',
+        hallados = re.findall(r'<td class="num">(\d{4,})</td>\s*<td>([^<]+)</td>',
                               pagina.decode("cp1252"))
         self.assertGreater(len(hallados), 1)
         return hallados
