@@ -7,6 +7,24 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+using namespace demo;
+
+// A student and how the year ended.
+QVariantMap conResultados(const Contexto &c, const AlumnoDemo &alumno)
+{
+    QVariantMap valores = deAlumno(c, Membrete::PorGuion, alumno);
+    valores[u"promedio"_s] = deNota(promedio(alumno));
+    valores[u"promovido"_s] = promovido(alumno);
+    valores[u"puesto"_s] = puesto(c.escuela, alumno);
+    valores[u"perdidas"_s] = perdidas(alumno);
+    valores[u"fallas"_s] = totalFallas(alumno);
+    return valores;
+}
+
+} // namespace
+
 namespace demo {
 
 QString indiceSalones(const Contexto &c)
@@ -61,6 +79,24 @@ QString observador(const Contexto &c, const AlumnoDemo &alumno)
 QString paginaAusente()
 {
     return llenar(u"ausente"_s, {});
+}
+
+QString informeFinal(const Contexto &c, const AlumnoDemo &alumno, int clase)
+{
+    QVariantMap valores = conResultados(c, alumno);
+    valores[u"areas"_s] = deAreas(c, alumno);
+    return llenar(clase == 2 ? u"infoFinal2"_s : u"infoFinal"_s, valores);
+}
+
+QString certificado(const Contexto &c, const AlumnoDemo &alumno, int clase)
+{
+    QVariantMap valores = conResultados(c, alumno);
+    valores[u"completo"_s] = clase == 1;
+    valores[u"porAreas"_s] = clase == 2;
+    valores[u"enProsa"_s] = clase == 3;
+    valores[u"materias"_s] = deMaterias(c, alumno);
+    valores[u"areas"_s] = deAreas(c, alumno);
+    return llenar(u"certificado"_s, valores);
 }
 
 } // namespace demo

@@ -214,9 +214,16 @@ void tst_paginas::textos_quedanTextos()
 // The files are written for an editor and a browser: UTF-8, bare line feeds, an imported style.
 void tst_paginas::paginas_salenListasParaEnviar()
 {
-    for (const QString &pagina : {paginaAusente(), infoAlumno(contexto, escuela.alumnos.first()),
-                                  hojaMatricula(contexto, escuela.alumnos.first()),
-                                  observador(contexto, escuela.alumnos.first())}) {
+    for (const QString &pagina :
+         {paginaAusente(), indiceSalones(contexto), listaSalon(contexto, escuela.salones.first()),
+          consolidadoNotas(contexto, escuela.salones.first()),
+          consolidadoFallas(contexto, escuela.salones.first()),
+          infoAlumno(contexto, escuela.alumnos.first()),
+          hojaMatricula(contexto, escuela.alumnos.first()),
+          informeFinal(contexto, escuela.alumnos.first(), 1),
+          informeFinal(contexto, escuela.alumnos.first(), 2),
+          certificado(contexto, escuela.alumnos.first(), 1),
+          observador(contexto, escuela.alumnos.first())}) {
         QVERIFY(pagina.startsWith(u"<!DOCTYPE html>\r\n"_s));
         QVERIFY(pagina.endsWith(u"</html>\r\n"_s));
         QCOMPARE(pagina.count(u'\n'), pagina.count(u"\r\n"_s));
