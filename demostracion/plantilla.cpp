@@ -79,15 +79,15 @@ std::string escapado(const std::string &crudo)
 
 QString demo::llenar(const QString &pagina, const QVariantMap &valores)
 {
-    QString texto = leido(pagina + u".html"_s);
-    texto.replace(u"@import url(\"comun.css\");\n"_s, leido(u"comun.css"_s));
-    texto.replace(u"<meta charset=\"utf-8\">"_s, u"<meta charset=\"windows-1252\">"_s);
-    mustache::mustache plantilla(texto.toStdString());
+    mustache::mustache plantilla(leido(pagina + u".html"_s).toStdString());
     plantilla.set_custom_escape(escapado);
     const mustache::data datos = dato(valores);
     Lugares lugares(&datos);
     QString llena = QString::fromStdString(plantilla.render(lugares));
     if (!plantilla.is_valid())
         qFatal("page file %s: %s", qPrintable(pagina), plantilla.error_message().c_str());
+    // Last, because the style is as long as the page and has no places.
+    llena.replace(u"@import url(\"comun.css\");\n"_s, leido(u"comun.css"_s));
+    llena.replace(u"<meta charset=\"utf-8\">"_s, u"<meta charset=\"windows-1252\">"_s);
     return llena.replace(u'\n', u"\r\n"_s);
 }
