@@ -23,6 +23,32 @@ QVariantMap conResultados(const Contexto &c, const AlumnoDemo &alumno)
     return valores;
 }
 
+// What a report card's script is told. Escaped for HTML, which is what the script puts it into, a
+// text holds no quotes.
+QVariantMap paraGuion(const Contexto &c)
+{
+    QVariantMap valores;
+    for (const QString &campo :
+         {u"MICOLEGIO"_s, u"SLOGAN"_s, u"CDANE"_s, u"DIRECCION"_s, u"TELEFONO"_s})
+        valores[campo.toLower()] = c.escuela.ajustes.value(campo).replace(u'\\', u"\\\\"_s);
+    return valores;
+}
+
+// A subject as a report card shows it, when the first `periodo` periods are over.
+QVariantMap hastaPeriodo(const Contexto &c, const AlumnoDemo &alumno, int materia, int periodo)
+{
+    const MateriaDemo &una = c.escuela.materias.at(materia);
+    QVariantList notas;
+    for (int p = 0; p < periodo; ++p)
+        notas.append(deNota(alumno.notas.at(materia).at(p)));
+    return {{u"nombre"_s, una.nombre},
+            {u"docente"_s, una.docente},
+            {u"horas"_s, una.horas},
+            {u"notas"_s, notas},
+            {u"delPeriodo"_s, notas.last()},
+            {u"acumulada"_s, deNota(acumulada(alumno, materia, periodo))}};
+}
+
 } // namespace
 
 namespace demo {
@@ -97,6 +123,37 @@ QString certificado(const Contexto &c, const AlumnoDemo &alumno, int clase)
     valores[u"materias"_s] = deMaterias(c, alumno);
     valores[u"areas"_s] = deAreas(c, alumno);
     return llenar(u"certificado"_s, valores);
+}
+
+QString boletin(const Contexto &c, const AlumnoDemo &alumno, int periodo, int clase)
+{
+    QVariantList materias;
+    for (int m = 0; m < materiasDictadas(c.escuela); ++m)
+        materias.append(hastaPeriodo(c, alumno, m, periodo));
+    QVariantList periodos;
+    for (int p = 1; p <= periodo; ++p)
+        periodos.append(p);
+    QVariantMap valores = deAlumno(c, Membrete::TodoPorGuion, alumno);
+    valores[u"guion"_s] = paraGuion(c);
+    valores[u"periodo"_s] = periodo;
+    valores[u"periodos"_s] = periodos;
+    valores[u"enTabla"_s] = clase == 1;
+    valores[u"enTarjetas"_s] = clase == 2;
+    valores[u"materias"_s] = materias;
+    valores[u"fallas"_s] = totalFallas(alumno);
+    return llenar(u"boletin"_s, valores);
+}
+
+QString planillaAsignatura(const Contexto &c, const SalonDemo &salon, int materia)
+{
+    const MateriaDemo &una = c.escuela.materias.at(materia);
+    QVariantMap valores = deSalon(c, Membrete::Escrito, salon);
+    valores[u"materia"_s] = QVariantMap{{u"nombre"_s, una.nombre},
+                                        {u"docente"_s, una.docente},
+                                        {u"area"_s, una.area},
+                                        {u"horas"_s, una.horas}};
+    valores[u"alumnos"_s] = listaAlumnos(c, salon);
+    return llenar(u"planilla"_s, valores);
 }
 
 } // namespace demo

@@ -3,7 +3,7 @@
 // the folders in which an archive keeps them.
 #pragma once
 
-#include "demostracion/hoja.h"
+#include "demostracion/valores.h"
 
 namespace demo {
 

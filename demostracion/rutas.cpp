@@ -141,7 +141,7 @@ Respuesta Rutas::consulta(const QString &pagina, const Parametros &parametros) c
     const bool matriz = valor(u"tipo"_s) == "matrix"_L1;
     const SalonDemo *salon = buscarSalon(escuela, valor(u"salon"_s));
     if (pagina == "tomarValor.php"_L1)
-        return escrita(contexto.ajuste(valor(u"campo"_s)));
+        return escrita(escuela.ajustes.value(valor(u"campo"_s)));
     if (pagina == "salones.php"_L1)
         return escrita(matriz ? matrizSalones(escuela) : indiceSalones(contexto));
     if (pagina == "alumnos.php"_L1 && matriz)

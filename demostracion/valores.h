@@ -10,10 +10,6 @@ namespace demo {
 struct Contexto {
     const Escuela &escuela;
     QString base; // scheme, host and port, without a trailing slash
-
-    QString ajuste(const QString &campo) const { return escuela.ajustes.value(campo); }
-    // Address of one of the school's own images: "logo.png", "rector.png".
-    QString imagenColegio(const QString &nombre) const;
 };
 
 // How a page comes by the school's details.

@@ -223,6 +223,8 @@ void tst_paginas::paginas_salenListasParaEnviar()
           informeFinal(contexto, escuela.alumnos.first(), 1),
           informeFinal(contexto, escuela.alumnos.first(), 2),
           certificado(contexto, escuela.alumnos.first(), 1),
+          boletin(contexto, escuela.alumnos.first(), 2, 1),
+          planillaAsignatura(contexto, escuela.salones.first(), 0),
           observador(contexto, escuela.alumnos.first())}) {
         QVERIFY(pagina.startsWith(u"<!DOCTYPE html>\r\n"_s));
         QVERIFY(pagina.endsWith(u"</html>\r\n"_s));
