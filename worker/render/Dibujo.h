@@ -24,7 +24,7 @@ public:
     // `html` and `pdf` are absolute paths.
     void dibujar(const QString &html, const QString &pdf, const QPageLayout &hoja);
 
-signals:
+Q_SIGNALS:
     void agotado(); // the time for fetching is over: what is still being fetched should fail now
     void terminado(int codigo); // of salida.h
 
