@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The demonstration school: names, classrooms, subjects, grades and settings, generated from a
 // seed and a size. The same seed and size give the same school on every machine.
 #pragma once

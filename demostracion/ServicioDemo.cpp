@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "demostracion/ServicioDemo.h"
 
 #include "demostracion/conexion.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The demonstration school as a running service, on loopback, for parvanel-demo and for the
 // tests. It answers every address that the program asks for, records each request to the byte
 // and in order of arrival, and misbehaves on demand.

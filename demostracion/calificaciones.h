@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the school works out from grades and absences.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "demostracion/conexion.h"
 
 #include <openssl/err.h>

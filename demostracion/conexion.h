@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One accepted connection of the demonstration service, plain or encrypted.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "demostracion/calificaciones.h"
 #include "demostracion/paginas.h"
 #include "demostracion/plantilla.h"

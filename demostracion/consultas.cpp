@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "demostracion/consultas.h"
 
 #include "demostracion/calificaciones.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The bare-text and matrix replies of the service's queries.
 #pragma once
 

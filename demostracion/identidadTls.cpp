@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "demostracion/identidadTls.h"
 
 #include <openssl/bio.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The TLS identity of one run of the demonstration service: a certificate authority made for
 // the occasion, and a certificate of it for 127.0.0.1 and localhost. Nothing is kept on disk.
 #pragma once

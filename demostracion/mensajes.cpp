@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "demostracion/mensajes.h"
 
 #include <zlib.h>

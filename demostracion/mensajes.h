@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // HTTP messages as the service reads and writes them.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "demostracion/paginas.h"
 
 #include "demostracion/calificaciones.h"

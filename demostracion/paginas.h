@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The service's pages: school in, HTML out. Their text is in the files of ./paginas.
 // Addresses of the service's own images are absolute; links from page to page are relative, for
 // the folders in which an archive keeps them.

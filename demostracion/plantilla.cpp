@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "demostracion/plantilla.h"
 
 #include <QFile>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The service's pages are files of ./paginas, which a browser shows and an editor changes: HTML
 // with places in the manner of Mustache.
 //   {{alumno.nombre}}            a text, escaped for HTML; {{{...}}} as it is

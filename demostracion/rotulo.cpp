@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "demostracion/rotulo.h"
 
 #include <QBuffer>

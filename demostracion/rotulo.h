@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The service's drawing of a text, the one picture that it makes when asked for.
 #pragma once
 

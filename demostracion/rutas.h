@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Address -> reply: what the service answers, without any network.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "demostracion/valores.h"
 
 #include "demostracion/calificaciones.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the pages of the service are filled with: the school, a classroom, a student, grades.
 #pragma once
 

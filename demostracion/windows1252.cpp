@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "demostracion/windows1252.h"
 
 #include <algorithm>

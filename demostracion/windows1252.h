@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Text of the service's pages to and from the bytes of Windows-1252.
 #pragma once
 

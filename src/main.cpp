@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "shell/programa.h"
 
 int main(int, char *argv[])

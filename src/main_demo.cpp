@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The same window, wired to the demonstration school in the same process.
 #include "demostracion/ServicioDemo.h"
 #include "shell/programa.h"

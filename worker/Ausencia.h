@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The print server's absence: how long it has lasted, when to look again, and which documents have
 // waited long enough.
 //

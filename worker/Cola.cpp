@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "worker/Cola.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The order of printing. Documents come out in the order in which they went in, whatever the
 // order in which their pages get drawn and however some of them fail.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "worker/Dibujante.h"
 
 #include "worker/memoria.h"

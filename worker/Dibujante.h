@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One renderer process: started ahead of need, given one page, and gone with everything it
 // started when it is destroyed.
 #pragma once

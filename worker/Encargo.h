@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One errand in a child process of its own: a function whose answer is a text, run under a
 // deadline that nothing inside it can outlast. What it says on the way is known even when it never
 // comes to its end.

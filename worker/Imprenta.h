@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The worker's loop: takes paths in, has pages drawn ahead, hands the PDFs over in order.
 //
 // What fails on nobody's account is made up for: a page whose engine died is drawn once more, and

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Cuts a stream of bytes into lines, however the bytes happen to arrive.
 #pragma once
 

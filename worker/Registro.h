@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The worker's log: one line for each document, in the order of printing, and one more for a
 // document that has to wait for the print server.
 //

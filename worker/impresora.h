@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The print server. Every operation here may block for as long as the server likes: call them in
 // an errand (Encargo.h), never in the worker's own process.
 #pragma once

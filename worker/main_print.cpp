@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // parvanel-print: prints HTML files, in order, on the user's default printer.
 //
 // Standard input: one absolute path for each line, UTF-8, ended by a line feed. It ends by itself,

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How much memory a renderer and everything that it has started take together.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The worker's command line. It serves tests and the curious: the window starts the worker without
 // arguments.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "worker/papel.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Which paper a page is drawn for: a plain function of what the user, the queue and the locale
 // say.
 #pragma once

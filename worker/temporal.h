@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A private folder for the drawn pages, gone when it goes out of scope.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "archive/descargas.h"
 #include "pages/rutasArchivo.h"
 #include "records/tcAlumnos.h"

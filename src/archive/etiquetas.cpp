@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "archive/etiquetas.h"
 #include "pages/rutasArchivo.h"
 #include "platform/codepage.h"

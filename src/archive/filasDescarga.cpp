@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "archive/descargas.h"
 #include "pages/guiones.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "archive/historico.h"
 #include "archive/recursos.h"
 #include "pages/reemplazos.h"

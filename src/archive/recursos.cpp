@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "archive/recursos.h"
 #include "pages/imagenes.h"
 #include "pages/rutasArchivo.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "pages/documento.h"
 #include "service/archivos.h"
 #include "service/frmCargador.h"

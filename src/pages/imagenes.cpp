@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "pages/imagenes.h"
 #include "pages/rutasArchivo.h"
 #include "service/archivos.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "pages/plantilla.h"
 
 QString Valores::valor(Lugar lugar) const

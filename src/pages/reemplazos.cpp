@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "pages/reemplazos.h"
 
 QString localizar(QString pagina, std::span<const Reemplazo> filas, const Valores &valores)

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "pages/rutasArchivo.h"
 #include "service/Entorno.h"
 #include "service/limpieza.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ArchivoEntrante_linux.h"
 
 #include <cerrno>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A file that is being received into a folder of the archive, under a temporary name.
 //
 // The name says whose it is, ".descarga-PROCESS-NUMBER", and the file is locked for as long as it

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // An open file descriptor that is closed with its holder.
 #pragma once
 

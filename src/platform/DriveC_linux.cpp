@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ArchivoEntrante_linux.h"
 #include "RaizArchivo_linux.h"
 #include "platform/DriveC.h"

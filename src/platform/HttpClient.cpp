@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/HttpClient.h"
 #include "HttpClientSistema.h"
 #include "IntentosHttp.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the HTTP client asks of its operating system.
 #pragma once
 

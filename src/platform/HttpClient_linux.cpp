@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "HttpClientSistema.h"
 #include "platform/HttpClient.h"
 

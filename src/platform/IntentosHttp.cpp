@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "IntentosHttp.h"
 
 using namespace std::chrono_literals;

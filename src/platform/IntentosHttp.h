@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The attempts to make one request's connection. An attempt that fails because this computer has
 // no way out is made again until the time for the connection is over: nothing has reached the wire
 // meanwhile. Whatever the peer answers, a refusal too, is no such case.

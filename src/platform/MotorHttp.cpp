@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "MotorHttp.h"
 
 #include <QCoreApplication>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Drives the HTTP client's transfers with this thread's event loop. Whoever turns the loop, a wait
 // of the client's or a message box, moves all of them on.
 #pragma once

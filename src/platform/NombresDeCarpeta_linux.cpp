@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "NombresDeCarpeta_linux.h"
 #include "Descriptor_linux.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The names that stand in folders, looked up without regard to letter case. Folders are given by
 // open descriptors, so that a name is looked up in that very folder, whatever becomes of its path.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One print worker: a process with a pipe to its standard input, and what it has taken of it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Obrero.h"
 
 #include "herencia.h"

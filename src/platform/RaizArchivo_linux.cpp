@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RaizArchivo_linux.h"
 
 #include <QDir>

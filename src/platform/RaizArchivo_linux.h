@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The archive root as an open folder, and the folders in it. Everything that the program creates,
 // changes or deletes is named from a folder opened here, so that it stands in the root also when
 // somebody puts a link in a folder's place meanwhile.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "TransferenciaHttp.h"
 #include "HttpClientSistema.h"
 #include "platform/direccionHttp.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One request on its way: the library's transfer, and what has come of its reply.
 #pragma once
 

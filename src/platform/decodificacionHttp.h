@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The body of a reply as it was before its sender encoded it. Decoded here and not by the library,
 // which takes a compressed stream that breaks off for a whole one.
 #pragma once

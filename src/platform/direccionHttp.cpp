@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/direccionHttp.h"
 
 #include <QList>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What a program that is started here gets of this one's open files: nothing.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "herencia.h"
 
 #include <QDir>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "pages/guiones.h"
 #include "printing/trabajos.h"
 

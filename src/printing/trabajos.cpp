@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "printing/trabajos.h"
 #include "pages/rutasArchivo.h"
 #include "platform/Verbos.h"

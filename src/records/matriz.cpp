@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "records/matriz.h"
 #include "service/limpieza.h"
 

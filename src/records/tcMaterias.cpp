@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "records/tcMaterias.h"
 #include "records/matriz.h"
 #include "service/archivos.h"

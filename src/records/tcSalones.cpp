@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "records/tcSalones.h"
 #include "records/matriz.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "service/archivos.h"
 #include "platform/codepage.h"
 #include "service/limpieza.h"

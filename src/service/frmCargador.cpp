@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "service/frmCargador.h"
 #include "platform/codepage.h"
 #include "service/archivos.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "service/limpieza.h"
 
 QString sinSaltos(QString texto)

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "service/tomarValores.h"
 #include "platform/codepage.h"
 #include "service/frmCargador.h"

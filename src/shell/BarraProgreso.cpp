@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "BarraProgreso.h"
 
 #include <QStyleOptionProgressBar>

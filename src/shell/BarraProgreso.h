@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A progress bar as the program's runs drive it: values out of its range change nothing, and a
 // maximum of 0 shows an empty bar, not one that moves by itself.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "DirListBox.h"
 #include "platform/DriveC.h"
 

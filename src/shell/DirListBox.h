@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A directory list: the subfolders of one folder. It is the source of the archive list and is
 // itself not shown.
 #pragma once

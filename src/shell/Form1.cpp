@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "shell/Form1.h"
 #include "archive/historico.h"
 #include "ingreso.h"

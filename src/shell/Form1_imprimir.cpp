@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The print panel's handlers of the main window.
 #include "lineaElegida.h"
 #include "platform/Verbos.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RotuloPlegado.h"
 
 RotuloPlegado::RotuloPlegado(QWidget *padre) : QLabel(padre)

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A label for longer texts: plain text that wraps, never widens the window, and always has the
 // height of its lines.
 #pragma once

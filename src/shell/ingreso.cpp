@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ingreso.h"
 #include "records/tcSalones.h"
 #include "service/frmCargador.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The login's decisions, apart from the window.
 #pragma once
 

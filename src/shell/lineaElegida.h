@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the user has chosen in a list.
 #pragma once
 

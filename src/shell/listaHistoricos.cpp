@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "listaHistoricos.h"
 
 QString portadaDe(const QString &historico)

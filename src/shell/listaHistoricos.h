@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The archive list's one decision: what is opened.
 #pragma once
 

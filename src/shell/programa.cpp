@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "shell/programa.h"
 #include "platform/Verbos.h"
 #include "platform/direccionHttp.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The seven download methods that store pages, for the tests that go through all of them.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What every download method asks for, rewrites, stores and shows.
 #include "archive/casosDescarga.h"
 #include "pages/guiones.h"

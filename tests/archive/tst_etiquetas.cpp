@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "archive/etiquetas.h"
 #include "escenario/Escenario.h"
 #include "records/tcMaterias.h"

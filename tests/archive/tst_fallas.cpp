@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The run under bad input and faults: it goes on to its end, the rest of the archive is complete,
 // and nothing outside the archive root is touched.
 #include "archive/historico.h"

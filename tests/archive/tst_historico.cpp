@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "archive/historico.h"
 #include "escenario/Escenario.h"
 #include "records/tcAlumnos.h"

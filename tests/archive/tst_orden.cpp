@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The one order in which the archive's procedures ask, show, store and let the window's other
 // handlers run: requests, pauses, texts, bar steps, events of the lists and turns of the event
 // loop in a single history.

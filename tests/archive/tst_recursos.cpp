@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "archive/recursos.h"
 #include "escenario/Escenario.h"
 #include "service/archivos.h"

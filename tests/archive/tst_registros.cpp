@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Records, settings and replies out of the ordinary, and the photos.
 #include "archive/casosDescarga.h"
 #include "pages/guiones.h"

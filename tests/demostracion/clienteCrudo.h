@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A client that sends exactly the given bytes and returns exactly what comes back: no library
 // stands between a test and the wire.
 #pragma once

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Who builds the program alone needs neither the demonstration school nor what only it and the
 # tests are built from. Arguments: FUENTES, the project; CARPETA, where to configure it.
 function(configurar)

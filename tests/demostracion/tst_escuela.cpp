@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "demostracion/Escuela.h"
 #include "demostracion/calificaciones.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "clienteCrudo.h"
 #include "demostracion/ServicioDemo.h"
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The programs that users get are built with the compiler's and linker's defences.
 
 What a binary shows is read from the binary. Of two defences a binary shows only what its code

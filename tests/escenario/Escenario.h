@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What tests of the program's procedures stand on: the demonstration school as a real service on
 // loopback, a drive C in a temporary folder, the session of its school, and progress elements
 // that remember what was written to them. Only the pause is a pretence: it notes its length.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "escenario/Historia.h"
 #include "demostracion/ServicioDemo.h"
 

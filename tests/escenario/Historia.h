@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What happened, in the one order in which it happened: the requests that the demonstration
 // service received and whatever else a test's elements and listeners note. A procedure sends a
 // request and waits for its reply, so that whatever it does next is noted after it.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "escenario/HttpInmediato.h"
 #include "platform/HttpClient.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The HTTP client of tests that count turns of the event loop. The real one turns it while it
 // waits, and a yield of the procedure could not be told from that; this one answers within the
 // call. A test executable has it by having HttpInmediato.cpp among its sources.

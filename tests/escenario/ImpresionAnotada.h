@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The print panel and the print worker as a job's test needs them: the panel keeps a history,
 // and the worker is a real program, found on PATH, that notes the lines it is given.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Does something at every turn of the event loop while it lives: an event that posts itself again,
 // of which a turn delivers one.
 #pragma once

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """A running program's elements as assistive technology sees them: roles, names, states, places.
 
 Speaks to the accessibility bus itself instead of through libatspi, which keeps a cache that goes

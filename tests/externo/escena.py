@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """What the tests of the window from outside share: the built program on a desktop of its own."""
 
 import os

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """A virtual desktop of its own for driving a program from outside, as a person would.
 
     with Escritorio() as escritorio:

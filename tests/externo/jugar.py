@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Plays the secretary's work on the real window, with real clicks and typing, and leaves what
 came of it in a folder: the archive, a picture of each mode and of the running download, and, with
 a print server at hand, a printed report card.

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The desktop's default browser: Debian's Chromium, opened by the real xdg-open."""
 
 import os

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """What a person does with a screen whatever program is on it: point, type, look."""
 
 import re

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """A desktop's settings portal that knows one setting: whether dark colours are preferred.
 
     portal.py light|dark

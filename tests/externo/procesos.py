@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Starting and ending processes so that none is left over, whatever happens.
 
 Programs detach children of their own (a browser, the print worker), which no process handle of

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The window at the desktop's scales and in its light and dark colours.
 
 PARVANEL_RETRATOS names a folder for pictures of every mode in each of them, to be looked at.

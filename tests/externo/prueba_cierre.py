@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Closing the window ends the process at once, whatever it is doing, with exit code 0.
 
 At once is well under a second; the limit here only guards against a process that goes on with

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The password goes to the service and nowhere else: it is on no command line, in no environment
 and in no file, whatever the secretary does after typing it.
 

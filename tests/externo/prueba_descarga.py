@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The main job, from outside: log in, download the archive, open it.
 
 PARVANEL_CASA names the home folder to work in, and to leave the archive in for other tests; it

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Batch printing, from outside and down to paper: real clicks, a print server of the test's own,
 and what came out of it, read as text and as a picture.
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The login panel, from outside: what is offered before and after, and every answer of it."""
 
 import unittest

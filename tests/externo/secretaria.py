@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """What a school secretary does with the program's window."""
 
 import re

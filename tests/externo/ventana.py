@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """A program's window as a person has it: elements to look at and to point at, keys, a picture.
 
 Clicks and keys are real ones of the display server, so that what is covered, hidden, disabled or

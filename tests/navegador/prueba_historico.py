@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """A downloaded archive in a real browser, from its file:// address, without a connection.
 
 PARVANEL_HISTORICO names the archive's folder, as the program left it.

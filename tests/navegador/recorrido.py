@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """A walk through a stored archive in a real browser, by clicking the links of its pages.
 
     with Navegador() as navegador:

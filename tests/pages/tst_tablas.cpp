@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Every row of every table, completed: no place without a value, nothing left out of a row that
 // every row has, no kind twice.
 #include "archive/descargas.h"

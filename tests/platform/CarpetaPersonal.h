@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A home folder of the test's own, with the native side of what stands in it: what DriveC does
 // is looked at from outside, by native paths and bytes.
 #pragma once

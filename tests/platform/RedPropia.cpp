@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RedPropia.h"
 
 #include <cerrno>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A network of the test's own: this process leaves the computer's for one that holds nothing but
 // a loopback interface, with name servers of its own. An ordinary account can do so too where it
 // may have user namespaces.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A server whose every byte a test decides, where the demonstration school answers too well:
 // each connection is played by the test's script, in a thread of its own.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Tunel.h"
 
 #include <QMutexLocker>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A proxy that leads every tunnel to one server, whatever name was asked for, and keeps the bytes
 // that went through: a service can be reached by a name that is not its own, and a greeting that
 // the two ends exchange before encryption can be looked at.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Runs a program as on a system that does not know the call openat2, or on one whose sandbox keeps
 // it from programs: the call fails in the program and in all that it starts.
 #include <cerrno>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The proxy variables of whoever runs the tests are not the tests'.
 #pragma once
 

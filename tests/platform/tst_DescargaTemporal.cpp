@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The temporary files that downloads are written to: what already stands under such a name, and
 // what becomes of them when a process is killed.
 #include "CarpetaPersonal.h"

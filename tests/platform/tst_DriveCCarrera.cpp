@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Nothing outside of the archive is touched, also when somebody puts a link in the place of a
 // folder or a file while the program is at work there.
 #include "CarpetaPersonal.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Two entries of one folder that differ in letter case only, as another program may make them.
 #include "CarpetaPersonal.h"
 #include "platform/DriveC.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Nothing outside of the archive is touched, whatever the path.
 #include "CarpetaPersonal.h"
 #include "platform/DriveC.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "CarpetaPersonal.h"
 #include "platform/DriveC.h"
 

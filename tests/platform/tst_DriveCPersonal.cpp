@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Which folder C:\ stands for.
 #include "CarpetaPersonal.h"
 #include "platform/DriveC.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "CarpetaPersonal.h"
 #include "ServidorGuion.h"
 #include "demostracion/ServicioDemo.h"

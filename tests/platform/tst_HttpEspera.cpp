@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What happens while a request is out: the window lives on, and other requests are served.
 #include "ServidorGuion.h"
 #include "platform/HttpClient.h"

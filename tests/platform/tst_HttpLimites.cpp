@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // No wait is without an end, and no body without a bound.
 #include "ServidorGuion.h"
 #include "platform/HttpClient.h"

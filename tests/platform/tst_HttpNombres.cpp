@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A name server that never answers: the window lives on while a name is looked up, when the
 // request is given up, and nothing waits for the look-up's own end.
 #include "RedPropia.h"

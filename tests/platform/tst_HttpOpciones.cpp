@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The library refuses something: an option, a handle, a place in its queue. The request fails then,
 // at once, and nothing goes out without what was asked for it. This program stands in the library's
 // way with functions of the same names.

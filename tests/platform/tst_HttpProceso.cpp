@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What holds for a whole process: its memory, its environment, its descriptors. Each is looked at
 // in a process of its own, this program run once more.
 #include "ServidorGuion.h"

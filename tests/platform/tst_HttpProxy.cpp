@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ServidorGuion.h"
 #include "platform/HttpClient.h"
 #include "sinProxy.h"

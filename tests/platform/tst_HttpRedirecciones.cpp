@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ServidorGuion.h"
 #include "demostracion/ServicioDemo.h"
 #include "platform/HttpClient.h"

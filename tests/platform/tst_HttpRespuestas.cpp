@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What is taken for a reply, and what for a failure, to the byte.
 #include "ServidorGuion.h"
 #include "platform/HttpClient.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // This computer loses its way out for a while: a request waits for it, and only for that.
 #include "RedPropia.h"
 #include "ServidorGuion.h"

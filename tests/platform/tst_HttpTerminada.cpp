@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A transfer that has ended stays as it ended, whatever other waits go on above it.
 #include "ServidorGuion.h"
 #include "platform/HttpClient.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ServidorGuion.h"
 #include "Tunel.h"
 #include "demostracion/ServicioDemo.h"

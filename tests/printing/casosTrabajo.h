@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The six downloading jobs, for the tests that go through all of them.
 #pragma once
 

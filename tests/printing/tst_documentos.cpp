@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Codes, settings and replies out of the ordinary.
 #include "escenario/Escenario.h"
 #include "escenario/ImpresionAnotada.h"

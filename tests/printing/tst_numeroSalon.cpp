@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "printing/numeroSalon.h"
 
 #include <QTest>

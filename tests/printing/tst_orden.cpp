@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The one order in which a print job asks, shows, stores and lets the window's other handlers run:
 // requests, pauses, what the panel is told and turns of the event loop in a single history.
 #include "escenario/Escenario.h"

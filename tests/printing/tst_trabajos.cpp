@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What every downloading job asks for, rewrites, stores and prints, and its checks.
 #include "escenario/Escenario.h"
 #include "escenario/ImpresionAnotada.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the longest reply that is taken costs in memory once it is read into a list.
 #include "escenario/Escenario.h"
 #include "records/tcAlumnos.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "service/azar.h"
 
 #include <QTest>

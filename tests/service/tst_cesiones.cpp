@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Where the procedures that write files turn the event loop, and what stands on the disk then.
 #include "escenario/Escenario.h"
 #include "escenario/HttpInmediato.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "escenario/Escenario.h"
 #include "service/frmCargador.h"
 

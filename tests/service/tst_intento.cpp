@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One attempt of a request, step by step, and the loader's timers around it. The random generator
 // and the HTTP client are this test's own: they note their calls among the turns of the event
 // loop, and nothing else turns it.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The real main window before the demonstration school, its elements found by their names and
 // worked with real clicks and keys.
 #pragma once

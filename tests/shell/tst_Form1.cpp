@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "escenario/Turnos.h"
 #include "shell/VentanaDePrueba.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The programs take no command line: what stands on it reaches neither them nor their library.
 #include <QFile>
 #include <QProcess>

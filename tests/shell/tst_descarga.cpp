@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The download panel of the window.
 #include "escenario/Turnos.h"
 #include "shell/VentanaDePrueba.h"

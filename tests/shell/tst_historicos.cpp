@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The archive panel of the window.
 #include "escenario/Turnos.h"
 #include "shell/VentanaDePrueba.h"

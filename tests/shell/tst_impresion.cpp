@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The print panel of the window, worked with real clicks.
 #include "shell/VentanaDePrueba.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The window as it starts: each element's kind, text box or button, shown or hidden, and the order
 // in which the window is loaded.
 #include "escenario/Turnos.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "shell/VentanaDePrueba.h"
 
 #include "shell/CuadroMensaje.h"

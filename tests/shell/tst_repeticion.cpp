@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Presses that come again while their handler still runs: a held key, a double click, assistive
 // technology, which also reaches the window behind a message box. And, with them, how deep the
 // window's waits can nest at the most.

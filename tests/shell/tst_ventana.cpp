@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The window as a window: what it takes to be usable by everybody.
 #include "shell/VentanaDePrueba.h"
 

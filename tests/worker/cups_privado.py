@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """A print server of the test's own: a real cupsd in a private folder, with a capturing backend.
 
     with CupsPrivado() as cups:

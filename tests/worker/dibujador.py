@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The renderer by itself, on pages of an archive, as the worker would start it."""
 
 import os

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Everything that a page was seen or thought to try to get out of its archive.
 
 Each way out has a host name of its own, NAME.fuga.example, and a port of its own, so that what

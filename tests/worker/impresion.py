@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """What the tests of the worker as a whole share: real pages, real renderers, a real print server.
 
 The worker under test is the program that PARVANEL_PRINT names. Nothing is decided by how long

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """A print server that goes away, and what becomes of the documents."""
 
 import os

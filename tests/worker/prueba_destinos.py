@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Which printer takes the documents, and on which paper."""
 
 import unittest

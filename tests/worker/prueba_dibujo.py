@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The renderer by itself: its command line, and what its exit code says."""
 
 import subprocess

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The engine's sandbox is on for whoever is not root."""
 
 import os

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Nothing that goes wrong loses the documents around it."""
 
 import os

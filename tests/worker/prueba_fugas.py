@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """What a page can carry away: nothing reaches the wire but requests to the service."""
 
 import socket

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """A classroom's documents from hand-over to paper."""
 
 import os

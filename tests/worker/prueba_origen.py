@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """A page is drawn as it would be while connected: what it fetches from its service is there."""
 
 import http.server

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """What a page may contain, and what comes out of it."""
 
 import socket

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """A service that is down, silent or endless costs a page part of its time and never the page."""
 
 import itertools

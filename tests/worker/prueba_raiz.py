@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Of local files, a page reads those below the archive root and no others."""
 
 import os

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Whatever a page asks of a person who is not there, it is printed, and nothing else happens."""
 
 import unittest

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """A network that a test has for itself, in which everything that a program sends is seen.
 
 Every address of the world is this machine's, every name is looked up at the test's own name

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """A web service on the loopback that a test can have behave as it likes."""
 
 import ssl

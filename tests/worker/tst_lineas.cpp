@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "worker/Lineas.h"
 
 #include <QtTest>

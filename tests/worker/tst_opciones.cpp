@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "worker/opciones.h"
 
 #include <QtTest>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "worker/render/Aduana.h"
 
 #include "worker/render/rutaLocal.h"

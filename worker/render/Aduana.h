@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What a page's requests may reach: the files of the archive, the service's own origin, and data
 // that the page itself carries; nothing else.
 #pragma once

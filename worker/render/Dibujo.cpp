@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "worker/render/Dibujo.h"
 
 #include "worker/render/salida.h"

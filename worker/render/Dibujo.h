@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // From a document to a PDF: load, let the scripts finish, print. Once for each object.
 #pragma once
 

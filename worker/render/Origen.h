@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The service's own origin: scheme, host and port, and nothing beside them.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A page that nobody looks at: it opens no window, asks nothing, and stays on its document.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "worker/render/Pasarela.h"
 
 #include "worker/render/socks.h"

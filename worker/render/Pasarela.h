@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The engine's one way into the network. The engine is told to send every connection through a
 // proxy and to look no name up; this is that proxy, and it leads to the service and nowhere else.
 // Whatever a page finds to call the world with (and an engine has more ways than its interceptor

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A home folder of the engine's own. Otherwise it makes a certificate store in its user's home as
 // soon as it has a certificate to verify, and data bases and settings for sound when a page asks;
 // the user's home is not this program's to write in.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // parvanel-print-render: draws one local page as PDF and ends.
 //
 //     parvanel-print-render [--papel ANCHOxALTO] [--margenes IZQ,ARRIBA,DER,ABAJO] IN.html OUT.pdf

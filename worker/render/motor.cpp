@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "worker/render/motor.h"
 
 #include "worker/render/Aduana.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How the engine is started: its environment and its profile.
 #pragma once
 

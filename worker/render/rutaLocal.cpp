@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "worker/render/rutaLocal.h"
 
 #include <QDir>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Names of local files as pages write them. Pages of the archive come from a system that does not
 // regard letter case and separates folders with backslashes.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How a renderer tells the worker what became of its page: by its exit code.
 #pragma once
 

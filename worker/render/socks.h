@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The little of SOCKS 5 (RFC 1928) that the engine speaks to its proxy: no authentication, CONNECT,
 // and the host by its name, which the engine therefore need not look up.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The download methods of the archive: one table row each, read by one loop. They are methods of
 // the record lists (tcSalones::downSalones and the like).
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Label images: texts that the service draws as images, stored under their text, without an
 // extension, in the archive's label folder. The method that fetches them is
 // tcMaterias::downLabels.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The archive download run: the order of its steps.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What all pages of an archive share: two script libraries, the script of school variables and
 // the common images.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A kind of stored document, as the archive run and the print jobs share it: where its pages come
 // from, what is rewritten in them, and where they go.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Scripts appended to the end of stored pages, after the page's own closing tags. They fill the
 // school's details in from the archive's configuration script.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Images that pages of the archive share, stored in its image folder.
 #pragma once
 

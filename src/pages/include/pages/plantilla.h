@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Texts with named places, from which the tables build addresses and paths:
 // "{base}/salones/{colegio}/2010/boletin/{id}". A table is constant data: a place that is not one
 // of these does not compile, and one that has no value when its text is completed is an error of

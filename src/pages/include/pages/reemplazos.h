@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Page localisation: service addresses in a page become relative paths of the archive. The mix
 // of "\" and "/" in what is put in is the archive's own and stays; browsers read either.
 #pragma once

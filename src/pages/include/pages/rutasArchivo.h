@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The one place that knows where things stand in an archive. The root is written with a capital
 // C when it is created and with a lower-case one where paths are built; both are the same folder.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Drive C as the program sees it: folders and files named by Windows paths.
 //
 // On Linux C:\ is the user's home folder. Each name is looked up without regard to letter case

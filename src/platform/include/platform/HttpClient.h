@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One synchronous HTTP GET at a time for its caller, while the window's event loop goes on
 // turning: requests that handlers start from within a wait are served as well, and whatever turns
 // the loop, the innermost wait or a message box, moves all of them on. Each returns to its caller

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The operating shell's verbs on a stored document. Neither waits, and neither reports a
 // failure: a desktop without a browser or a printer shows it in its own way, or not at all.
 #pragma once

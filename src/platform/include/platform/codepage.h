@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The ANSI code page of the service's replies and of the archive's files: Windows-1252,
 // whatever the locale.
 #pragma once

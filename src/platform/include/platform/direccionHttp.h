@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Reading an address for the wire: plain functions of its bytes.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The desktop's choice of a light or dark appearance.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The fixed pause after a file download.
 #pragma once
 

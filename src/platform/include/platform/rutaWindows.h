@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Reading a Windows path: a plain function of its text, the same on every system.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The print panel as the print jobs see it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The classroom number at the start of a line of the classroom list.
 #pragma once
 

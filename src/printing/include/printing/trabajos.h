@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The print jobs: six kinds of document are downloaded, stored and printed by one loop, a table
 // row each; enrolment sheets, which are printed from the archive, stand beside it.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The service's list format: rows separated by "®", fields by ",". A list may be long and is read
 // where it stands: rows are views of the reply, which must outlive them, and a field is copied
 // when it is asked for.

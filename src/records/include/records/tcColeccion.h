@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // An ordered collection of records with keyed access: insertion order is kept, keys are unique
 // without regard to letter case.
 #pragma once

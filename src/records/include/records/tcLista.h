@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the three record lists have in common: the progress event, and the two texts that the
 // download procedures read of each record.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The operations that the three record lists share: access by position (counted from 1) or by
 // key, and walking the records in insertion order.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The school's subjects.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The school's classrooms.
 #pragma once
 

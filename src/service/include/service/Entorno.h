@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What every procedure needs: the service, the disk, the session, the window's progress. Made
 // once by main (or by a test) and handed inwards; all that it refers to is borrowed and must
 // outlive it.

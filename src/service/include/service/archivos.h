@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // All of the program's writing to disk: folders, text files, and files fetched by address. None
 // of them reports an error beyond its result; a failed step is passed over and the procedure
 // that called goes on.

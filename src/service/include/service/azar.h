@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The process's one random generator, and the cache-busting number drawn from it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The loader: every text request of the program goes through its one operation, conectar. It is
 // a window that is never seen, so it is none here; what is left of the window are its timers.
 #pragma once

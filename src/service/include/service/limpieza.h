@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Cleaning of what the service sends before it becomes an identifier, a value or a path.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The school-settings query made at login.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The session: what a login learns of the school. Empty until then, but for the id; written by
 // the login alone, and kept until the program ends.
 #pragma once

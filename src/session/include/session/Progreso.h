@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The handle on the main window's progress elements, which the download procedures write
 // directly.
 #pragma once

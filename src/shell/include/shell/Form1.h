@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The main window: four panels, one for each mode, and the handlers of their elements.
 //
 // Everything runs on the window's thread. Long runs let the window's other handlers run at their

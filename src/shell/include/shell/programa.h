@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The program from the application's start to its end, for the two mains.
 #pragma once
 
