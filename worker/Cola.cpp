@@ -87,6 +87,12 @@ const Cola::Documento *Cola::primero() const
     return resuelto ? &cabeza : nullptr;
 }
 
+const std::string &Cola::rutaPrimera() const
+{
+    assert(!documentos_.empty());
+    return documentos_.front().ruta;
+}
+
 std::string Cola::retirar()
 {
     assert(!documentos_.empty());

@@ -57,7 +57,7 @@ public:
     // the state of those behind it.
     const Documento *primero() const;
     // The head's path, whatever its state. The queue must hold one.
-    const std::string &rutaPrimera() const { return documentos_.front().ruta; }
+    const std::string &rutaPrimera() const;
     // Takes the head out, in whatever state, and gives its path. The queue must hold one.
     std::string retirar();
 

@@ -71,11 +71,13 @@ Imprenta::Imprenta(int entrada, fs::path dibujador, fs::path carpeta, Registro r
 void Imprenta::trabajar(const sigset_t &senales, const volatile std::sig_atomic_t &interrumpido)
 {
     while (!interrumpido) {
+        // What lay ahead then is waited for, also if it has come since.
+        const auto mirado = Reloj::now();
         while (avanzar()) {
         }
         if (!abierta_ && cola_.vacia())
             break;
-        esperar(senales);
+        esperar(senales, mirado);
         leerEntrada();
         revisarMesas();
         revisarEncargo();
@@ -92,6 +94,7 @@ bool Imprenta::avanzar()
     algo = despacharPrimero() || algo;
     if (cola_.vacia()) {
         impresora_.reset(); // the next batch asks again: the user may choose another printer
+        encargo_.reset();   // only the search for one can be out, for documents that are gone
         ausencia_.terminar();
         cerrarMesasOciosas();
         return algo;
@@ -222,12 +225,12 @@ void Imprenta::cerrarMesasOciosas()
         mesas_.clear();
 }
 
-void Imprenta::esperar(const sigset_t &senales)
+void Imprenta::esperar(const sigset_t &senales, Reloj::time_point mirado)
 {
     // poll passes over negative descriptors.
     std::array<pollfd, 2> fuentes{pollfd{abierta_ ? entrada_ : -1, POLLIN, 0},
                                   pollfd{encargo_ ? encargo_->descriptor() : -1, POLLIN, 0}};
-    const auto tope = proximoTope();
+    const auto tope = proximoTope(mirado);
     timespec plazo{};
     if (tope != Reloj::time_point::max()) {
         const auto falta = std::max(tope - Reloj::now(), Reloj::duration::zero()) + 1ms;
@@ -259,6 +262,8 @@ void Imprenta::leerEntrada()
             continue;
         }
         abierta_ = false;
+        // A line that has lost no more than its end is a document; one cut short is none, and the
+        // log says so.
         if (std::string ruta = lineas_.resto(); !ruta.empty())
             cola_.agregar(std::move(ruta), Reloj::now());
     }
@@ -371,7 +376,7 @@ fs::path Imprenta::pdfDe(Cola::Turno turno) const
     return carpeta_ / (std::to_string(turno) + ".pdf");
 }
 
-Imprenta::Reloj::time_point Imprenta::proximoTope() const
+Imprenta::Reloj::time_point Imprenta::proximoTope(Reloj::time_point mirado) const
 {
     auto tope = encargo_ ? encargo_->tope() : Reloj::time_point::max();
     for (const Mesa &mesa : mesas_) {
@@ -380,9 +385,10 @@ Imprenta::Reloj::time_point Imprenta::proximoTope() const
     }
     if (cola_.vacia() && !mesas_.empty())
         tope = std::min(tope, ultimaActividad_ + descanso);
-    // What is waited for again, as long as it lies ahead.
+    // What is waited for again, as long as it lay ahead when it was last looked at: a time that has
+    // come between that and now would else be waited for by nobody.
     for (const auto espera : {ausencia_.proximoIntento(), proximoArranque_}) {
-        if (!cola_.vacia() && espera > Reloj::now())
+        if (!cola_.vacia() && espera > mirado)
             tope = std::min(tope, espera);
     }
     return tope;

@@ -54,7 +54,7 @@ private:
     bool abrirMesas();
     void cerrarMesasOciosas();
 
-    void esperar(const sigset_t &senales);
+    void esperar(const sigset_t &senales, Reloj::time_point mirado);
     void leerEntrada();
     void revisarMesas();
     std::optional<Dibujante::Fin> finDe(const Mesa &mesa, Reloj::time_point ahora) const;
@@ -64,7 +64,7 @@ private:
     void faltaServidor(const std::string &motivo);
 
     std::filesystem::path pdfDe(Cola::Turno turno) const;
-    Reloj::time_point proximoTope() const;
+    Reloj::time_point proximoTope(Reloj::time_point mirado) const;
 
     int entrada_;
     bool abierta_ = true;

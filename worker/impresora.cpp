@@ -181,7 +181,7 @@ Destino hallar(http_t *http, const std::function<Destino()> &buscar, impresora::
     return {};
 }
 
-enum class Suerte { Tomado, Perdido, SinRespuesta };
+enum class Suerte { Tomado, Perdido, Ajeno, SinRespuesta };
 
 Respuesta estadoDeTrabajo(http_t *http, int trabajo)
 {
@@ -198,8 +198,8 @@ Respuesta estadoDeTrabajo(http_t *http, int trabajo)
 
 // What became of a job whose conversation broke off. The server counts a document once it has all
 // of it; it may drop the documents of a finished job, but a completed one was printed. A number may
-// have been given to somebody else's job by a server that forgot this one: then the title, where
-// it may be seen, is another.
+// have been given to somebody else's job by a server that forgot this one: then its title is
+// another, or is hidden, as one's own never is.
 Suerte suerteDe(http_t *http, int trabajo, const std::string &titulo)
 {
     const Respuesta respuesta = estadoDeTrabajo(http, trabajo);
@@ -207,8 +207,8 @@ Suerte suerteDe(http_t *http, int trabajo, const std::string &titulo)
         return sinRespuesta() ? Suerte::SinRespuesta : Suerte::Perdido;
     ipp_attribute_t *nombre = ippFindAttribute(respuesta.get(), "job-name", IPP_TAG_ZERO);
     const char *suyo = nombre ? ippGetString(nombre, 0, nullptr) : nullptr;
-    if (suyo && titulo != suyo)
-        return Suerte::Perdido;
+    if (!suyo || titulo != suyo)
+        return Suerte::Ajeno;
     ipp_attribute_t *estado = ippFindAttribute(respuesta.get(), "job-state", IPP_TAG_ENUM);
     const bool impreso = estado && ippGetInteger(estado, 0) == IPP_JSTATE_COMPLETED;
     return impreso || entero(respuesta.get(), "number-of-documents") > 0 ? Suerte::Tomado
@@ -296,7 +296,8 @@ int impresora::imprimir(const Impresora &destino, const Entrega &entrega,
             falla = {noAtiende, true};
             return 0;
         }
-        anular(http.get(), destino, entrega.previo);
+        if (suerte == Suerte::Perdido) // somebody else's is left alone
+            anular(http.get(), destino, entrega.previo);
     }
     const char *instancia = destino.instancia.empty() ? nullptr : destino.instancia.c_str();
     const auto buscar = [&] {

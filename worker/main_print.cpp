@@ -2,7 +2,8 @@
 // parvanel-print: prints HTML files, in order, on the user's default printer.
 //
 // Standard input: one absolute path for each line, UTF-8, ended by a line feed. It ends by itself,
-// with code 0, when the input has ended and everything handed over has been dealt with.
+// with code 0, when the input has ended and everything handed over has been dealt with. Options:
+// see opciones.h; PARVANEL_ORIGEN and PARVANEL_RAIZ are for the renderer (render/motor.h).
 
 #include "worker/Imprenta.h"
 #include "worker/temporal.h"

@@ -5,6 +5,7 @@
 
 #include <arpa/inet.h>
 #include <array>
+#include <cerrno>
 #include <cstdlib>
 #include <curl/curl.h>
 #include <memory>
@@ -12,8 +13,10 @@
 #include <poll.h>
 #include <string_view>
 #include <sys/socket.h>
+#include <system_error>
 #include <thread>
 #include <unistd.h>
+#include <vector>
 
 namespace {
 
@@ -28,9 +31,10 @@ using Servicio = std::unique_ptr<CURL, Soltar>;
 // a page. Nothing of a page's request is seen by this client: it makes the connection only.
 const char *proxyDelUsuario(bool cifrado)
 {
-    const auto nombres = cifrado
-                             ? std::array{"https_proxy", "HTTPS_PROXY", "all_proxy", "ALL_PROXY"}
-                             : std::array{"http_proxy", "all_proxy", "ALL_PROXY", "ALL_PROXY"};
+    using Nombres = std::vector<const char *>;
+    const Nombres nombres = cifrado
+                                ? Nombres{"https_proxy", "HTTPS_PROXY", "all_proxy", "ALL_PROXY"}
+                                : Nombres{"http_proxy", "all_proxy", "ALL_PROXY"};
     for (const char *nombre : nombres) {
         const char *valor = std::getenv(nombre);
         if (valor && *valor)
@@ -48,19 +52,23 @@ Servicio conectado(const std::string &host, std::uint16_t puerto, bool cifrado)
     // TLS is spoken by the engine, from end to end, whatever the service's scheme is.
     const std::string destino =
         "http://" + (numerico ? '[' + host + ']' : host) + ':' + std::to_string(puerto) + '/';
-    curl_easy_setopt(servicio.get(), CURLOPT_URL, destino.c_str());
-    curl_easy_setopt(servicio.get(), CURLOPT_CONNECT_ONLY, 1L);
-    curl_easy_setopt(servicio.get(), CURLOPT_NOSIGNAL, 1L);
-    curl_easy_setopt(servicio.get(), CURLOPT_HTTPPROXYTUNNEL, 1L);
     const char *proxy = proxyDelUsuario(cifrado);
-    curl_easy_setopt(servicio.get(), CURLOPT_PROXY, proxy ? proxy : "");
-    return curl_easy_perform(servicio.get()) == CURLE_OK ? std::move(servicio) : nullptr;
+    CURL *easy = servicio.get();
+    const bool bien = curl_easy_setopt(easy, CURLOPT_URL, destino.c_str()) == CURLE_OK
+                      && curl_easy_setopt(easy, CURLOPT_CONNECT_ONLY, 1L) == CURLE_OK
+                      && curl_easy_setopt(easy, CURLOPT_NOSIGNAL, 1L) == CURLE_OK
+                      && curl_easy_setopt(easy, CURLOPT_HTTPPROXYTUNNEL, 1L) == CURLE_OK
+                      && curl_easy_setopt(easy, CURLOPT_PROXY, proxy ? proxy : "") == CURLE_OK
+                      && curl_easy_perform(easy) == CURLE_OK;
+    return bien ? std::move(servicio) : nullptr;
 }
 
 int descriptor(CURL *servicio)
 {
     curl_socket_t hallado = -1;
-    curl_easy_getinfo(servicio, CURLINFO_ACTIVESOCKET, &hallado);
+    // Without one there is nothing to wait for, and the next step fails.
+    [[maybe_unused]] const CURLcode dicho =
+        curl_easy_getinfo(servicio, CURLINFO_ACTIVESOCKET, &hallado);
     return hallado;
 }
 
@@ -71,7 +79,7 @@ bool alServicio(CURL *servicio, std::string_view datos)
         const CURLcode dicho = curl_easy_send(servicio, datos.data(), datos.size(), &enviados);
         if (dicho == CURLE_AGAIN) {
             pollfd espera{descriptor(servicio), POLLOUT, 0};
-            if (poll(&espera, 1, -1) < 0)
+            if (poll(&espera, 1, -1) < 0 && errno != EINTR)
                 return false;
         } else if (dicho != CURLE_OK) {
             return false;
@@ -97,9 +105,16 @@ void acarrear(CURL *servicio, int cliente)
     Bloque bloque;
     std::array<pollfd, 2> fuentes{pollfd{cliente, POLLIN, 0},
                                   pollfd{descriptor(servicio), POLLIN, 0}};
-    while (poll(fuentes.data(), fuentes.size(), -1) > 0) {
+    for (;;) {
+        if (poll(fuentes.data(), fuentes.size(), -1) < 0) {
+            if (errno == EINTR)
+                continue;
+            return;
+        }
         if (fuentes[0].revents != 0) {
             const ssize_t leidos = read(cliente, bloque.data(), bloque.size());
+            if (leidos < 0 && errno == EINTR)
+                continue;
             if (leidos <= 0
                 || !alServicio(servicio, {bloque.data(), static_cast<std::size_t>(leidos)}))
                 return;
@@ -155,9 +170,19 @@ void Pasarela::escuchar(int oyente)
     for (;;) {
         const int cliente = accept4(oyente, nullptr, nullptr, SOCK_CLOEXEC);
         if (cliente >= 0)
-            std::thread(&Pasarela::atender, this, cliente).detach();
+            encargar(cliente);
         else if (errno != EINTR && errno != ECONNABORTED)
             usleep(100'000); // no descriptor is free: those in use come to an end
+    }
+}
+
+// A thread that cannot be had costs the connection, not the page.
+void Pasarela::encargar(int cliente)
+{
+    try {
+        std::thread(&Pasarela::atender, this, cliente).detach();
+    } catch (const std::system_error &) {
+        close(cliente);
     }
 }
 

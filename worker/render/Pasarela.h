@@ -7,7 +7,6 @@
 
 #include "worker/render/Origen.h"
 
-#include <atomic>
 #include <cstdint>
 #include <mutex>
 #include <optional>
@@ -31,6 +30,7 @@ public:
 
 private:
     void escuchar(int oyente);
+    void encargar(int cliente);
     void atender(int cliente);
     void transportar(int cliente);
 
@@ -38,7 +38,7 @@ private:
     std::uint16_t puertoServicio_ = 0;
     bool cifrado_ = false;
     std::uint16_t puerto_ = 0;
-    std::atomic<bool> cortada_ = false;
-    std::mutex cerrojo_;
+    std::mutex cerrojo_; // guards the two below
+    bool cortada_ = false;
     std::set<int> clientes_; // open connections of the engine
 };

@@ -6,6 +6,7 @@
 #include <QByteArray>
 #include <QFile>
 
+#include <algorithm>
 #include <pwd.h>
 #include <string_view>
 #include <sys/resource.h>
@@ -81,8 +82,12 @@ void motor::limitarMemoria()
     // process may write to; a page of ordinary size has a sixth of it. The address sanitizer's
     // tables alone are beyond any such limit.
 #if !defined(__SANITIZE_ADDRESS__)
-    constexpr rlimit tope{rlim_t{1} << 30, rlim_t{1} << 30};
-    // A tighter limit of the user's own, which cannot be raised, serves as well.
+    constexpr rlim_t maximo = rlim_t{1} << 30;
+    rlimit tope{maximo, maximo};
+    // A tighter limit of the user's own stays.
+    if (getrlimit(RLIMIT_DATA, &tope) == 0)
+        tope = {std::min(tope.rlim_cur, maximo), std::min(tope.rlim_max, maximo)};
+    // One that cannot be set leaves the watch of whoever started this program.
     [[maybe_unused]] const int puesto = setrlimit(RLIMIT_DATA, &tope);
 #endif
 }

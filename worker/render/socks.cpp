@@ -2,6 +2,7 @@
 #include "worker/render/socks.h"
 
 #include <array>
+#include <cerrno>
 #include <sys/socket.h>
 
 namespace {
@@ -12,8 +13,16 @@ constexpr unsigned char porNombre = 3;
 
 bool leer(int cliente, unsigned char *destino, std::size_t cuantos)
 {
-    return cuantos == 0
-           || recv(cliente, destino, cuantos, MSG_WAITALL) == static_cast<ssize_t>(cuantos);
+    while (cuantos > 0) {
+        const ssize_t leidos = recv(cliente, destino, cuantos, 0);
+        if (leidos < 0 && errno == EINTR)
+            continue;
+        if (leidos <= 0)
+            return false;
+        destino += leidos;
+        cuantos -= static_cast<std::size_t>(leidos);
+    }
+    return true;
 }
 
 // A name is compared byte by byte, and the service's own is in lower case.
@@ -62,6 +71,8 @@ bool socks::escribir(int cliente, std::string_view datos)
 {
     while (!datos.empty()) {
         const ssize_t escritos = send(cliente, datos.data(), datos.size(), MSG_NOSIGNAL);
+        if (escritos < 0 && errno == EINTR)
+            continue;
         if (escritos <= 0)
             return false;
         datos.remove_prefix(static_cast<std::size_t>(escritos));

@@ -28,7 +28,7 @@ class HttpClient {
 public:
     using Cabeceras = QList<QPair<QByteArray, QByteArray>>;
 
-    // The window needs three; one more than these, started from within them, fails at once.
+    // The window needs two. One beyond this many, started from within them, fails at once.
     static constexpr int peticionesMaximas = 8;
 
     struct Limites {
