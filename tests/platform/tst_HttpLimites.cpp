@@ -155,12 +155,12 @@ void tst_HttpLimites::goteo_noEsSilencio()
         // Headers and body together take longer than the limit.
         for (const char *trozo : {"HTTP/1.1 200 OK\r\n", "X-Uno: 1\r\n", "X-Dos: 2\r\n",
                                   "Content-Length: 5\r\n", "\r\n", "a", "b", "c", "d", "e"}) {
-            std::this_thread::sleep_for(250ms);
+            std::this_thread::sleep_for(500ms);
             charla.enviar(trozo);
         }
         charla.clienteCierra();
     });
-    HttpClient http(HttpClient::autoridadesDelSistema(), conSilencio(2000ms));
+    HttpClient http(HttpClient::autoridadesDelSistema(), conSilencio(4000ms));
     QCOMPARE(http.get(guion.base() + "/a", {}), QByteArray("abcde"));
 }
 
@@ -172,7 +172,7 @@ void tst_HttpLimites::silencioRepetido_elClienteSigue()
             charla.enviar("HTTP/1.1 200 OK\r\nContent-Length: 4\r\n\r\nhola");
         charla.clienteCierra(plazo);
     });
-    HttpClient http(HttpClient::autoridadesDelSistema(), conSilencio(800ms));
+    HttpClient http(HttpClient::autoridadesDelSistema(), conSilencio(3000ms));
     for (int i = 0; i < 2; ++i)
         QCOMPARE(http.get(guion.base() + "/muda", {}), std::nullopt);
     QCOMPARE(http.get(guion.base() + "/a", {}), QByteArray("hola"));
