@@ -7,6 +7,10 @@
 
 namespace {
 
+// Of the lines before a reply's body and after it. The library bounds the former by itself, at as
+// much; it keeps what comes after a body without end.
+constexpr size_t cabeceraMaxima = size_t(300) * 1024;
+
 bool haySalida(const QByteArray &direccion)
 {
     return HttpClientSistema::haySalida(direccion.constData(),
@@ -97,6 +101,9 @@ size_t TransferenciaHttp::alRecibirCabecera(char *datos, size_t, size_t cuantos,
 {
     auto &yo = *static_cast<TransferenciaHttp *>(quien);
     yo.m_ultimoByte = Reloj::now();
+    yo.m_bytesDeCabecera += cuantos;
+    if (yo.m_bytesDeCabecera > cabeceraMaxima)
+        return 0;
     yo.recibirCabecera(QByteArray::fromRawData(datos, static_cast<qsizetype>(cuantos)));
     return cuantos;
 }

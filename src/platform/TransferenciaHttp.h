@@ -79,6 +79,7 @@ private:
     QList<QByteArray> m_conSalida; // and those with one
     bool m_conectada = false;
     Reloj::time_point m_ultimoByte;
+    size_t m_bytesDeCabecera = 0;
     QByteArray m_lugar;
     QList<QByteArray> m_codificaciones;
     bool m_cabeceraEntera = false;

@@ -26,6 +26,11 @@ using Recibir = DecodificacionHttp::Recibir;
 // Nobody sends so many in earnest.
 constexpr qsizetype etapasMaximas = 5;
 
+// What all stages may make of one piece of the body as it came, of 16 KiB at the most. A single
+// stage makes 17 MiB of that when it is nothing but repetition; more comes of encodings within one
+// another, a few hundred bytes of which would keep the window from its events for minutes.
+constexpr qsizetype salidaMaxima = qsizetype(32) * 1024 * 1024;
+
 // A bare stream is recognised by its beginning; this much of it is kept for the second attempt.
 constexpr qsizetype principioMaximo = 64 * 1024;
 
@@ -43,8 +48,9 @@ public:
     // The bits of the window say to zlib which envelopes it may find.
     enum Envoltura { Gzip = MAX_WBITS + 32, Deflate = MAX_WBITS };
 
-    Comprimida(Envoltura envoltura, const Recibir &recibir)
-        : m_recibir(recibir), m_desnuda(envoltura == Deflate),
+    // `salida`: what all stages have made of the piece at hand; borrowed.
+    Comprimida(Envoltura envoltura, const Recibir &recibir, qsizetype &salida)
+        : m_recibir(recibir), m_salida(salida), m_desnuda(envoltura == Deflate),
           m_lista(inflateInit2(&m_flujo, envoltura) == Z_OK)
     {
     }
@@ -85,7 +91,8 @@ private:
                 return false;
             if (producidos > 0) {
                 decidirse();
-                if (!m_recibir(salida.data(), producidos))
+                m_salida += producidos;
+                if (m_salida > salidaMaxima || !m_recibir(salida.data(), producidos))
                     return false;
             }
             if (estado == Z_STREAM_END) {
@@ -118,6 +125,7 @@ private:
     }
 
     Recibir m_recibir;
+    qsizetype &m_salida;
     z_stream m_flujo = {};
     bool m_desnuda; // the envelope may be missing
     QByteArray m_principio;
@@ -128,13 +136,13 @@ private:
 };
 
 std::unique_ptr<DecodificacionHttp::Etapa> etapa(const QByteArray &codificacion,
-                                                 const Recibir &recibir)
+                                                 const Recibir &recibir, qsizetype &salida)
 {
     const QByteArray nombre = codificacion.toLower();
     if (nombre == "gzip" || nombre == "x-gzip")
-        return std::make_unique<Comprimida>(Comprimida::Gzip, recibir);
+        return std::make_unique<Comprimida>(Comprimida::Gzip, recibir, salida);
     if (nombre == "deflate")
-        return std::make_unique<Comprimida>(Comprimida::Deflate, recibir);
+        return std::make_unique<Comprimida>(Comprimida::Deflate, recibir, salida);
     return std::make_unique<Desconocida>();
 }
 
@@ -156,7 +164,7 @@ DecodificacionHttp::DecodificacionHttp(const QList<QByteArray> &codificaciones,
         if (sinEfecto(codificacion) && !demasiadas)
             continue;
         m_etapas.push_back(demasiadas ? std::make_unique<Desconocida>()
-                                      : etapa(codificacion, m_entrada));
+                                      : etapa(codificacion, m_entrada, m_salida));
         m_entrada = [una = m_etapas.back().get()](const char *datos, qsizetype cuantos) {
             return una->pasar(datos, cuantos);
         };
@@ -167,6 +175,7 @@ DecodificacionHttp::~DecodificacionHttp() = default;
 
 bool DecodificacionHttp::pasar(const char *datos, qsizetype cuantos)
 {
+    m_salida = 0;
     return m_entrada(datos, cuantos);
 }
 

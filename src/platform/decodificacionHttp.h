@@ -24,7 +24,8 @@ public:
     DecodificacionHttp &operator=(const DecodificacionHttp &) = delete;
 
     // A piece of the body as it came. False: it cannot be decoded (an encoding that is not known,
-    // a damaged stream, bytes after its end), or the receiver wants no more.
+    // a damaged stream, bytes after its end), it swells beyond all measure, or the receiver wants
+    // no more.
     bool pasar(const char *datos, qsizetype cuantos);
     // Whether every stream that has begun has come to its own end. One without a byte has not
     // begun: an empty body is whole in any encoding.
@@ -34,5 +35,6 @@ public:
 
 private:
     Recibir m_entrada;
+    qsizetype m_salida = 0;
     std::vector<std::unique_ptr<Etapa>> m_etapas;
 };

@@ -51,6 +51,9 @@ private Q_SLOTS:
 
     void silencio_data();
     void silencio();
+    void compresionesUnasEnOtras_noCrecenSinMedida_data();
+    void compresionesUnasEnOtras_noCrecenSinMedida();
+    void lineasTrasElCuerpo_acotadas();
     void goteo_noEsSilencio();
     void silencioRepetido_elClienteSigue();
     void conexionQueNoSeHace_seAbandona();
@@ -146,6 +149,56 @@ void tst_HttpLimites::silencio()
     QVERIFY(!http.getArchivo(guion.base() + "/b", destino));
     QTRY_COMPARE(cerradas, 2); // given up is given up
     QCOMPARE(guion.conexiones(), 2);
+}
+
+// Streams that hold nothing but more of themselves: what comes out at the end is little, or
+// nothing at all, and what is made of it on the way is not.
+void tst_HttpLimites::compresionesUnasEnOtras_noCrecenSinMedida_data()
+{
+    QTest::addColumn<QByteArray>("codificaciones");
+    QTest::addColumn<QByteArray>("cuerpo");
+    // qCompress puts the length before a zlib stream, which is what "deflate" names.
+    const auto comprimido = [](const QByteArray &bytes) {
+        return qCompress(bytes, 9).mid(4);
+    };
+    QByteArray vacio("\x78\x01"); // blocks without a byte in them
+    for (int i = 0; i < 8 * 1024 * 1024; ++i)
+        vacio.append("\0\0\0\xff\xff", 5);
+    vacio.append("\x01\0\0\xff\xff\0\0\0\x01", 9);
+    QTest::newRow("nothing at the end")
+        << QByteArray("deflate, deflate, deflate") << comprimido(comprimido(vacio));
+    QTest::newRow("much at the end") << QByteArray("deflate, deflate")
+                                     << comprimido(comprimido(QByteArray(48 * 1024 * 1024, 'x')));
+}
+
+void tst_HttpLimites::compresionesUnasEnOtras_noCrecenSinMedida()
+{
+    QFETCH(QByteArray, codificaciones);
+    QFETCH(QByteArray, cuerpo);
+    QVERIFY(cuerpo.size() < 16 * 1024); // one piece
+    const ServidorGuion guion("HTTP/1.1 200 OK\r\nContent-Encoding: " + codificaciones + "\r\n\r\n"
+                              + cuerpo);
+    HttpClient http;
+    QCOMPARE(http.get(guion.base() + "/a", {}), std::nullopt);
+    QBuffer destino;
+    destino.open(QIODevice::WriteOnly);
+    QVERIFY(!http.getArchivo(guion.base() + "/b", destino));
+}
+
+void tst_HttpLimites::lineasTrasElCuerpo_acotadas()
+{
+    const ServidorGuion guion([](Charla &charla) {
+        charla.leerCabeza();
+        charla.enviar("HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n4\r\nhola\r\n0\r\n");
+        // Many times the bound; who takes them all has the body whole.
+        for (int i = 0; i < 2000; ++i)
+            charla.enviar("X-Mas: " + QByteArray(1000, 'm') + "\r\n");
+        charla.enviar("\r\n");
+        charla.terminar();
+        charla.clienteCierra(plazo);
+    });
+    HttpClient http;
+    QCOMPARE(http.get(guion.base() + "/a", {}), std::nullopt);
 }
 
 void tst_HttpLimites::goteo_noEsSilencio()
