@@ -5,6 +5,7 @@
 #include <QEvent>
 #include <QEventLoop>
 #include <QGridLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
@@ -15,7 +16,8 @@ namespace {
 
 // Keeps the user's input from a window while a box stands before it. A modal box would do the
 // same but would also swallow the window's close button, and closing the window must end the
-// program at any moment.
+// program at any moment. The box itself is not put away by a key that is still held down from
+// before it came: nobody would have read it.
 class EntradaRetenida : public QObject {
 public:
     EntradaRetenida(QWidget *ventana, QMessageBox *cuadro) : m_ventana(ventana), m_cuadro(cuadro)
@@ -26,6 +28,8 @@ public:
     bool eventFilter(QObject *objeto, QEvent *suceso) override
     {
         auto *elemento = qobject_cast<QWidget *>(objeto);
+        if (elemento && elemento->window() == m_cuadro)
+            return esRepeticion(suceso);
         if (!elemento || elemento->window() != m_ventana || !esEntrada(suceso->type()))
             return false;
         if (suceso->type() == QEvent::MouseButtonPress) {
@@ -36,6 +40,12 @@ public:
     }
 
 private:
+    static bool esRepeticion(QEvent *suceso)
+    {
+        return suceso->type() == QEvent::KeyPress
+               && static_cast<QKeyEvent *>(suceso)->isAutoRepeat();
+    }
+
     static bool esEntrada(QEvent::Type tipo)
     {
         switch (tipo) {

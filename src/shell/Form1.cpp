@@ -10,6 +10,7 @@
 #include "ui_Form1.h"
 
 #include <QCloseEvent>
+#include <QKeyEvent>
 #include <QScopedValueRollback>
 #include <QSvgRenderer>
 
@@ -63,6 +64,10 @@ void Form1::unirElementos()
     atenderDeAUna(ui->Command2, &Form1::Command2_Click);
     atenderDeAUna(ui->Command3, &Form1::Command3_Click);
     connect(ui->Command4, &QPushButton::clicked, this, &Form1::Command4_Click);
+    const QList<QWidget *> conReturn = {ui->txtUser, ui->txtPwd, ui->Command1, ui->Command2,
+                                        ui->Command3};
+    for (QWidget *elemento : conReturn)
+        elemento->installEventFilter(this);
     connect(ui->txtUser, &QLineEdit::returnPressed, ui->Command1, &QPushButton::click);
     connect(ui->txtPwd, &QLineEdit::returnPressed, ui->Command1, &QPushButton::click);
     connect(ui->ComboTipo, &QComboBox::activated, this, &Form1::ComboTipo_Click);
@@ -81,6 +86,15 @@ void Form1::atenderDeAUna(QPushButton *boton, void (Form1::*manejador)())
         const QScopedValueRollback curso(enCurso, true);
         (this->*manejador)();
     });
+}
+
+bool Form1::eventFilter(QObject *objeto, QEvent *suceso)
+{
+    if (suceso->type() != QEvent::KeyPress)
+        return QWidget::eventFilter(objeto, suceso);
+    const auto *tecla = static_cast<QKeyEvent *>(suceso);
+    const bool presiona = tecla->key() == Qt::Key_Return || tecla->key() == Qt::Key_Enter;
+    return presiona && tecla->isAutoRepeat();
 }
 
 void Form1::Form_Load()

@@ -61,6 +61,12 @@ void pulsar(const VentanaDePrueba &v, const QByteArray &nombre)
         boton->click();
 }
 
+void repetirReturn(QWidget *elemento)
+{
+    QKeyEvent otra(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"), true);
+    QApplication::sendEvent(elemento, &otra);
+}
+
 } // namespace
 
 class tst_repeticion : public QObject {
@@ -89,10 +95,8 @@ private Q_SLOTS:
         const Repeticion tecla([&] {
             if (++pulsos == presiones)
                 v.e.demo.quitarFallas();
-            QKeyEvent otra(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"),
-                           true);
             if (pulsos < presiones)
-                QApplication::sendEvent(casilla, &otra);
+                repetirReturn(casilla);
         });
         QTest::keyClick(casilla, Qt::Key_Return);
         QVERIFY(pulsos >= presiones);
@@ -120,6 +124,41 @@ private Q_SLOTS:
         QVERIFY(clics >= presiones);
         QCOMPARE(cuantas(v, {alumnos}), 1);
         QCOMPARE(cuantas(v, {"/pazYsalvo/"}), 2); // one a student
+    }
+
+    // The box of a refused login takes the focus, and with it the repetitions of the key.
+    void enterSostenidoConClaveMala_esUnSoloIngresoYDejaElMensaje()
+    {
+        VentanaDePrueba v;
+        v.escribirCuenta(QStringLiteral("secretaria"), QStringLiteral("otra"));
+        int pulsosAnteElCuadro = 0;
+        const Repeticion tecla([&] {
+            const auto abiertos = v.cuadrosAbiertos();
+            if (!abiertos.isEmpty() && ++pulsosAnteElCuadro == presiones)
+                QTest::keyClick(abiertos.first()->button(QMessageBox::Ok), Qt::Key_Return);
+            QWidget *conFoco = abiertos.isEmpty() ? v.elemento("txtPwd")
+                                                  : abiertos.first()->button(QMessageBox::Ok);
+            repetirReturn(conFoco);
+        });
+        QTest::keyClick(v.elemento("txtPwd"), Qt::Key_Return);
+        QCOMPARE(pulsosAnteElCuadro, presiones);
+        for (int i = 0; i < presiones; ++i)
+            repetirReturn(v.elemento("txtPwd"));
+        QCOMPARE(cuantas(v, {login}), 4); // the tries of one
+    }
+
+    void enterSostenidoEnImprimir_esUnSoloTrabajo()
+    {
+        VentanaDePrueba v;
+        v.ingresar();
+        v.elegir("Option1_2");
+        prepararImpresion(v);
+        v.e.demo.olvidarPeticiones();
+        QTest::keyClick(v.elemento("Command2"), Qt::Key_Return);
+        QCOMPARE(cuantas(v, {"/pazYsalvo/"}), 2);
+        for (int i = 0; i < presiones; ++i)
+            repetirReturn(v.elemento("Command2"));
+        QCOMPARE(cuantas(v, {"/pazYsalvo/"}), 2);
     }
 
     void trabajoTerminado_puedeEmpezarDeNuevo()

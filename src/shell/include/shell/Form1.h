@@ -40,6 +40,9 @@ public:
 
 protected:
     void closeEvent(QCloseEvent *suceso) override;
+    // A key that is held down presses a button once: what its repetitions would begin after that
+    // (one more login, the whole classroom on paper again) nobody has asked for.
+    bool eventFilter(QObject *objeto, QEvent *suceso) override;
 
 private:
     void Form_Load();
