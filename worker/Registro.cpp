@@ -118,10 +118,15 @@ void Registro::anotar(std::string_view ruta, std::string_view resultado)
         fs::rename(archivo_, archivo_.string() + ".1", sinImportancia);
 
     // One write with O_APPEND: two workers at once do not mix their lines.
+    // A pipe of that name would be waited for.
     const int descriptor =
-        open(archivo_.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, S_IRUSR | S_IWUSR);
+        open(archivo_.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_NONBLOCK | O_NOCTTY | O_CLOEXEC,
+             S_IRUSR | S_IWUSR);
     if (descriptor < 0)
         return;
-    [[maybe_unused]] const ssize_t escritos = write(descriptor, linea.data(), linea.size());
+    struct stat datos {};
+    if (fstat(descriptor, &datos) == 0 && S_ISREG(datos.st_mode)) {
+        [[maybe_unused]] const ssize_t escritos = write(descriptor, linea.data(), linea.size());
+    }
     close(descriptor);
 }

@@ -7,6 +7,10 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <pwd.h>
 #include <unistd.h>
 
@@ -20,6 +24,7 @@ private Q_SLOTS:
     void folder_isTheUsersStateFolder();
     void homeThatIsNoPath_givesWayToTheAccounts();
     void missingFolders_areMade();
+    void pipeInItsPlace_isDoneWithout();
     void file_isForTheUserOnly();
     void fullLog_becomesTheOldOne();
     void unwritableLog_isDoneWithout();
@@ -109,6 +114,19 @@ void TstRegistro::missingFolders_areMade()
     const QString archivo = carpeta.filePath("a/b/print.log");
     Registro(archivo.toStdString(), 1000).anotar("/a.html", "trabajo 1");
     QVERIFY(contenido(archivo).endsWith("\t/a.html\ttrabajo 1\n"));
+}
+
+void TstRegistro::pipeInItsPlace_isDoneWithout()
+{
+    const QTemporaryDir carpeta;
+    const std::string archivo = carpeta.filePath("print.log").toStdString();
+    QCOMPARE(mkfifo(archivo.c_str(), 0600), 0);
+    Registro(archivo, 1000).anotar("/a.html", "trabajo 1"); // and does not wait for a reader
+    const int lector = open(archivo.c_str(), O_RDONLY | O_NONBLOCK);
+    Registro(archivo, 1000).anotar("/a.html", "trabajo 1");
+    char leido = 0;
+    QCOMPARE(read(lector, &leido, 1), ssize_t(0)); // nor gives it anything
+    close(lector);
 }
 
 void TstRegistro::file_isForTheUserOnly()
