@@ -40,7 +40,7 @@ QString programaImpresion()
 QList<QByteArray> variablesDe(const EntornoImpresion &entorno)
 {
     return {"PARVANEL_ORIGEN=" + entorno.origen.toUtf8(),
-            "PARVANEL_RAIZ=" + QFile::encodeName(entorno.raiz)};
+            "PARVANEL_RAIZ=" + (entorno.raiz ? QFile::encodeName(entorno.raiz()) : QByteArray())};
 }
 
 // So many workers in a row that ended without taking anything, and the next is no better.
@@ -53,7 +53,7 @@ constexpr int arranquesEnVano = 3;
 class Verbos::Interno : public QObject {
 public:
     Interno(const EntornoImpresion &entorno, PlazosImpresion plazos)
-        : m_variables(variablesDe(entorno)), m_plazos(plazos)
+        : m_entorno(entorno), m_plazos(plazos)
     {
         std::signal(SIGPIPE, SIG_IGN); // a worker that is gone is an error of the write
         m_atasco.setSingleShot(true);
@@ -98,7 +98,8 @@ private:
     {
         if (m_enVano >= arranquesEnVano && !m_descanso.hasExpired())
             return false;
-        m_obrero = Obrero::arrancar(programaImpresion(), m_variables, [this] { terminado(); });
+        m_obrero =
+            Obrero::arrancar(programaImpresion(), variablesDe(m_entorno), [this] { terminado(); });
         if (!m_obrero)
             return false;
         m_hueco = std::make_unique<QSocketNotifier>(m_obrero->tuberia(), QSocketNotifier::Write);
@@ -144,7 +145,7 @@ private:
         std::erase_if(m_anteriores, [](const auto &anterior) { return anterior->termino(); });
     }
 
-    QList<QByteArray> m_variables;
+    EntornoImpresion m_entorno;
     PlazosImpresion m_plazos;
     std::unique_ptr<Obrero> m_obrero;
     std::vector<std::unique_ptr<Obrero>> m_anteriores; // that have not ended yet

@@ -35,7 +35,9 @@ int Programa::correr(const QString &ServiceBase)
     Azar azar;
     Verbos verbos(
         {.origen = QString::fromUtf8(direccionHttp::separar(ServiceBase.toUtf8()).servidor),
-         .raiz = disco.rutaNativa(QStringLiteral("C:\\Quorvela"))});
+         .raiz = [&disco] {
+             return disco.rutaNativa(QStringLiteral("C:\\Quorvela"));
+         }});
     Module1 sesion;
     Progreso progreso;
     Entorno entorno{.ServiceBase = ServiceBase,

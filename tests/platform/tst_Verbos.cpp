@@ -531,7 +531,11 @@ void tst_Verbos::obrero_sabeElOrigenYLaRaiz()
     qputenv("PARVANEL_ORIGEN", "http://otro.invalid");
     qputenv("QUEDA", "igual");
     {
-        Verbos verbos({.origen = u"http://127.0.0.1:8080"_s, .raiz = u"/home/íñigo/Quorvela"_s});
+        QString raiz = u"/home/íñigo/quorvela"_s;
+        Verbos verbos({.origen = u"http://127.0.0.1:8080"_s, .raiz = [&raiz] {
+                           return raiz;
+                       }});
+        raiz = u"/home/íñigo/Quorvela"_s; // as it is when the worker is started
         verbos.imprimir(documento(u"uno.html"_s));
         QTRY_COMPARE(inicios().size(), 1);
         const QList<QByteArray> entorno = entornoDe(inicios().first().pid);

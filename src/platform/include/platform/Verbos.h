@@ -6,13 +6,16 @@
 #include <QString>
 
 #include <chrono>
+#include <functional>
 #include <memory>
 
 // What the print worker has to know of the program, handed to it in its environment and to nobody
 // else: as PARVANEL_ORIGEN and PARVANEL_RAIZ.
 struct EntornoImpresion {
     QString origen; // of the service, "https://host:port": pages may fetch from there
-    QString raiz;   // native path of the archive root: pages may read below it
+    // The native path of the archive root: pages may read below it. Asked for at each start of a
+    // worker, since the root may have been made, or moved to another spelling, meanwhile.
+    std::function<QString()> raiz;
 };
 
 struct PlazosImpresion {
