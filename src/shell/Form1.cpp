@@ -128,8 +128,8 @@ void Form1::Salones_nuevaDescarga(const QString &elem)
     ui->estadoHS->ponerTexto(elem);
 }
 
-// Without a yield, unlike the classrooms' handler: the students' progress has always been shown
-// at the yields of the run itself.
+// Without a yield, unlike the classrooms' handler: a job that began in it would send its requests
+// between a student's text and the request which that text announces.
 void Form1::Alumnos_nuevaDescarga(const QString &elem)
 {
     ui->estadoHS->ponerTexto(elem);
