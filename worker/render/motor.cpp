@@ -97,6 +97,9 @@ void motor::prepararEntorno(std::uint16_t pasarela)
     qputenv("QT_QPA_PLATFORM", "offscreen");
 
     QByteArray opciones = "--disable-gpu --disable-background-networking"
+                          // A page that nobody looks at has timers that tick once a second, which
+                          // would make each document wait for as long.
+                          " --disable-background-timer-throttling"
                           // A report card is a small page: one that wants more is running wild.
                           " --js-flags=--max-old-space-size=256"
                           + sinRed(pasarela);
