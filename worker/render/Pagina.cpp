@@ -25,7 +25,8 @@ Pagina::Pagina(QWebEngineProfile *perfil, QObject *parent) : QWebEnginePage(perf
     // The handler of another kind of address is a program on the user's screen.
     ajustes->setUnknownUrlSchemePolicy(QWebEngineSettings::DisallowUnknownUrlSchemes);
     callarImpresion();
-    // A page without a window counts as hidden, and the timers of hidden pages tick once a second.
+    // Without a window it still counts as hidden to its scripts; what that would do to their timers
+    // is switched off when the engine is started.
     setVisible(true);
 }
 
