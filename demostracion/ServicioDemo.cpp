@@ -23,6 +23,7 @@
 
 namespace {
 
+using namespace Qt::StringLiterals;
 using namespace demo;
 
 constexpr auto entreMiradas = std::chrono::milliseconds(5);
@@ -86,9 +87,7 @@ ServicioDemo::Interno::Interno(const TamanoEscuela &tamano, Modo modo)
     if (pipe2(parada, O_CLOEXEC) != 0)
         throw std::runtime_error("no pipe for the demonstration service");
     const int puerto = abrirPuerto();
-    base = QStringLiteral("%1://127.0.0.1:%2")
-               .arg(modo == Modo::Http ? QStringLiteral("http") : QStringLiteral("https"))
-               .arg(puerto);
+    base = u"%1://127.0.0.1:%2"_s.arg(modo == Modo::Http ? u"http"_s : u"https"_s).arg(puerto);
     rutas = std::make_unique<Rutas>(escuela, base);
     oyente = std::thread([this] { escuchar(); });
 }

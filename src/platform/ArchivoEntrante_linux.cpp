@@ -10,6 +10,8 @@
 #include <fcntl.h>
 #include <sys/file.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int maximoDeIntentos = 1000; // names tried for one temporary file
@@ -19,7 +21,7 @@ constexpr int maximoDeIntentos = 1000; // names tried for one temporary file
 QString siguienteTemporal()
 {
     static unsigned contador = 0;
-    return QStringLiteral(".descarga-%1-%2").arg(::getpid()).arg(++contador);
+    return u".descarga-%1-%2"_s.arg(::getpid()).arg(++contador);
 }
 
 bool existeTodavia(const Descriptor &archivo)
@@ -55,7 +57,7 @@ Intento crearTemporal(const Descriptor &carpeta, const QString &nombre)
 // that has ended and waits for its parent lives no longer: it gives the end of all time.
 std::optional<qint64> comienzoDe(qint64 proceso)
 {
-    QFile estado(QStringLiteral("/proc/%1/stat").arg(proceso));
+    QFile estado(u"/proc/%1/stat"_s.arg(proceso));
     if (!estado.open(QIODevice::ReadOnly))
         return std::nullopt;
     const QByteArray linea = estado.readAll();

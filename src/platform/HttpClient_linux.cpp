@@ -15,9 +15,11 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 QString HttpClient::autoridadesDelSistema()
 {
-    return QStringLiteral("/etc/ssl/certs/ca-certificates.crt");
+    return u"/etc/ssl/certs/ca-certificates.crt"_s;
 }
 
 namespace {

@@ -11,6 +11,8 @@
 #include <dirent.h>
 #include <fcntl.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct CierraDirectorio {
@@ -48,9 +50,8 @@ void agregarEscritura(QStringList &escrituras, const QString &nombre)
 
 std::optional<qint64> procesoDeTemporal(const QString &nombre)
 {
-    static const QRegularExpression patron(
-        QStringLiteral("\\A\\.descarga-([1-9][0-9]{0,9})-[0-9]+\\z"));
-    if (!nombre.startsWith(QStringLiteral(".descarga-")))
+    static const QRegularExpression patron(u"\\A\\.descarga-([1-9][0-9]{0,9})-[0-9]+\\z"_s);
+    if (!nombre.startsWith(u".descarga-"_s))
         return std::nullopt;
     const QRegularExpressionMatch hallado = patron.match(nombre);
     return hallado.hasMatch() ? std::optional(hallado.captured(1).toLongLong()) : std::nullopt;

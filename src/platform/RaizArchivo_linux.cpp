@@ -8,6 +8,8 @@
 #include <linux/openat2.h>
 #include <sys/syscall.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int soloNombrar = O_PATH | O_DIRECTORY | O_CLOEXEC;
@@ -27,8 +29,7 @@ Descriptor abrirDebajo(const Descriptor &carpeta, const QString &ruta)
 
 QString rutaReal(const Descriptor &carpeta, const QString &dentro = QString())
 {
-    return QFileInfo(QStringLiteral("/proc/self/fd/%1/").arg(carpeta.numero()) + dentro)
-        .canonicalFilePath();
+    return QFileInfo(u"/proc/self/fd/%1/"_s.arg(carpeta.numero()) + dentro).canonicalFilePath();
 }
 
 } // namespace

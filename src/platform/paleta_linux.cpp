@@ -10,13 +10,15 @@
 #include <QGuiApplication>
 #include <QPalette>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const auto servicio = QStringLiteral("org.freedesktop.portal.Desktop");
-const auto objeto = QStringLiteral("/org/freedesktop/portal/desktop");
-const auto interfaz = QStringLiteral("org.freedesktop.portal.Settings");
-const auto espacio = QStringLiteral("org.freedesktop.appearance");
-const auto clave = QStringLiteral("color-scheme");
+const auto servicio = u"org.freedesktop.portal.Desktop"_s;
+const auto objeto = u"/org/freedesktop/portal/desktop"_s;
+const auto interfaz = u"org.freedesktop.portal.Settings"_s;
+const auto espacio = u"org.freedesktop.appearance"_s;
+const auto clave = u"color-scheme"_s;
 constexpr uint prefiereOscuro = 1;
 
 QPalette paletaOscura()
@@ -60,10 +62,10 @@ public:
         qDBusRegisterMetaType<QDBusVariant>();
         // A desktop without this service changes nothing later either.
         [[maybe_unused]] const bool avisara =
-            bus.connect(servicio, objeto, interfaz, QStringLiteral("SettingChanged"), this,
+            bus.connect(servicio, objeto, interfaz, u"SettingChanged"_s, this,
                         SLOT(alCambiar(QString, QString, QDBusVariant)));
         QDBusMessage pregunta =
-            QDBusMessage::createMethodCall(servicio, objeto, interfaz, QStringLiteral("Read"));
+            QDBusMessage::createMethodCall(servicio, objeto, interfaz, u"Read"_s);
         pregunta << espacio << clave;
         auto *espera = new QDBusPendingCallWatcher(bus.asyncCall(pregunta), this);
         connect(espera, &QDBusPendingCallWatcher::finished, this, [this, espera] {

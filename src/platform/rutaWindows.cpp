@@ -3,6 +3,8 @@
 
 #include <QRegularExpression>
 
+using namespace Qt::StringLiterals;
+
 namespace rutaWindows {
 namespace {
 
@@ -28,7 +30,7 @@ bool enUnidadC(const QString &ruta)
 
 std::optional<EnLista> comoEnLista(const QString &ruta)
 {
-    static const QRegularExpression partes(QStringLiteral("\\A([^\\\\/]+)[\\\\/]([^/]+)/(.*)\\z"),
+    static const QRegularExpression partes(u"\\A([^\\\\/]+)[\\\\/]([^/]+)/(.*)\\z"_s,
                                            QRegularExpression::DotMatchesEverythingOption);
     const auto hallado = enUnidadC(ruta) ? partes.match(ruta.mid(3)) : QRegularExpressionMatch();
     if (!hallado.hasMatch())
@@ -47,10 +49,9 @@ bool terminaEnSeparador(const QString &ruta)
 
 bool nombreRefusado(const QString &nombre)
 {
-    static const QRegularExpression prohibidos(QStringLiteral("[<>:\"|?*\\x00-\\x1f]"));
-    static const QRegularExpression dispositivo(
-        QStringLiteral("^(con|prn|aux|nul|com[1-9]|lpt[1-9]) *(\\.|$)"),
-        QRegularExpression::CaseInsensitiveOption);
+    static const QRegularExpression prohibidos(u"[<>:\"|?*\\x00-\\x1f]"_s);
+    static const QRegularExpression dispositivo(u"^(con|prn|aux|nul|com[1-9]|lpt[1-9]) *(\\.|$)"_s,
+                                                QRegularExpression::CaseInsensitiveOption);
     return nombre.isEmpty() || nombre.contains(prohibidos) || nombre.contains(dispositivo);
 }
 
@@ -58,7 +59,7 @@ std::optional<QStringList> nombres(const QString &ruta)
 {
     if (!enUnidadC(ruta))
         return std::nullopt;
-    static const QRegularExpression separadores(QStringLiteral("[\\\\/]+"));
+    static const QRegularExpression separadores(u"[\\\\/]+"_s);
     QStringList resultado;
     const QStringList trozos = ruta.mid(3).split(separadores, Qt::SkipEmptyParts);
     for (const QString &trozo : trozos) {

@@ -20,16 +20,18 @@
 #include <utility>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // Beside the running program, where an installation that was moved has it, where this one was to
 // be installed, then on PATH.
 QString programaImpresion()
 {
-    const QString nombre = QStringLiteral("parvanel-print");
+    const QString nombre = u"parvanel-print"_s;
     const QString propia = QCoreApplication::applicationDirPath();
-    for (const QString &carpeta : {propia, propia + QStringLiteral("/../libexec/parvanel"),
-                                   QStringLiteral(PARVANEL_LIBEXECDIR)}) {
+    for (const QString &carpeta :
+         {propia, propia + u"/../libexec/parvanel"_s, QStringLiteral(PARVANEL_LIBEXECDIR)}) {
         const QString hallado = QStandardPaths::findExecutable(nombre, {carpeta});
         if (!hallado.isEmpty())
             return hallado;
@@ -168,7 +170,7 @@ void Verbos::abrir(const QString &documento)
     herencia::nada();
     [[maybe_unused]] const bool
         abierto = // a desktop without a browser is not this program's affair
-        QProcess::startDetached(QStringLiteral("xdg-open"), {documento});
+        QProcess::startDetached(u"xdg-open"_s, {documento});
 }
 
 void Verbos::imprimir(const QString &documento)

@@ -2,6 +2,8 @@
 #include "records/tcSalones.h"
 #include "records/matriz.h"
 
+using namespace Qt::StringLiterals;
+
 tcSalones::Referencia tcSalones::Add(const QString &id, const QString &salon, const QString &sKey)
 {
     return agregar({id, salon}, sKey);
@@ -16,7 +18,7 @@ void tcSalones::Fcargar(const QString &rta)
         const QString salon = matriz::campo(fila, 1);
         // The line shows the identifier as it came, line breaks included.
         Q_EMIT
-        nuevaLinea(matriz::campo(fila, 0) + QStringLiteral("   : ") + salon);
+        nuevaLinea(matriz::campo(fila, 0) + u"   : "_s + salon);
         Add(clave, salon, clave);
     }
 }

@@ -3,6 +3,8 @@
 #include "platform/codepage.h"
 #include "service/archivos.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int intentosMaximos = 4;
@@ -28,7 +30,7 @@ QString frmCargador::direccionDe(const QString &url, const QString &parametros, 
                                  std::int32_t azar)
 {
     if (usarAzar)
-        return url + QStringLiteral("?azar=") + QString::number(azar) + u'&' + parametros;
+        return url + u"?azar="_s + QString::number(azar) + u'&' + parametros;
     if (parametros.size() > 2)
         return url + u'?' + parametros;
     return url;

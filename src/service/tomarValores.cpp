@@ -6,6 +6,8 @@
 
 #include <QStringList>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 bool rolAceptado(const QString &rol)
@@ -16,19 +18,18 @@ bool rolAceptado(const QString &rol)
 // A switch of the school, "SI" or whatever else the service holds.
 QString interruptor(const QString &valor)
 {
-    return codepage::enMayusculas(valor == u"1" ? QStringLiteral("SI") : valor);
+    return codepage::enMayusculas(valor == u"1" ? u"SI"_s : valor);
 }
 
 } // namespace
 
 QString pedirValor(Entorno &entorno, frmCargador &cargador, const QString &campo, bool acentos)
 {
-    QString parametros =
-        QStringLiteral("idcolegio=") + entorno.sesion.idColegio + QStringLiteral("&campo=") + campo;
+    QString parametros = u"idcolegio="_s + entorno.sesion.idColegio + u"&campo="_s + campo;
     if (acentos)
-        parametros += QStringLiteral("&acutes=SI");
-    return cargador.conectar(
-        entorno.ServiceBase + QStringLiteral("/querys/tessarin/tomarValor.php"), parametros, true);
+        parametros += u"&acutes=SI"_s;
+    return cargador.conectar(entorno.ServiceBase + u"/querys/tessarin/tomarValor.php"_s, parametros,
+                             true);
 }
 
 bool tomarValores(Entorno &entorno, const QString &respuestaLogin)
@@ -42,17 +43,17 @@ bool tomarValores(Entorno &entorno, const QString &respuestaLogin)
     };
 
     // A super administrator works in the program as a secretary.
-    entorno.sesion.rolUsuario = QStringLiteral("SECRETARIA");
+    entorno.sesion.rolUsuario = u"SECRETARIA"_s;
     entorno.sesion.idColegio = campos.value(0);
     // The year is asked for with the id as it came; its line breaks go only afterwards.
-    entorno.sesion.anoActual = ajuste(QStringLiteral("ANOACTUAL"));
+    entorno.sesion.anoActual = ajuste(u"ANOACTUAL"_s);
     entorno.sesion.idColegio = sinSaltos(entorno.sesion.idColegio);
     entorno.sesion.anoActual = sinSaltos(entorno.sesion.anoActual);
-    entorno.sesion.usaBoleta2 = ajuste(QStringLiteral("USABOLETA2"));
-    entorno.sesion.usaInfoFin2 = ajuste(QStringLiteral("USAINFOFIN2"));
+    entorno.sesion.usaBoleta2 = ajuste(u"USABOLETA2"_s);
+    entorno.sesion.usaInfoFin2 = ajuste(u"USAINFOFIN2"_s);
     // The certificate's switch stays as the service sent it: it is compared with "2" and "3",
     // the values that the service sends for it.
-    entorno.sesion.usaCertiFin2 = ajuste(QStringLiteral("USACERTIFIN2"));
+    entorno.sesion.usaCertiFin2 = ajuste(u"USACERTIFIN2"_s);
     entorno.sesion.usaBoleta2 = interruptor(entorno.sesion.usaBoleta2);
     entorno.sesion.usaInfoFin2 = interruptor(entorno.sesion.usaInfoFin2);
     return true;

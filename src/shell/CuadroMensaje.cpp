@@ -12,6 +12,8 @@
 #include <QScreen>
 #include <QScrollArea>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // Keeps the user's input from a window while a box stands before it. A modal box would do the
@@ -88,7 +90,7 @@ void ensanchar(QMessageBox &cuadro)
 void ajustarAlto(QMessageBox &cuadro)
 {
     auto *rejilla = qobject_cast<QGridLayout *>(cuadro.layout());
-    auto *rotulo = cuadro.findChild<QLabel *>(QStringLiteral("qt_msgbox_label"));
+    auto *rotulo = cuadro.findChild<QLabel *>(u"qt_msgbox_label"_s);
     const QSize pantalla = cuadro.screen()->availableSize();
     const QSize marco(qMin(cuadro.fontMetrics().averageCharWidth() * 80, pantalla.width() * 3 / 4),
                       pantalla.height() / 2);
@@ -117,7 +119,7 @@ void cuadroMensaje(QWidget *ventana, const QString &texto)
     cuadro.setWindowModality(Qt::NonModal);
     cuadro.setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint
                           | Qt::WindowCloseButtonHint);
-    cuadro.button(QMessageBox::Ok)->setText(QStringLiteral("OK")); // in every language
+    cuadro.button(QMessageBox::Ok)->setText(u"OK"_s); // in every language
     cuadro.button(QMessageBox::Ok)->setIcon(QIcon());
     ensanchar(cuadro);
 

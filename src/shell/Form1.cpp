@@ -14,6 +14,8 @@
 #include <QScopedValueRollback>
 #include <QSvgRenderer>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int twipsPorPixel = 15; // at 96 dpi
@@ -44,7 +46,7 @@ void Form1::unirElementos()
                           .estadoTS = ui->estadoTS,
                           .estadoHS = ui->estadoHS};
     ui->Dir1->ponerDisco(&m_entorno.disco);
-    ui->Image1->load(QStringLiteral(":/logo.svg"));
+    ui->Image1->load(u":/logo.svg"_s);
     ui->Image1->renderer()->setAspectRatioMode(Qt::KeepAspectRatio);
 
     const QList<QRadioButton *> modos = {ui->Option1_0, ui->Option1_1, ui->Option1_2,
@@ -100,7 +102,7 @@ bool Form1::eventFilter(QObject *objeto, QEvent *suceso)
 void Form1::Form_Load()
 {
     // A request made before a login would carry this as the school's id.
-    m_entorno.sesion.idColegio = QStringLiteral("ERROR");
+    m_entorno.sesion.idColegio = u"ERROR"_s;
     resize(anchoTwips / twipsPorPixel, altoTwips / twipsPorPixel);
     // The four panels share one cell of the window's layout: which one is seen is decided by
     // their visibility alone.
@@ -151,12 +153,11 @@ void Form1::Command1_Click()
 {
     switch (ingreso::conectar(m_entorno, ui->txtUser->text(), ui->txtPwd->text())) {
     case ingreso::Resultado::CredencialesMalas:
-        cuadroMensaje(this,
-                      QStringLiteral("Usuario y/o Contraseña incorrectas, intentelo de nuevo"));
+        cuadroMensaje(this, u"Usuario y/o Contraseña incorrectas, intentelo de nuevo"_s);
         return;
     case ingreso::Resultado::RolInadecuado:
-        cuadroMensaje(this, QStringLiteral("Nivel de acceso inadecuado, se requiere Usuario y "
-                                           "Pasword de Secretaria"));
+        cuadroMensaje(this, u"Nivel de acceso inadecuado, se requiere Usuario y "
+                            "Pasword de Secretaria"_s);
         return;
     case ingreso::Resultado::Aceptado:
         break;
@@ -183,12 +184,12 @@ void Form1::Command3_Click()
     ceder();
     descargarHistorico(m_entorno, Salones, Alumnos, Materias);
     cargaListaHistoricos();
-    cuadroMensaje(this, QStringLiteral("Listo Historico"));
+    cuadroMensaje(this, u"Listo Historico"_s);
 }
 
 void Form1::cargaListaHistoricos()
 {
-    ui->Dir1->Path(QStringLiteral("C:\\Quorvela"));
+    ui->Dir1->Path(u"C:\\Quorvela"_s);
     ui->Dir1->Refresh();
     ceder();
     ui->lstHistoricos->clear();

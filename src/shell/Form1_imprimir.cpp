@@ -8,6 +8,8 @@
 #include "shell/Form1.h"
 #include "ui_Form1.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // What the panel shows for a kind; the last row is for every other kind.
@@ -18,16 +20,15 @@ struct FilaTipo {
 };
 
 const QList<FilaTipo> filasTipo = {
-    {QStringLiteral("Boletines"), QStringLiteral("Imprimir Boletines del Periodo"), true},
-    {QStringLiteral("Informe Final"), QStringLiteral("Imprimir Informes Finales del Salon"), false},
-    {QStringLiteral("Certificado Final"), QStringLiteral("Imprimir Certificados Finales del Salon"),
-     false},
-    {QStringLiteral("Paz Y Salvos"), QStringLiteral("Imprimir Paz y salvos"), false},
+    {u"Boletines"_s, u"Imprimir Boletines del Periodo"_s, true},
+    {u"Informe Final"_s, u"Imprimir Informes Finales del Salon"_s, false},
+    {u"Certificado Final"_s, u"Imprimir Certificados Finales del Salon"_s, false},
+    {u"Paz Y Salvos"_s, u"Imprimir Paz y salvos"_s, false},
 };
 
 // Observer reports, enrolment sheets and work sheets have no caption of their own, although they
 // can be printed.
-const FilaTipo otroTipo = {QString(), QStringLiteral("Seleccione que Imprimir"), false};
+const FilaTipo otroTipo = {QString(), u"Seleccione que Imprimir"_s, false};
 
 class PanelDeForm1 : public PanelImpresion {
 public:

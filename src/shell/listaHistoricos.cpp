@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "listaHistoricos.h"
 
+using namespace Qt::StringLiterals;
+
 QString portadaDe(const QString &historico)
 {
-    return historico + QStringLiteral("/index.html");
+    return historico + u"/index.html"_s;
 }

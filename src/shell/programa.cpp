@@ -14,18 +14,20 @@
 
 #include <cstdlib>
 
+using namespace Qt::StringLiterals;
+
 Programa::Programa(char *nombre)
     : m_argumentos{nombre, nullptr}, m_aplicacion(m_cuantos, m_argumentos.data())
 {
-    QApplication::setApplicationName(QStringLiteral("Parvanel"));
-    QApplication::setWindowIcon(QIcon(QStringLiteral(":/logo.svg")));
+    QApplication::setApplicationName(u"Parvanel"_s);
+    QApplication::setWindowIcon(QIcon(u":/logo.svg"_s));
 }
 
 int Programa::correr(const QString &ServiceBase)
 {
     // The menus of text boxes and the like; without the file they stay in English.
     QTranslator traductor;
-    if (traductor.load(QLocale(QLocale::Spanish), QStringLiteral("qtbase"), QStringLiteral("_"),
+    if (traductor.load(QLocale(QLocale::Spanish), u"qtbase"_s, u"_"_s,
                        QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         QApplication::installTranslator(&traductor);
 
@@ -36,7 +38,7 @@ int Programa::correr(const QString &ServiceBase)
     Verbos verbos(
         {.origen = QString::fromUtf8(direccionHttp::separar(ServiceBase.toUtf8()).servidor),
          .raiz = [&disco] {
-             return disco.rutaNativa(QStringLiteral("C:\\Quorvela"));
+             return disco.rutaNativa(u"C:\\Quorvela"_s);
          }});
     Module1 sesion;
     Progreso progreso;

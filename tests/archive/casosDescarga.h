@@ -11,6 +11,8 @@
 
 #include <functional>
 
+using namespace Qt::StringLiterals;
+
 namespace casosDescarga {
 
 using Metodo = std::function<void(tcSalones &, tcAlumnos &)>;
@@ -26,70 +28,70 @@ struct Caso {
     QStringList sinCarpetaDelArchivo; // what stands below the root afterwards, nothing before
 };
 
-inline const QString otras = QStringLiteral("123-2010");
+inline const QString otras = u"123-2010"_s;
 
 inline const QList<QPair<QByteArray, Caso>> casos = {
     {"downSalones",
      {[](tcSalones &s, tcAlumnos &) { s.downSalones(); },
       false,
-      QStringLiteral("Descargando Salones"),
-      QStringLiteral("Descargando Salon (14): 6A - 2 de 2"),
-      QStringLiteral("salones"),
-      QStringLiteral("/querys/tessarin/alumnos.php?azar=#&idcolegio=123&tipo=html&salon=14"),
+      u"Descargando Salones"_s,
+      u"Descargando Salon (14): 6A - 2 de 2"_s,
+      u"salones"_s,
+      u"/querys/tessarin/alumnos.php?azar=#&idcolegio=123&tipo=html&salon=14"_s,
       false,
       {otras}}},
     {"downConsolidadoN",
      {[](tcSalones &s, tcAlumnos &) { s.downConsolidadoN(); },
       false,
-      QStringLiteral("Descargando Consolidado Notas"),
-      QStringLiteral("Descargando Consolidado Notas (14): 6A - 2 de 2"),
-      QStringLiteral("consolidadoN"),
-      QStringLiteral("/notas/123/2010/consolidado/14/4/tessarin/?azar=#&"),
+      u"Descargando Consolidado Notas"_s,
+      u"Descargando Consolidado Notas (14): 6A - 2 de 2"_s,
+      u"consolidadoN"_s,
+      u"/notas/123/2010/consolidado/14/4/tessarin/?azar=#&"_s,
       false,
       {}}},
     {"downConsolidadoF",
      {[](tcSalones &s, tcAlumnos &) { s.downConsolidadoF(); },
       false,
-      QStringLiteral("Descargando Consolidado Fallas"),
-      QStringLiteral("Descargando Consolidado Fallas (14): 6A - 2 de 2"),
-      QStringLiteral("consolidadoF"),
-      QStringLiteral("/notas/123/2010/consolidadof/14/4/tessarin/?azar=#&"),
+      u"Descargando Consolidado Fallas"_s,
+      u"Descargando Consolidado Fallas (14): 6A - 2 de 2"_s,
+      u"consolidadoF"_s,
+      u"/notas/123/2010/consolidadof/14/4/tessarin/?azar=#&"_s,
       false,
       {}}},
     {"downInfoFinal",
      {[](tcSalones &, tcAlumnos &a) { a.downInfoFinal(); },
       true,
-      QStringLiteral("Descargando Informes Finales"),
-      QStringLiteral("Informe Final (14): 6A - 2 de 2"),
-      QStringLiteral("infoFinal"),
-      QStringLiteral("/salones/123/2010/infoFinal/14/tessarin/?azar=#&"),
+      u"Descargando Informes Finales"_s,
+      u"Informe Final (14): 6A - 2 de 2"_s,
+      u"infoFinal"_s,
+      u"/salones/123/2010/infoFinal/14/tessarin/?azar=#&"_s,
       true,
       {otras}}},
     {"downCertificado",
      {[](tcSalones &, tcAlumnos &a) { a.downCertificado(); },
       true,
-      QStringLiteral("Descargando Certificados Finales"),
-      QStringLiteral("Certificado (14): 6A - 2 de 2"),
-      QStringLiteral("certificados"),
-      QStringLiteral("/salones/123/2010/certificado/14/tessarin/?azar=#&"),
+      u"Descargando Certificados Finales"_s,
+      u"Certificado (14): 6A - 2 de 2"_s,
+      u"certificados"_s,
+      u"/salones/123/2010/certificado/14/tessarin/?azar=#&"_s,
       true,
       {otras}}},
     {"downHojaMat",
      {[](tcSalones &, tcAlumnos &a) { a.downHojaMat(); },
       true,
-      QStringLiteral("Descargando Hojas de Matricula"),
-      QStringLiteral("Hoja Matricula (14): 6A - 2 de 2"),
-      QStringLiteral("matriculas"),
-      QStringLiteral("/alumnos/123/2010/hojaMatricula/14/tessarin/?azar=#&"),
+      u"Descargando Hojas de Matricula"_s,
+      u"Hoja Matricula (14): 6A - 2 de 2"_s,
+      u"matriculas"_s,
+      u"/alumnos/123/2010/hojaMatricula/14/tessarin/?azar=#&"_s,
       true,
       {otras}}},
     {"downInfoAlumno",
      {[](tcSalones &, tcAlumnos &a) { a.downInfoAlumno(); },
       true,
-      QStringLiteral("Descargando Informacion de Alumnos"),
-      QStringLiteral("InfoAlumno (14): 6A - 2 de 2"),
-      QStringLiteral("infoAlumnos"),
-      QStringLiteral("/querys/tessarin/infoAlumno.php?azar=#&idcolegio=123&idalumno=14"),
+      u"Descargando Informacion de Alumnos"_s,
+      u"InfoAlumno (14): 6A - 2 de 2"_s,
+      u"infoAlumnos"_s,
+      u"/querys/tessarin/infoAlumno.php?azar=#&idcolegio=123&idalumno=14"_s,
       false,
       {otras}}},
 };
@@ -105,8 +107,8 @@ inline void casosComoDatos()
 // The folders that the consolidated reports rely on.
 inline void prepararArchivo(Escenario &e)
 {
-    crearCarpeta(e.entorno, QStringLiteral("C:\\Quorvela"));
-    crearCarpeta(e.entorno, QStringLiteral("c:\\Quorvela\\123-2010\\"));
+    crearCarpeta(e.entorno, u"C:\\Quorvela"_s);
+    crearCarpeta(e.entorno, u"c:\\Quorvela\\123-2010\\"_s);
 }
 
 } // namespace casosDescarga

@@ -6,6 +6,7 @@
 #include <QSignalSpy>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
 using namespace casosDescarga;
 
 namespace {
@@ -38,7 +39,7 @@ private Q_SLOTS:
         e.responder("/", "una pagina cualquiera");
         tcSalones salones(e.entorno);
         tcAlumnos alumnos(e.entorno);
-        const QString matriz = QStringLiteral("13,6B®14,6A");
+        const QString matriz = u"13,6B®14,6A"_s;
         salones.Fcargar(matriz);
         alumnos.Fcargar(matriz);
         tcLista &lista = caso.deAlumnos ? static_cast<tcLista &>(alumnos) : salones;
@@ -46,20 +47,18 @@ private Q_SLOTS:
 
         caso.metodo(salones, alumnos);
 
-        const QString destino13 =
-            QString(caso.destino).replace(QStringLiteral("14"), QStringLiteral("13"));
+        const QString destino13 = QString(caso.destino).replace(u"14"_s, u"13"_s);
         QCOMPARE(e.destinos(), QStringList({destino13, caso.destino}));
         QCOMPARE(avisos.size(), 2);
         QCOMPARE(avisos[1][0].toString(), caso.texto);
         QCOMPARE(e.estadoTS.historia, QStringList({caso.titulo}));
-        QCOMPARE(e.barra1.historia, QStringList({QStringLiteral("max 2"), QStringLiteral("0"),
-                                                 QStringLiteral("1"), QStringLiteral("2")}));
-        QCOMPARE(e.barra2.historia, QStringList({QStringLiteral("1")}));
-        QCOMPARE(e.listar(QStringLiteral("123-2010/archivos")), QStringList({caso.carpeta}));
-        QCOMPARE(e.listar(QStringLiteral("123-2010/archivos/") + caso.carpeta),
-                 QStringList({QStringLiteral("13.html"), QStringLiteral("14.html")}));
+        QCOMPARE(e.barra1.historia, QStringList({u"max 2"_s, u"0"_s, u"1"_s, u"2"_s}));
+        QCOMPARE(e.barra2.historia, QStringList({u"1"_s}));
+        QCOMPARE(e.listar(u"123-2010/archivos"_s), QStringList({caso.carpeta}));
+        QCOMPARE(e.listar(u"123-2010/archivos/"_s + caso.carpeta),
+                 QStringList({u"13.html"_s, u"14.html"_s}));
         const QByteArray guion = caso.conGuion ? guiones::documento.toLatin1() : QByteArray();
-        QCOMPARE(e.leer(QStringLiteral("123-2010/archivos/%1/14.html").arg(caso.carpeta)),
+        QCOMPARE(e.leer(u"123-2010/archivos/%1/14.html"_s.arg(caso.carpeta)),
                  "una pagina cualquiera" + guion + "\r\n");
     }
 
@@ -108,11 +107,11 @@ private Q_SLOTS:
         e.responder("/", paginaCompleta(base));
         tcSalones salones(e.entorno);
         tcAlumnos alumnos(e.entorno);
-        salones.Fcargar(QStringLiteral("14,6A"));
-        alumnos.Fcargar(QStringLiteral("14,6A"));
+        salones.Fcargar(u"14,6A"_s);
+        alumnos.Fcargar(u"14,6A"_s);
         caso.metodo(salones, alumnos);
         const QByteArray guion = caso.conGuion ? guiones::documento.toLatin1() : QByteArray();
-        QCOMPARE(e.leer(QStringLiteral("123-2010/archivos/%1/14.html").arg(caso.carpeta)),
+        QCOMPARE(e.leer(u"123-2010/archivos/%1/14.html"_s.arg(caso.carpeta)),
                  esperada.replace('%', base.toUpper()).replace('@', base) + guion + "\r\n");
     }
 
@@ -126,12 +125,12 @@ private Q_SLOTS:
         e.responder("/", todos);
         tcSalones salones(e.entorno);
         tcAlumnos alumnos(e.entorno);
-        salones.Fcargar(QStringLiteral("14,6A"));
-        alumnos.Fcargar(QStringLiteral("14,6A"));
+        salones.Fcargar(u"14,6A"_s);
+        alumnos.Fcargar(u"14,6A"_s);
         salones.downSalones();
         alumnos.downInfoAlumno();
-        QCOMPARE(e.leer(QStringLiteral("123-2010/archivos/salones/14.html")), todos + "\r\n");
-        QCOMPARE(e.leer(QStringLiteral("123-2010/archivos/infoAlumnos/14.html")), todos + "\r\n");
+        QCOMPARE(e.leer(u"123-2010/archivos/salones/14.html"_s), todos + "\r\n");
+        QCOMPARE(e.leer(u"123-2010/archivos/infoAlumnos/14.html"_s), todos + "\r\n");
     }
 
     void listaVacia_haceSusCarpetasYAvanzaUnPaso_data() { casosComoDatos(); }
@@ -146,10 +145,10 @@ private Q_SLOTS:
         QSignalSpy avisos(&salones, &tcLista::nuevaDescarga);
         QSignalSpy otrosAvisos(&alumnos, &tcLista::nuevaDescarga);
         caso.metodo(salones, alumnos);
-        QCOMPARE(e.listar(QStringLiteral("123-2010/archivos")), QStringList({caso.carpeta}));
-        QCOMPARE(e.listar(QStringLiteral("123-2010/archivos/") + caso.carpeta), QStringList());
-        QCOMPARE(e.barra1.historia, QStringList({QStringLiteral("max 0"), QStringLiteral("0")}));
-        QCOMPARE(e.barra2.historia, QStringList({QStringLiteral("1")}));
+        QCOMPARE(e.listar(u"123-2010/archivos"_s), QStringList({caso.carpeta}));
+        QCOMPARE(e.listar(u"123-2010/archivos/"_s + caso.carpeta), QStringList());
+        QCOMPARE(e.barra1.historia, QStringList({u"max 0"_s, u"0"_s}));
+        QCOMPARE(e.barra2.historia, QStringList({u"1"_s}));
         QCOMPARE(e.estadoTS.historia, QStringList({caso.titulo}));
         QCOMPARE(avisos.size() + otrosAvisos.size(), 0);
         QCOMPARE(e.destinos(), QStringList());
@@ -164,8 +163,8 @@ private Q_SLOTS:
         e.responder("/", "una pagina cualquiera");
         tcSalones salones(e.entorno);
         tcAlumnos alumnos(e.entorno);
-        salones.Fcargar(QStringLiteral("14,6A"));
-        alumnos.Fcargar(QStringLiteral("14,6A"));
+        salones.Fcargar(u"14,6A"_s);
+        alumnos.Fcargar(u"14,6A"_s);
         caso.metodo(salones, alumnos);
         QCOMPARE(e.listar(QString()), caso.sinCarpetaDelArchivo);
         QCOMPARE(e.destinos().size(), 1);

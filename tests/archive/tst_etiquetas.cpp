@@ -5,12 +5,13 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
-const QString direccion = QStringLiteral("/imgTXT.php?txt=");
-const QStringList fijas = {direccion + QStringLiteral("Nro%20Perdidas"),
-                           direccion + QStringLiteral("Promedio"),
-                           direccion + QStringLiteral("Puesto")};
-const QString labels = QStringLiteral("123-2010/archivos/images/labels");
+const QString direccion = u"/imgTXT.php?txt="_s;
+const QStringList fijas = {direccion + u"Nro%20Perdidas"_s, direccion + u"Promedio"_s,
+                           direccion + u"Puesto"_s};
+const QString labels = u"123-2010/archivos/images/labels"_s;
 } // namespace
 
 class tst_etiquetas : public QObject {
@@ -20,55 +21,50 @@ private Q_SLOTS:
     {
         Escenario e;
         tcMaterias materias(e.entorno);
-        materias.Fcargar(QStringLiteral("1,CIENCIAS-NATURALES,CIENCIAS-EXACTAS"));
+        materias.Fcargar(u"1,CIENCIAS-NATURALES,CIENCIAS-EXACTAS"_s);
         materias.downLabels();
-        QCOMPARE(e.destinos(), QStringList({direccion + QStringLiteral("CIENCIAS%20NATURALES"),
-                                            direccion + QStringLiteral("CIENCIAS%20EXACTAS"),
-                                            direccion + QStringLiteral("Total%20Fallas")})
-                                   + fijas);
-        QCOMPARE(
-            e.listar(labels),
-            QStringList({QStringLiteral("CIENCIAS EXACTAS"), QStringLiteral("CIENCIAS NATURALES"),
-                         QStringLiteral("Nro Perdidas"), QStringLiteral("Promedio"),
-                         QStringLiteral("Puesto"), QStringLiteral("Total Fallas")}));
-        QVERIFY(e.leer(labels + QStringLiteral("/CIENCIAS NATURALES")).startsWith("\x89PNG"));
+        QCOMPARE(e.destinos(),
+                 QStringList({direccion + u"CIENCIAS%20NATURALES"_s,
+                              direccion + u"CIENCIAS%20EXACTAS"_s, direccion + u"Total%20Fallas"_s})
+                     + fijas);
+        QCOMPARE(e.listar(labels),
+                 QStringList({u"CIENCIAS EXACTAS"_s, u"CIENCIAS NATURALES"_s, u"Nro Perdidas"_s,
+                              u"Promedio"_s, u"Puesto"_s, u"Total Fallas"_s}));
+        QVERIFY(e.leer(labels + u"/CIENCIAS NATURALES"_s).startsWith("\x89PNG"));
     }
 
     // On the wire a blank is "%20" either way: what the callers build shows the difference.
     void soloLasAreas_escribenSusBlancosComoPorcentaje20()
     {
-        const auto base = QStringLiteral("http://s a");
-        const auto texto = QStringLiteral("EDUCACIÓN FÍSICA y 50%");
+        const auto base = u"http://s a"_s;
+        const auto texto = u"EDUCACIÓN FÍSICA y 50%"_s;
         QCOMPARE(etiquetas::direccionDeMateria(base, texto),
-                 QStringLiteral("http://s a/imgTXT.php?txt=EDUCACIÓN FÍSICA y 50%"));
+                 u"http://s a/imgTXT.php?txt=EDUCACIÓN FÍSICA y 50%"_s);
         QCOMPARE(etiquetas::direccionDeArea(base, texto),
-                 QStringLiteral("http://s%20a/imgTXT.php?txt=EDUCACIÓN%20FÍSICA%20y%2050%"));
+                 u"http://s%20a/imgTXT.php?txt=EDUCACIÓN%20FÍSICA%20y%2050%"_s);
     }
 
     void areaConElTextoDelTitulo_noSePideDosVeces()
     {
         Escenario e;
         tcMaterias materias(e.entorno);
-        materias.Fcargar(QStringLiteral("1,A,TOTAL-FALLAS"));
+        materias.Fcargar(u"1,A,TOTAL-FALLAS"_s);
         materias.downLabels();
-        QCOMPARE(e.destinos(), QStringList({direccion + QStringLiteral("A"),
-                                            direccion + QStringLiteral("TOTAL%20FALLAS")})
-                                   + fijas);
+        QCOMPARE(e.destinos(),
+                 QStringList({direccion + u"A"_s, direccion + u"TOTAL%20FALLAS"_s}) + fijas);
     }
 
     void areasRepetidas_danUnaSolaEtiqueta()
     {
         Escenario e;
         tcMaterias materias(e.entorno);
-        materias.Fcargar(QStringLiteral("1,ÁLGEBRA,MATEMÁTICAS®2,CÁLCULO,Matemáticas®3,ARTE,"));
+        materias.Fcargar(u"1,ÁLGEBRA,MATEMÁTICAS®2,CÁLCULO,Matemáticas®3,ARTE,"_s);
         materias.downLabels();
-        QCOMPARE(e.destinos(), QStringList({direccion + QStringLiteral("%C1LGEBRA"),
-                                            direccion + QStringLiteral("C%C1LCULO"),
-                                            direccion + QStringLiteral("ARTE"),
-                                            direccion + QStringLiteral("MATEM%C1TICAS"), direccion,
-                                            direccion + QStringLiteral("Total%20Fallas")})
+        QCOMPARE(e.destinos(), QStringList({direccion + u"%C1LGEBRA"_s, direccion + u"C%C1LCULO"_s,
+                                            direccion + u"ARTE"_s, direccion + u"MATEM%C1TICAS"_s,
+                                            direccion, direccion + u"Total%20Fallas"_s})
                                    + fijas);
-        QVERIFY(e.existe(labels + QStringLiteral("/MATEMÁTICAS")));
+        QVERIFY(e.existe(labels + u"/MATEMÁTICAS"_s));
     }
 
     void sinMaterias_quedanLosCuatroTitulos()
@@ -77,28 +73,22 @@ private Q_SLOTS:
         tcMaterias materias(e.entorno);
         materias.downLabels();
         QCOMPARE(e.listar(labels),
-                 QStringList({QStringLiteral("Nro Perdidas"), QStringLiteral("Promedio"),
-                              QStringLiteral("Puesto"), QStringLiteral("Total Fallas")}));
+                 QStringList({u"Nro Perdidas"_s, u"Promedio"_s, u"Puesto"_s, u"Total Fallas"_s}));
     }
 
     void avance_vaPorMateriasYLuegoPorAreas()
     {
         Escenario e;
         tcMaterias materias(e.entorno);
-        materias.Fcargar(QStringLiteral("1,A,X®2,B,X"));
+        materias.Fcargar(u"1,A,X®2,B,X"_s);
         materias.downLabels();
-        QCOMPARE(e.estadoTS.historia,
-                 QStringList({QStringLiteral("Descargando Labels de Materias")}));
-        QCOMPARE(
-            e.estadoHS.historia,
-            QStringList({QStringLiteral("Label: A - 1 de 2"), QStringLiteral("Label: B - 2 de 2"),
-                         QStringLiteral("Label: X - 1 de 2"),
-                         QStringLiteral("Label: Total Fallas - 2 de 2")}));
-        QCOMPARE(e.barra1.historia,
-                 QStringList({QStringLiteral("max 2"), QStringLiteral("0"), QStringLiteral("1"),
-                              QStringLiteral("2"), QStringLiteral("max 2"), QStringLiteral("0"),
-                              QStringLiteral("1"), QStringLiteral("2")}));
-        QCOMPARE(e.barra2.historia, QStringList({QStringLiteral("1")}));
+        QCOMPARE(e.estadoTS.historia, QStringList({u"Descargando Labels de Materias"_s}));
+        QCOMPARE(e.estadoHS.historia,
+                 QStringList({u"Label: A - 1 de 2"_s, u"Label: B - 2 de 2"_s,
+                              u"Label: X - 1 de 2"_s, u"Label: Total Fallas - 2 de 2"_s}));
+        QCOMPARE(e.barra1.historia, QStringList({u"max 2"_s, u"0"_s, u"1"_s, u"2"_s, u"max 2"_s,
+                                                 u"0"_s, u"1"_s, u"2"_s}));
+        QCOMPARE(e.barra2.historia, QStringList({u"1"_s}));
         QCOMPARE(e.pausas.size(), 7);
     }
 
@@ -109,19 +99,17 @@ private Q_SLOTS:
         falla.clase = Falla::CierraEnMedio;
         e.demo.fallar("txt=A", falla);
         tcMaterias materias(e.entorno);
-        materias.Fcargar(QStringLiteral("1,A,X®2,B:C,X®3,D,X"));
+        materias.Fcargar(u"1,A,X®2,B:C,X®3,D,X"_s);
         materias.downLabels();
-        QVERIFY(!e.existe(labels + QStringLiteral("/A")));
-        QVERIFY(e.existe(labels + QStringLiteral("/D")));
-        QVERIFY(e.listar(labels).filter(QStringLiteral("B")).isEmpty());
+        QVERIFY(!e.existe(labels + u"/A"_s));
+        QVERIFY(e.existe(labels + u"/D"_s));
+        QVERIFY(e.listar(labels).filter(u"B"_s).isEmpty());
     }
 
     void distintas_guardaLaPrimeraDeCadaUna()
     {
-        QCOMPARE(
-            etiquetas::distintas({QStringLiteral("B"), QStringLiteral("a"), QStringLiteral("b"),
-                                  QString(), QString(), QStringLiteral("A")}),
-            QStringList({QStringLiteral("B"), QStringLiteral("a"), QString()}));
+        QCOMPARE(etiquetas::distintas({u"B"_s, u"a"_s, u"b"_s, QString(), QString(), u"A"_s}),
+                 QStringList({u"B"_s, u"a"_s, QString()}));
     }
 };
 

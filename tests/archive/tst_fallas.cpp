@@ -18,6 +18,8 @@
 #include <sys/resource.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // Every file of the archive but the labels' folder, with its length, by its path.
@@ -60,10 +62,10 @@ private:
         tcSalones salones(e.entorno);
         tcAlumnos alumnos(e.entorno);
         std::unique_ptr<tcMaterias> materias;
-        salones.Fcargar(QStringLiteral("501,QUINTO A"));
+        salones.Fcargar(u"501,QUINTO A"_s);
         descargarHistorico(e.entorno, salones, alumnos, materias);
         // The last step of the run was reached.
-        QCOMPARE(e.destinos().last(), QStringLiteral("/imgTXT.php?txt=Puesto"));
+        QCOMPARE(e.destinos().last(), u"/imgTXT.php?txt=Puesto"_s);
     }
 
     static Falla falla(Falla::Clase clase)
@@ -107,7 +109,7 @@ private Q_SLOTS:
         regla.estado = 500;
         e.demo.fallar("&tipo=html&salon=501", regla);
         correr(e);
-        QCOMPARE(e.leer(QStringLiteral("123-2010/archivos/salones/501.html")), guardado);
+        QCOMPARE(e.leer(u"123-2010/archivos/salones/501.html"_s), guardado);
         QCOMPARE(diferencia(contenido(e), m_completo), QStringList());
     }
 
@@ -129,7 +131,7 @@ private Q_SLOTS:
         e.demo.fallar("logo.png", regla);
         correr(e);
         QCOMPARE(diferencia(contenido(e), m_completo),
-                 QStringList({QStringLiteral("Quorvela/123-2010/archivos/images/logo.png")}));
+                 QStringList({u"Quorvela/123-2010/archivos/images/logo.png"_s}));
     }
 
     void largoErrado_guardaSoloLoAnunciadoYElRestoCompleto()
@@ -137,11 +139,11 @@ private Q_SLOTS:
         Escenario e;
         // A page that is stored as it came, so that its length says what arrived.
         const QString alumno = e.demo.escuela().alumnos.first().id;
-        const QString pagina = QStringLiteral("123-2010/archivos/infoAlumnos/%1.html").arg(alumno);
+        const QString pagina = u"123-2010/archivos/infoAlumnos/%1.html"_s.arg(alumno);
         e.demo.fallar("infoAlumno.php", falla(Falla::LargoErrado), 1);
         correr(e);
         // What comes after the announced half is not read.
-        const qint64 entera = m_completo.value(QStringLiteral("Quorvela/") + pagina) - 2;
+        const qint64 entera = m_completo.value(u"Quorvela/"_s + pagina) - 2;
         QCOMPARE(e.leer(pagina).size(), entera / 2 + 2);
         QCOMPARE(diferencia(contenido(e), m_completo), QStringList());
     }
@@ -158,12 +160,12 @@ private Q_SLOTS:
         tcSalones salones(e.entorno);
         tcAlumnos alumnos(e.entorno);
         std::unique_ptr<tcMaterias> materias;
-        salones.Fcargar(QStringLiteral("501,QUINTO A"));
+        salones.Fcargar(u"501,QUINTO A"_s);
         descargarHistorico(e.entorno, salones, alumnos, materias);
-        QCOMPARE(e.estadoTS.historia.last(), QStringLiteral("Descargando Labels de Materias"));
+        QCOMPARE(e.estadoTS.historia.last(), u"Descargando Labels de Materias"_s);
         QCOMPARE(e.pausas.size(), 12); // eight images and the four labels of every school
-        QCOMPARE(e.leer(QStringLiteral("123-2010/index.html")), QByteArray("\r\n"));
-        QCOMPARE(e.leer(QStringLiteral("123-2010/archivos/salones/501.html")), QByteArray("\r\n"));
+        QCOMPARE(e.leer(u"123-2010/index.html"_s), QByteArray("\r\n"));
+        QCOMPARE(e.leer(u"123-2010/archivos/salones/501.html"_s), QByteArray("\r\n"));
         QCOMPARE(e.destinos(), QStringList());
     }
 
@@ -172,11 +174,10 @@ private Q_SLOTS:
         Escenario e;
         e.demo.fallar("/", falla(Falla::CierraAntes));
         correr(e);
-        QCOMPARE(e.leer(QStringLiteral("123-2010/index.html")), QByteArray("\r\n"));
-        QCOMPARE(e.leer(QStringLiteral("123-2010/archivos/salones/501.html")), QByteArray("\r\n"));
-        QVERIFY(e.leer(QStringLiteral("123-2010/configuracion.txt"))
-                    .startsWith("var rector = \"\";\r\n"));
-        QCOMPARE(e.listar(QStringLiteral("123-2010/archivos/images/labels")), QStringList());
+        QCOMPARE(e.leer(u"123-2010/index.html"_s), QByteArray("\r\n"));
+        QCOMPARE(e.leer(u"123-2010/archivos/salones/501.html"_s), QByteArray("\r\n"));
+        QVERIFY(e.leer(u"123-2010/configuracion.txt"_s).startsWith("var rector = \"\";\r\n"));
+        QCOMPARE(e.listar(u"123-2010/archivos/images/labels"_s), QStringList());
     }
 
     void filasMalas_danSoloLosRegistrosQueValen()
@@ -191,16 +192,15 @@ private Q_SLOTS:
                                           "con,X");
         e.responder("&tipo=html&salon=", "la pagina del salon");
         correr(e);
-        const QStringList paginas = {QString::fromLatin1(buena) + QStringLiteral(".html"),
-                                     QStringLiteral("77.html")};
-        QStringList halladas = e.listar(QStringLiteral("123-2010/archivos/infoFinal"));
+        const QStringList paginas = {QString::fromLatin1(buena) + u".html"_s, u"77.html"_s};
+        QStringList halladas = e.listar(u"123-2010/archivos/infoFinal"_s);
         QCOMPARE(halladas, paginas);
     }
 
     void idsConSeparadoresYPuntos_noTocanNadaFueraDeLaRaiz()
     {
         Escenario e;
-        QFile testigo(e.personal.filePath(QStringLiteral("testigo.html")));
+        QFile testigo(e.personal.filePath(u"testigo.html"_s));
         QVERIFY(testigo.open(QIODevice::WriteOnly));
         testigo.write("intacto");
         testigo.close();
@@ -214,40 +214,40 @@ private Q_SLOTS:
         QCOMPARE(testigo.readAll(), QByteArray("intacto"));
         QCOMPARE(QDir(e.personal.path())
                      .entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
-                 QStringList({QStringLiteral("Quorvela"), QStringLiteral("testigo.html")}));
+                 QStringList({u"Quorvela"_s, u"testigo.html"_s}));
     }
 
     void enlaceQueSaleDeLaRaiz_noSeSigue()
     {
         Escenario e;
         const QTemporaryDir fuera;
-        QVERIFY(QDir().mkpath(e.nativa(QStringLiteral("123-2010/archivos"))));
-        QVERIFY(QFile::link(fuera.path(), e.nativa(QStringLiteral("123-2010/archivos/salones"))));
+        QVERIFY(QDir().mkpath(e.nativa(u"123-2010/archivos"_s)));
+        QVERIFY(QFile::link(fuera.path(), e.nativa(u"123-2010/archivos/salones"_s)));
         correr(e);
         QCOMPARE(QDir(fuera.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
                  QStringList());
-        QVERIFY(e.existe(QStringLiteral("123-2010/archivos/consolidadoN/501.html")));
+        QVERIFY(e.existe(u"123-2010/archivos/consolidadoN/501.html"_s));
     }
 
     void archivoEnLugarDeCarpeta_pierdeSoloLoSuyo()
     {
         Escenario e;
-        QVERIFY(QDir().mkpath(e.nativa(QStringLiteral("123-2010/archivos"))));
-        QFile estorbo(e.nativa(QStringLiteral("123-2010/archivos/salones")));
+        QVERIFY(QDir().mkpath(e.nativa(u"123-2010/archivos"_s)));
+        QFile estorbo(e.nativa(u"123-2010/archivos/salones"_s));
         QVERIFY(estorbo.open(QIODevice::WriteOnly));
         estorbo.write("no soy carpeta");
         estorbo.close();
         correr(e);
-        QCOMPARE(e.leer(QStringLiteral("123-2010/archivos/salones")), QByteArray("no soy carpeta"));
+        QCOMPARE(e.leer(u"123-2010/archivos/salones"_s), QByteArray("no soy carpeta"));
         QCOMPARE(diferencia(contenido(e), m_completo),
-                 QStringList({QStringLiteral("Quorvela/123-2010/archivos/salones"),
-                              QStringLiteral("Quorvela/123-2010/archivos/salones/501.html")}));
+                 QStringList({u"Quorvela/123-2010/archivos/salones"_s,
+                              u"Quorvela/123-2010/archivos/salones/501.html"_s}));
     }
 
     void carpetaSinPermiso_pierdeSoloLoSuyo()
     {
         Escenario e;
-        const QString carpeta = e.nativa(QStringLiteral("123-2010/archivos/salones"));
+        const QString carpeta = e.nativa(u"123-2010/archivos/salones"_s);
         QVERIFY(QDir().mkpath(carpeta));
         // The superuser ignores permissions: everything else is given to another user, as whom
         // the run then goes on.
@@ -255,8 +255,8 @@ private Q_SLOTS:
         const uid_t otro = 65534;
         if (raiz) {
             for (const QString &ruta :
-                 {e.personal.path(), e.nativa(QString()), e.nativa(QStringLiteral("123-2010")),
-                  e.nativa(QStringLiteral("123-2010/archivos")), carpeta})
+                 {e.personal.path(), e.nativa(QString()), e.nativa(u"123-2010"_s),
+                  e.nativa(u"123-2010/archivos"_s), carpeta})
                 QCOMPARE(::chown(QFile::encodeName(ruta).constData(), otro, otro), 0);
         }
         QVERIFY(QFile::setPermissions(carpeta, QFile::ReadOwner | QFile::ExeOwner));
@@ -267,7 +267,7 @@ private Q_SLOTS:
             QCOMPARE(::seteuid(0), 0);
         QFile::setPermissions(carpeta, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
         QCOMPARE(diferencia(contenido(e), m_completo),
-                 QStringList({QStringLiteral("Quorvela/123-2010/archivos/salones/501.html")}));
+                 QStringList({u"Quorvela/123-2010/archivos/salones/501.html"_s}));
     }
 
     void discoLleno_terminaLaCorridaYNoDejaImagenesAMedias()
@@ -293,8 +293,7 @@ private Q_SLOTS:
         // What is there of the images is whole; what did not fit is missing.
         int imagenesQueFaltan = 0;
         for (auto it = m_completo.cbegin(); it != m_completo.cend(); ++it) {
-            if (!it.key().contains(QStringLiteral("/images/"))
-                && !it.key().contains(QStringLiteral("/fotos/")))
+            if (!it.key().contains(u"/images/"_s) && !it.key().contains(u"/fotos/"_s))
                 continue;
             if (archivos.contains(it.key()))
                 QCOMPARE(archivos.value(it.key()), it.value());
@@ -302,7 +301,7 @@ private Q_SLOTS:
                 ++imagenesQueFaltan;
         }
         QVERIFY(imagenesQueFaltan > 0);
-        QVERIFY(archivos.keys().filter(QStringLiteral(".descarga-")).isEmpty());
+        QVERIFY(archivos.keys().filter(u".descarga-"_s).isEmpty());
     }
 };
 

@@ -14,7 +14,7 @@ class tst_historico : public QObject {
     Q_OBJECT
 private:
     // A run over the demonstration school, with the classrooms that a login has loaded.
-    static void correr(Escenario &e, const QString &rtaSalones = QStringLiteral("501,QUINTO A"))
+    static void correr(Escenario &e, const QString &rtaSalones = u"501,QUINTO A"_s)
     {
         tcSalones salones(e.entorno);
         tcAlumnos alumnos(e.entorno);
@@ -35,94 +35,77 @@ private Q_SLOTS:
         e.responder("tipo=html&salon=", "la pagina del salon");
         e.responder("materias.php", "1,ARTE,ARTES");
         correr(e);
-        const QString q = QStringLiteral("/querys/tessarin/");
-        const QString azar = QStringLiteral("?azar=#&");
-        const QString colegio = azar + QStringLiteral("idcolegio=123");
-        const QString foto = q + QStringLiteral("existe.php") + azar + QStringLiteral("f=")
-                             + e.demo.base() + QStringLiteral("/jup/images/123/");
+        const QString q = u"/querys/tessarin/"_s;
+        const QString azar = u"?azar=#&"_s;
+        const QString colegio = azar + u"idcolegio=123"_s;
+        const QString foto =
+            q + u"existe.php"_s + azar + u"f="_s + e.demo.base() + u"/jup/images/123/"_s;
         const QStringList destinos = e.destinos();
-        QCOMPARE(
-            destinos.mid(17), // after the shared assets
-            QStringList({
-                q + QStringLiteral("salones.php") + colegio + QStringLiteral("&tipo=html"),
-                q + QStringLiteral("alumnos.php") + colegio
-                    + QStringLiteral("&tipo=html&salon=501"),
-                QStringLiteral("/notas/123/2010/consolidado/501/4/tessarin/") + azar,
-                QStringLiteral("/notas/123/2010/consolidadof/501/4/tessarin/") + azar,
-                q + QStringLiteral("alumnos.php") + colegio + QStringLiteral("&tipo=matrix"),
-                QStringLiteral("/salones/123/2010/infoFinal/1001/tessarin/") + azar,
-                QStringLiteral("/salones/123/2010/infoFinal/1002/tessarin/") + azar,
-                QStringLiteral("/salones/123/2010/certificado/1001/tessarin/") + azar,
-                QStringLiteral("/salones/123/2010/certificado/1002/tessarin/") + azar,
-                QStringLiteral("/alumnos/123/2010/hojaMatricula/1001/tessarin/") + azar,
-                QStringLiteral("/alumnos/123/2010/hojaMatricula/1002/tessarin/") + azar,
-                q + QStringLiteral("infoAlumno.php") + colegio + QStringLiteral("&idalumno=1001"),
-                q + QStringLiteral("infoAlumno.php") + colegio + QStringLiteral("&idalumno=1002"),
-                foto + QStringLiteral("1001-alumno.jpg"),
-                foto + QStringLiteral("1002-alumno.jpg"),
-                q + QStringLiteral("materias.php") + colegio + QStringLiteral("&tipo=matrix"),
-                QStringLiteral("/imgTXT.php?txt=ARTE"),
-                QStringLiteral("/imgTXT.php?txt=ARTES"),
-                QStringLiteral("/imgTXT.php?txt=Total%20Fallas"),
-                QStringLiteral("/imgTXT.php?txt=Nro%20Perdidas"),
-                QStringLiteral("/imgTXT.php?txt=Promedio"),
-                QStringLiteral("/imgTXT.php?txt=Puesto"),
-            }));
-        QVERIFY(destinos.first().startsWith(QStringLiteral("/jscript/")));
+        QCOMPARE(destinos.mid(17), // after the shared assets
+                 QStringList({
+                     q + u"salones.php"_s + colegio + u"&tipo=html"_s,
+                     q + u"alumnos.php"_s + colegio + u"&tipo=html&salon=501"_s,
+                     u"/notas/123/2010/consolidado/501/4/tessarin/"_s + azar,
+                     u"/notas/123/2010/consolidadof/501/4/tessarin/"_s + azar,
+                     q + u"alumnos.php"_s + colegio + u"&tipo=matrix"_s,
+                     u"/salones/123/2010/infoFinal/1001/tessarin/"_s + azar,
+                     u"/salones/123/2010/infoFinal/1002/tessarin/"_s + azar,
+                     u"/salones/123/2010/certificado/1001/tessarin/"_s + azar,
+                     u"/salones/123/2010/certificado/1002/tessarin/"_s + azar,
+                     u"/alumnos/123/2010/hojaMatricula/1001/tessarin/"_s + azar,
+                     u"/alumnos/123/2010/hojaMatricula/1002/tessarin/"_s + azar,
+                     q + u"infoAlumno.php"_s + colegio + u"&idalumno=1001"_s,
+                     q + u"infoAlumno.php"_s + colegio + u"&idalumno=1002"_s,
+                     foto + u"1001-alumno.jpg"_s,
+                     foto + u"1002-alumno.jpg"_s,
+                     q + u"materias.php"_s + colegio + u"&tipo=matrix"_s,
+                     u"/imgTXT.php?txt=ARTE"_s,
+                     u"/imgTXT.php?txt=ARTES"_s,
+                     u"/imgTXT.php?txt=Total%20Fallas"_s,
+                     u"/imgTXT.php?txt=Nro%20Perdidas"_s,
+                     u"/imgTXT.php?txt=Promedio"_s,
+                     u"/imgTXT.php?txt=Puesto"_s,
+                 }));
+        QVERIFY(destinos.first().startsWith(u"/jscript/"_s));
     }
 
     void corrida_dejaElArchivoCompleto()
     {
         Escenario e;
         correr(e);
-        QCOMPARE(e.listar(QString()), QStringList({QStringLiteral("123-2010")}));
-        QCOMPARE(e.listar(QStringLiteral("123-2010")),
-                 QStringList({QStringLiteral("archivos"), QStringLiteral("configuracion.txt"),
-                              QStringLiteral("index.html")}));
-        QCOMPARE(e.listar(QStringLiteral("123-2010/archivos")),
-                 QStringList({QStringLiteral("certificados"), QStringLiteral("config"),
-                              QStringLiteral("consolidadoF"), QStringLiteral("consolidadoN"),
-                              QStringLiteral("fotos"), QStringLiteral("images"),
-                              QStringLiteral("infoAlumnos"), QStringLiteral("infoFinal"),
-                              QStringLiteral("jscript"), QStringLiteral("matriculas"),
-                              QStringLiteral("salones")}));
+        QCOMPARE(e.listar(QString()), QStringList({u"123-2010"_s}));
+        QCOMPARE(e.listar(u"123-2010"_s),
+                 QStringList({u"archivos"_s, u"configuracion.txt"_s, u"index.html"_s}));
+        QCOMPARE(e.listar(u"123-2010/archivos"_s),
+                 QStringList({u"certificados"_s, u"config"_s, u"consolidadoF"_s, u"consolidadoN"_s,
+                              u"fotos"_s, u"images"_s, u"infoAlumnos"_s, u"infoFinal"_s,
+                              u"jscript"_s, u"matriculas"_s, u"salones"_s}));
         for (const AlumnoDemo &alumno : e.demo.escuela().alumnos) {
             for (const auto &carpeta :
-                 {QStringLiteral("infoFinal"), QStringLiteral("certificados"),
-                  QStringLiteral("matriculas"), QStringLiteral("infoAlumnos")}) {
-                QVERIFY(
-                    e.leer(QStringLiteral("123-2010/archivos/%1/%2.html").arg(carpeta, alumno.id))
-                        .size()
-                    > 200);
+                 {u"infoFinal"_s, u"certificados"_s, u"matriculas"_s, u"infoAlumnos"_s}) {
+                QVERIFY(e.leer(u"123-2010/archivos/%1/%2.html"_s.arg(carpeta, alumno.id)).size()
+                        > 200);
             }
-            QCOMPARE(
-                e.existe(QStringLiteral("123-2010/archivos/fotos/%1-alumno.jpg").arg(alumno.id)),
-                alumno.conFoto);
+            QCOMPARE(e.existe(u"123-2010/archivos/fotos/%1-alumno.jpg"_s.arg(alumno.id)),
+                     alumno.conFoto);
         }
-        QVERIFY(!e.leer(QStringLiteral("123-2010/index.html")).contains(e.demo.base().toLatin1()));
+        QVERIFY(!e.leer(u"123-2010/index.html"_s).contains(e.demo.base().toLatin1()));
     }
 
     void avance_sumaDiezPasosEnUnaBarraDeOcho()
     {
         Escenario e;
         correr(e);
-        QCOMPARE(e.barra2.historia,
-                 QStringList({QStringLiteral("max 8"), QStringLiteral("1"), QStringLiteral("2"),
-                              QStringLiteral("3"), QStringLiteral("4"), QStringLiteral("5"),
-                              QStringLiteral("6"), QStringLiteral("7"), QStringLiteral("8")}));
+        QCOMPARE(e.barra2.historia, QStringList({u"max 8"_s, u"1"_s, u"2"_s, u"3"_s, u"4"_s, u"5"_s,
+                                                 u"6"_s, u"7"_s, u"8"_s}));
         QCOMPARE(e.estadoTS.historia,
-                 QStringList({QStringLiteral("Descargando Scripts"),
-                              QStringLiteral("Descargando Configuracion"),
-                              QStringLiteral("Descargando Logotipos"),
-                              QStringLiteral("Descargando Salones"),
-                              QStringLiteral("Descargando Consolidado Notas"),
-                              QStringLiteral("Descargando Consolidado Fallas"),
-                              QStringLiteral("Descargando Informes Finales"),
-                              QStringLiteral("Descargando Certificados Finales"),
-                              QStringLiteral("Descargando Hojas de Matricula"),
-                              QStringLiteral("Descargando Informacion de Alumnos"),
-                              QStringLiteral("Descargando Imagenes de Alumnos"),
-                              QStringLiteral("Descargando Labels de Materias")}));
+                 QStringList(
+                     {u"Descargando Scripts"_s, u"Descargando Configuracion"_s,
+                      u"Descargando Logotipos"_s, u"Descargando Salones"_s,
+                      u"Descargando Consolidado Notas"_s, u"Descargando Consolidado Fallas"_s,
+                      u"Descargando Informes Finales"_s, u"Descargando Certificados Finales"_s,
+                      u"Descargando Hojas de Matricula"_s, u"Descargando Informacion de Alumnos"_s,
+                      u"Descargando Imagenes de Alumnos"_s, u"Descargando Labels de Materias"_s}));
     }
 
     void portada_localizaElLogoConCualquierLetra()
@@ -134,7 +117,7 @@ private Q_SLOTS:
                                      + "/images/colegios/123/rector.png>");
         correr(e);
         QCOMPARE(
-            e.leer(QStringLiteral("123-2010/index.html")),
+            e.leer(u"123-2010/index.html"_s),
             QByteArray(
                 "<img src=archivos\\images\\logo.png><img src=archivos\\images\\rector.png>\r\n"));
     }
@@ -142,19 +125,19 @@ private Q_SLOTS:
     void corridaSinIngreso_daLaCarpetaDeError()
     {
         Escenario e;
-        e.sesion.idColegio = QStringLiteral("ERROR");
+        e.sesion.idColegio = u"ERROR"_s;
         e.sesion.anoActual.clear();
         correr(e, QString());
-        QCOMPARE(e.listar(QString()), QStringList({QStringLiteral("ERROR-")}));
+        QCOMPARE(e.listar(QString()), QStringList({u"ERROR-"_s}));
     }
 
     void idYAnoConSaltos_danCarpetaLimpia()
     {
         Escenario e;
-        e.sesion.idColegio = QStringLiteral("123\r\n");
-        e.sesion.anoActual = QStringLiteral("2010\r\n");
+        e.sesion.idColegio = u"123\r\n"_s;
+        e.sesion.anoActual = u"2010\r\n"_s;
         correr(e);
-        QCOMPARE(e.listar(QString()), QStringList({QStringLiteral("123-2010")}));
+        QCOMPARE(e.listar(QString()), QStringList({u"123-2010"_s}));
         QVERIFY(e.existe(u"123-2010/index.html"_s));
         QVERIFY(e.existe(u"123-2010/archivos/salones/501.html"_s));
         QVERIFY(e.existe(u"123-2010/archivos/images/labels/Puesto"_s));
@@ -179,16 +162,15 @@ private Q_SLOTS:
     {
         Escenario e;
         correr(e);
-        QFile ajeno(e.nativa(QStringLiteral("123-2010/archivos/salones/999.html")));
+        QFile ajeno(e.nativa(u"123-2010/archivos/salones/999.html"_s));
         QVERIFY(ajeno.open(QIODevice::WriteOnly));
         ajeno.write("de otra corrida");
         ajeno.close();
         e.responder("tipo=html", "la portada nueva");
         correr(e);
-        QCOMPARE(e.leer(QStringLiteral("123-2010/index.html")), QByteArray("la portada nueva\r\n"));
-        QCOMPARE(e.leer(QStringLiteral("123-2010/archivos/salones/999.html")),
-                 QByteArray("de otra corrida"));
-        QVERIFY(e.existe(QStringLiteral("123-2010/archivos/salones/501.html")));
+        QCOMPARE(e.leer(u"123-2010/index.html"_s), QByteArray("la portada nueva\r\n"));
+        QCOMPARE(e.leer(u"123-2010/archivos/salones/999.html"_s), QByteArray("de otra corrida"));
+        QVERIFY(e.existe(u"123-2010/archivos/salones/501.html"_s));
     }
 };
 

@@ -5,8 +5,10 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
-const QString documentos = QStringLiteral("c:\\Quorvela\\123-2010\\archivos\\");
+const QString documentos = u"c:\\Quorvela\\123-2010\\archivos\\"_s;
 }
 
 class tst_recursos : public QObject {
@@ -14,8 +16,8 @@ class tst_recursos : public QObject {
 private:
     void prepararArchivo(Escenario &e)
     {
-        crearCarpeta(e.entorno, QStringLiteral("C:\\Quorvela"));
-        crearCarpeta(e.entorno, QStringLiteral("c:\\Quorvela\\123-2010\\"));
+        crearCarpeta(e.entorno, u"C:\\Quorvela"_s);
+        crearCarpeta(e.entorno, u"c:\\Quorvela\\123-2010\\"_s);
         crearCarpeta(e.entorno, documentos);
     }
 
@@ -26,23 +28,19 @@ private Q_SLOTS:
         prepararArchivo(e);
         e.responder("campo=", "un valor largo"); // a short one would be asked for again
         descargarRecursos(e.entorno, documentos);
-        const QString valor =
-            QStringLiteral("/querys/tessarin/tomarValor.php?azar=#&idcolegio=123&campo=");
-        const QString fin = QStringLiteral("&acutes=SI");
+        const QString valor = u"/querys/tessarin/tomarValor.php?azar=#&idcolegio=123&campo="_s;
+        const QString fin = u"&acutes=SI"_s;
         QCOMPARE(
             e.destinos(),
-            QStringList(
-                {QStringLiteral("/jscript/jquery.tools.min.js?azar=#&"),
-                 QStringLiteral("/jscript/jquery.tablesorter.min.js?azar=#&"),
-                 valor + QStringLiteral("RECTOR") + fin, valor + QStringLiteral("SECRETARIA") + fin,
-                 valor + QStringLiteral("SLOGAN") + fin, valor + QStringLiteral("MICOLEGIO") + fin,
-                 valor + QStringLiteral("DIRECCION") + fin,
-                 valor + QStringLiteral("TELEFONO") + fin, valor + QStringLiteral("CDANE") + fin,
-                 QStringLiteral("/images/colegios/123/logo.png"),
-                 QStringLiteral("/images/default-avatar.png"), QStringLiteral("/images/bg.gif"),
-                 QStringLiteral("/images/asc.gif"), QStringLiteral("/images/desc.gif"),
-                 QStringLiteral("/images/promovido.png"), QStringLiteral("/images/reprobado.png"),
-                 QStringLiteral("/images/colegios/123/rector.png")}));
+            QStringList({u"/jscript/jquery.tools.min.js?azar=#&"_s,
+                         u"/jscript/jquery.tablesorter.min.js?azar=#&"_s, valor + u"RECTOR"_s + fin,
+                         valor + u"SECRETARIA"_s + fin, valor + u"SLOGAN"_s + fin,
+                         valor + u"MICOLEGIO"_s + fin, valor + u"DIRECCION"_s + fin,
+                         valor + u"TELEFONO"_s + fin, valor + u"CDANE"_s + fin,
+                         u"/images/colegios/123/logo.png"_s, u"/images/default-avatar.png"_s,
+                         u"/images/bg.gif"_s, u"/images/asc.gif"_s, u"/images/desc.gif"_s,
+                         u"/images/promovido.png"_s, u"/images/reprobado.png"_s,
+                         u"/images/colegios/123/rector.png"_s}));
     }
 
     void recursos_quedanEnSusCarpetas()
@@ -50,22 +48,18 @@ private Q_SLOTS:
         Escenario e;
         prepararArchivo(e);
         descargarRecursos(e.entorno, documentos);
-        const QString archivos = QStringLiteral("123-2010/archivos");
-        QCOMPARE(e.listar(archivos),
-                 QStringList({QStringLiteral("config"), QStringLiteral("images"),
-                              QStringLiteral("jscript")}));
-        QCOMPARE(e.listar(archivos + QStringLiteral("/config")), QStringList());
-        QCOMPARE(e.listar(archivos + QStringLiteral("/jscript")),
-                 QStringList({QStringLiteral("jquery.tablesorter.min.js"),
-                              QStringLiteral("jquery.tools.min.js")}));
-        QCOMPARE(e.listar(archivos + QStringLiteral("/images")),
-                 QStringList({QStringLiteral("asc.gif"), QStringLiteral("bg.gif"),
-                              QStringLiteral("default-avatar.png"), QStringLiteral("desc.gif"),
-                              QStringLiteral("logo.png"), QStringLiteral("promovido.png"),
-                              QStringLiteral("rector.png"), QStringLiteral("reprobado.png")}));
-        QVERIFY(e.leer(archivos + QStringLiteral("/images/logo.png")).startsWith("\x89PNG"));
-        QVERIFY(e.leer(archivos + QStringLiteral("/images/bg.gif")).startsWith("GIF8"));
-        QVERIFY(e.leer(archivos + QStringLiteral("/jscript/jquery.tools.min.js")).endsWith("\r\n"));
+        const QString archivos = u"123-2010/archivos"_s;
+        QCOMPARE(e.listar(archivos), QStringList({u"config"_s, u"images"_s, u"jscript"_s}));
+        QCOMPARE(e.listar(archivos + u"/config"_s), QStringList());
+        QCOMPARE(e.listar(archivos + u"/jscript"_s),
+                 QStringList({u"jquery.tablesorter.min.js"_s, u"jquery.tools.min.js"_s}));
+        QCOMPARE(
+            e.listar(archivos + u"/images"_s),
+            QStringList({u"asc.gif"_s, u"bg.gif"_s, u"default-avatar.png"_s, u"desc.gif"_s,
+                         u"logo.png"_s, u"promovido.png"_s, u"rector.png"_s, u"reprobado.png"_s}));
+        QVERIFY(e.leer(archivos + u"/images/logo.png"_s).startsWith("\x89PNG"));
+        QVERIFY(e.leer(archivos + u"/images/bg.gif"_s).startsWith("GIF8"));
+        QVERIFY(e.leer(archivos + u"/jscript/jquery.tools.min.js"_s).endsWith("\r\n"));
         QCOMPARE(e.pausas.size(), 8);
     }
 
@@ -74,12 +68,11 @@ private Q_SLOTS:
         Escenario e;
         prepararArchivo(e);
         descargarRecursos(e.entorno, documentos);
-        QCOMPARE(e.estadoTS.historia, QStringList({QStringLiteral("Descargando Scripts"),
-                                                   QStringLiteral("Descargando Configuracion"),
-                                                   QStringLiteral("Descargando Logotipos")}));
-        QCOMPARE(e.barra1.historia,
-                 QStringList({QStringLiteral("max 2"), QStringLiteral("1"), QStringLiteral("2")}));
-        QCOMPARE(e.barra2.historia, QStringList({QStringLiteral("1")}));
+        QCOMPARE(e.estadoTS.historia,
+                 QStringList({u"Descargando Scripts"_s, u"Descargando Configuracion"_s,
+                              u"Descargando Logotipos"_s}));
+        QCOMPARE(e.barra1.historia, QStringList({u"max 2"_s, u"1"_s, u"2"_s}));
+        QCOMPARE(e.barra2.historia, QStringList({u"1"_s}));
     }
 
     void configuracion_llevaLosValoresComoVienen()
@@ -95,7 +88,7 @@ private Q_SLOTS:
         e.responder("campo=TELEFONO", "555 1234");
         e.responder("campo=CDANE", "1123");
         descargarRecursos(e.entorno, documentos);
-        QCOMPARE(e.leer(QStringLiteral("123-2010/configuracion.txt")),
+        QCOMPARE(e.leer(u"123-2010/configuracion.txt"_s),
                  QByteArray("var rector = \"Jos\xE9 Nu\xF1"
                             "ez\";\r\n"
                             "var secretaria = \"Ana de la O\";\r\n"
@@ -114,7 +107,7 @@ private Q_SLOTS:
         descargarRecursos(e.entorno, documentos);
         e.responder("campo=", "un valor nuevo");
         descargarRecursos(e.entorno, documentos);
-        const QByteArray guion = e.leer(QStringLiteral("123-2010/configuracion.txt"));
+        const QByteArray guion = e.leer(u"123-2010/configuracion.txt"_s);
         QCOMPARE(guion.count("var "), 7);
         QCOMPARE(guion.count("\"un valor nuevo\""), 7);
     }
@@ -129,8 +122,8 @@ private Q_SLOTS:
         falla.cuerpo = "no existe esa imagen";
         e.demo.fallar("logo.png", falla);
         descargarRecursos(e.entorno, documentos);
-        QVERIFY(!e.existe(QStringLiteral("123-2010/archivos/images/logo.png")));
-        QVERIFY(e.existe(QStringLiteral("123-2010/archivos/images/rector.png")));
+        QVERIFY(!e.existe(u"123-2010/archivos/images/logo.png"_s));
+        QVERIFY(e.existe(u"123-2010/archivos/images/rector.png"_s));
     }
 };
 

@@ -18,17 +18,15 @@ private Q_SLOTS:
         QTest::addColumn<QString>("certiFin");
         QTest::addColumn<QString>("tipoInfo");
         QTest::addColumn<QString>("tipoCerti");
-        const auto info = QStringLiteral("infoFinal");
-        const auto info2 = QStringLiteral("infoFinal2");
-        const auto certi = QStringLiteral("certificado");
-        QTest::newRow("SI and 3") << QStringLiteral("SI") << QStringLiteral("3") << info2
-                                  << QStringLiteral("certificado3");
-        QTest::newRow("si and 2") << QStringLiteral("si") << QStringLiteral("2") << info
-                                  << QStringLiteral("certificado2");
-        QTest::newRow("1 and 1") << QStringLiteral("1") << QStringLiteral("1") << info << certi;
-        QTest::newRow("NO and SI") << QStringLiteral("NO") << QStringLiteral("SI") << info << certi;
+        const auto info = u"infoFinal"_s;
+        const auto info2 = u"infoFinal2"_s;
+        const auto certi = u"certificado"_s;
+        QTest::newRow("SI and 3") << u"SI"_s << u"3"_s << info2 << u"certificado3"_s;
+        QTest::newRow("si and 2") << u"si"_s << u"2"_s << info << u"certificado2"_s;
+        QTest::newRow("1 and 1") << u"1"_s << u"1"_s << info << certi;
+        QTest::newRow("NO and SI") << u"NO"_s << u"SI"_s << info << certi;
         QTest::newRow("empty") << QString() << QString() << info << certi;
-        QTest::newRow("blank after 3") << QString() << QStringLiteral("3 ") << info << certi;
+        QTest::newRow("blank after 3") << QString() << u"3 "_s << info << certi;
     }
     void clasesDeDocumento_siguenALosAjustes()
     {
@@ -41,13 +39,12 @@ private Q_SLOTS:
         e.sesion.usaInfoFin2 = infoFin;
         e.sesion.usaCertiFin2 = certiFin;
         tcAlumnos alumnos(e.entorno);
-        alumnos.Fcargar(QStringLiteral("14,6A"));
+        alumnos.Fcargar(u"14,6A"_s);
         alumnos.downInfoFinal();
         alumnos.downCertificado();
         QCOMPARE(e.destinos(),
-                 QStringList(
-                     {QStringLiteral("/salones/123/2010/%1/14/tessarin/?azar=#&").arg(tipoInfo),
-                      QStringLiteral("/salones/123/2010/%1/14/tessarin/?azar=#&").arg(tipoCerti)}));
+                 QStringList({u"/salones/123/2010/%1/14/tessarin/?azar=#&"_s.arg(tipoInfo),
+                              u"/salones/123/2010/%1/14/tessarin/?azar=#&"_s.arg(tipoCerti)}));
     }
 
     void ajusteCambiadoEnMedio_noCambiaLaClaseDeLaLlamada()
@@ -74,14 +71,13 @@ private Q_SLOTS:
     {
         Escenario e;
         e.responder("/", "una pagina cualquiera");
-        e.sesion.anoActual = QStringLiteral("2024");
+        e.sesion.anoActual = u"2024"_s;
         tcAlumnos alumnos(e.entorno);
-        alumnos.Fcargar(QStringLiteral("14,6A"));
+        alumnos.Fcargar(u"14,6A"_s);
         alumnos.downHojaMat();
-        QCOMPARE(
-            e.destinos(),
-            QStringList({QStringLiteral("/alumnos/123/2010/hojaMatricula/14/tessarin/?azar=#&")}));
-        QVERIFY(e.existe(QStringLiteral("123-2024/archivos/matriculas/14.html")));
+        QCOMPARE(e.destinos(),
+                 QStringList({u"/alumnos/123/2010/hojaMatricula/14/tessarin/?azar=#&"_s}));
+        QVERIFY(e.existe(u"123-2024/archivos/matriculas/14.html"_s));
     }
 
     void respuestaVacia_dejaSoloElGuion()
@@ -89,9 +85,9 @@ private Q_SLOTS:
         Escenario e;
         e.responder("/", "");
         tcAlumnos alumnos(e.entorno);
-        alumnos.Fcargar(QStringLiteral("14,6A"));
+        alumnos.Fcargar(u"14,6A"_s);
         alumnos.downInfoFinal();
-        QCOMPARE(e.leer(QStringLiteral("123-2010/archivos/infoFinal/14.html")),
+        QCOMPARE(e.leer(u"123-2010/archivos/infoFinal/14.html"_s),
                  guiones::documento.toLatin1() + "\r\n");
     }
 
@@ -99,15 +95,14 @@ private Q_SLOTS:
     {
         Escenario e;
         tcAlumnos alumnos(e.entorno);
-        alumnos.Fcargar(QStringLiteral("14,6A"));
+        alumnos.Fcargar(u"14,6A"_s);
         e.responder("infoAlumno.php", "la ficha anterior");
         alumnos.downInfoAlumno();
-        QCOMPARE(e.leer(QStringLiteral("123-2010/archivos/infoAlumnos/14.html")),
+        QCOMPARE(e.leer(u"123-2010/archivos/infoAlumnos/14.html"_s),
                  QByteArray("la ficha anterior\r\n"));
         e.responder("infoAlumno.php", "");
         alumnos.downInfoAlumno();
-        QCOMPARE(e.leer(QStringLiteral("123-2010/archivos/infoAlumnos/14.html")),
-                 QByteArray("\r\n"));
+        QCOMPARE(e.leer(u"123-2010/archivos/infoAlumnos/14.html"_s), QByteArray("\r\n"));
     }
 
     void idNoPermitidoEnArchivos_seSaltaYSigueElProximo()
@@ -116,10 +111,9 @@ private Q_SLOTS:
         prepararArchivo(e);
         e.responder("/", "una pagina cualquiera");
         tcSalones salones(e.entorno);
-        salones.Fcargar(QStringLiteral("1*2,MALO®NUL,MALO®14,6A"));
+        salones.Fcargar(u"1*2,MALO®NUL,MALO®14,6A"_s);
         salones.downSalones();
-        QCOMPARE(e.listar(QStringLiteral("123-2010/archivos/salones")),
-                 QStringList({QStringLiteral("14.html")}));
+        QCOMPARE(e.listar(u"123-2010/archivos/salones"_s), QStringList({u"14.html"_s}));
         QCOMPARE(e.barra1.valor(), 3);
     }
 
@@ -128,10 +122,9 @@ private Q_SLOTS:
         Escenario e;
         e.responder("/", "una pagina cualquiera");
         tcSalones salones(e.entorno);
-        salones.Fcargar(QStringLiteral(",SIN ID"));
+        salones.Fcargar(u",SIN ID"_s);
         salones.downSalones();
-        QCOMPARE(e.listar(QStringLiteral("123-2010/archivos/salones")),
-                 QStringList({QStringLiteral(".html")}));
+        QCOMPARE(e.listar(u"123-2010/archivos/salones"_s), QStringList({u".html"_s}));
     }
 
     void idConSignos_vaSinEscaparEnLaConsulta()
@@ -139,16 +132,15 @@ private Q_SLOTS:
         Escenario e;
         e.responder("/", "una pagina cualquiera");
         tcAlumnos alumnos(e.entorno);
-        alumnos.Fcargar(QStringLiteral("a&b=c,X"));
+        alumnos.Fcargar(u"a&b=c,X"_s);
         alumnos.downInfoAlumno();
         alumnos.downFotosAlumno();
         const QString base = e.demo.base();
         QCOMPARE(
             e.destinos(),
-            QStringList({QStringLiteral(
-                             "/querys/tessarin/infoAlumno.php?azar=#&idcolegio=123&idalumno=a&b=c"),
-                         QStringLiteral("/querys/tessarin/existe.php?azar=#&f=") + base
-                             + QStringLiteral("/jup/images/123/a&b=c-alumno.jpg")}));
+            QStringList({u"/querys/tessarin/infoAlumno.php?azar=#&idcolegio=123&idalumno=a&b=c"_s,
+                         u"/querys/tessarin/existe.php?azar=#&f="_s + base
+                             + u"/jup/images/123/a&b=c-alumno.jpg"_s}));
     }
 
     void foto_seGuardaSoloSiElServicioDiceSi_data()
@@ -175,19 +167,16 @@ private Q_SLOTS:
         alumnos.Fcargar(alumno.id + u',' + alumno.nombre);
         QSignalSpy avisos(&alumnos, &tcLista::nuevaDescarga);
         alumnos.downFotosAlumno();
-        const QString foto = QStringLiteral("/jup/images/123/%1-alumno.jpg").arg(alumno.id);
-        const QString consulta =
-            QStringLiteral("/querys/tessarin/existe.php?azar=#&f=") + e.demo.base() + foto;
+        const QString foto = u"/jup/images/123/%1-alumno.jpg"_s.arg(alumno.id);
+        const QString consulta = u"/querys/tessarin/existe.php?azar=#&f="_s + e.demo.base() + foto;
         QCOMPARE(e.destinos().first(), consulta);
         QCOMPARE(e.destinos().count(foto), guardada ? 1 : 0);
-        QCOMPARE(e.listar(QStringLiteral("123-2010/archivos/fotos")),
-                 guardada ? QStringList({alumno.id + QStringLiteral("-alumno.jpg")})
-                          : QStringList());
-        QCOMPARE(e.estadoTS.historia,
-                 QStringList({QStringLiteral("Descargando Imagenes de Alumnos")}));
+        QCOMPARE(e.listar(u"123-2010/archivos/fotos"_s),
+                 guardada ? QStringList({alumno.id + u"-alumno.jpg"_s}) : QStringList());
+        QCOMPARE(e.estadoTS.historia, QStringList({u"Descargando Imagenes de Alumnos"_s}));
         QCOMPARE(avisos.size(), 1);
         QCOMPARE(avisos[0][0].toString(),
-                 QStringLiteral("Foto de alumno (%1): %2 - 1 de 1").arg(alumno.id, alumno.nombre));
+                 u"Foto de alumno (%1): %2 - 1 de 1"_s.arg(alumno.id, alumno.nombre));
         QCOMPARE(e.barra1.valor(), 1);
         QCOMPARE(e.pausas.size(), guardada ? 1 : 0);
     }
@@ -211,17 +200,17 @@ private Q_SLOTS:
         Escenario e;
         e.responder("/", "una pagina cualquiera");
         tcSalones salones(e.entorno);
-        salones.Fcargar(QStringLiteral("1,A®2,B"));
+        salones.Fcargar(u"1,A®2,B"_s);
         QStringList textos;
         connect(&salones, &tcLista::nuevaDescarga, this, [&](const QString &texto) {
             textos.append(texto);
             if (salones.Count() == 2)
-                salones.Fcargar(QStringLiteral("3,C"));
+                salones.Fcargar(u"3,C"_s);
         });
         salones.downSalones();
-        QCOMPARE(textos, QStringList({QStringLiteral("Descargando Salon (1): A - 1 de 2"),
-                                      QStringLiteral("Descargando Salon (2): B - 2 de 3"),
-                                      QStringLiteral("Descargando Salon (3): C - 3 de 3")}));
+        QCOMPARE(textos, QStringList({u"Descargando Salon (1): A - 1 de 2"_s,
+                                      u"Descargando Salon (2): B - 2 de 3"_s,
+                                      u"Descargando Salon (3): C - 3 de 3"_s}));
     }
 };
 

@@ -12,6 +12,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 template <auto borra>
@@ -113,7 +115,7 @@ void tst_tls::autoridad_verificaElServicio_data()
 void tst_tls::autoridad_verificaElServicio()
 {
     QFETCH(QByteArray, host);
-    QVERIFY(servicio.base().startsWith(QLatin1String("https://127.0.0.1:")));
+    QVERIFY(servicio.base().startsWith("https://127.0.0.1:"_L1));
     const Contexto contexto = clienteQueConfiaEn(servicio.autoridad());
     const Resultado resultado = conversar(contexto.get(), servicio.base(), host.constData());
     QVERIFY(resultado.saludo);
@@ -194,7 +196,7 @@ void tst_tls::http_noTieneAutoridad()
 {
     const ServicioDemo claro;
     QVERIFY(claro.autoridad().isEmpty());
-    QVERIFY(claro.base().startsWith(QLatin1String("http://127.0.0.1:")));
+    QVERIFY(claro.base().startsWith("http://127.0.0.1:"_L1));
 }
 
 QTEST_MAIN(tst_tls)

@@ -4,6 +4,8 @@
 #include <QDir>
 #include <QFile>
 
+using namespace Qt::StringLiterals;
+
 void BarraAnotada::ponerValor(int valor)
 {
     if (valor < 0 || valor > maximo)
@@ -15,7 +17,7 @@ void BarraAnotada::ponerValor(int valor)
 void BarraAnotada::ponerMaximo(int nuevo)
 {
     maximo = nuevo;
-    anotar(QStringLiteral("max %1").arg(nuevo));
+    anotar(u"max %1"_s.arg(nuevo));
 }
 
 void BarraAnotada::anotar(const QString &suceso)
@@ -27,13 +29,13 @@ void BarraAnotada::anotar(const QString &suceso)
 void RotuloAnotado::ponerTexto(const QString &texto)
 {
     historia.append(texto);
-    m_comun.anotar(m_nombre + QStringLiteral(": ") + texto);
+    m_comun.anotar(m_nombre + u": "_s + texto);
 }
 
 Escenario::Escenario(const TamanoEscuela &tamano)
-    : demo(tamano), disco(personal.path()), sesion{.idColegio = QStringLiteral("123"),
-                                                   .anoActual = QStringLiteral("2010"),
-                                                   .rolUsuario = QStringLiteral("SECRETARIA")},
+    : demo(tamano), disco(personal.path()), sesion{.idColegio = u"123"_s,
+                                                   .anoActual = u"2010"_s,
+                                                   .rolUsuario = u"SECRETARIA"_s},
       progreso{.barra1 = &barra1, .barra2 = &barra2, .estadoTS = &estadoTS, .estadoHS = &estadoHS},
       entorno{.ServiceBase = demo.base(),
               .http = http,
@@ -42,7 +44,7 @@ Escenario::Escenario(const TamanoEscuela &tamano)
               .pausa =
                   [this](std::chrono::milliseconds duracion) {
                       pausas.append(duracion);
-                      historia.anotar(QStringLiteral("pausa %1").arg(duracion.count()));
+                      historia.anotar(u"pausa %1"_s.arg(duracion.count()));
                   },
               .sesion = sesion,
               .progreso = progreso}
@@ -68,7 +70,7 @@ void Escenario::responder(const QByteArray &fragmento, const QByteArray &cuerpo,
 
 QString Escenario::nativa(const QString &ruta) const
 {
-    return personal.filePath(QStringLiteral("Quorvela/") + ruta);
+    return personal.filePath(u"Quorvela/"_s + ruta);
 }
 
 QByteArray Escenario::leer(const QString &ruta) const

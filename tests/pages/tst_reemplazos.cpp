@@ -4,13 +4,15 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 Valores valores()
 {
     Valores valores;
-    valores.poner(Lugar::Base, QStringLiteral("https://s.co"));
-    valores.poner(Lugar::Colegio, QStringLiteral("123"));
+    valores.poner(Lugar::Base, u"https://s.co"_s);
+    valores.poner(Lugar::Colegio, u"123"_s);
     return valores;
 }
 
@@ -28,52 +30,46 @@ private Q_SLOTS:
         QTest::addColumn<QString>("localizada");
         QTest::newRow("school images, all, any case")
             << colegio
-            << QStringLiteral("<img src=HTTPS://S.CO/Images/COLEGIOS/123/logo.png>"
-                              "<img src=https://s.co/images/colegios/123/rector.png>")
-            << QStringLiteral("<img src=..\\images\\logo.png><img src=..\\images\\rector.png>");
+            << u"<img src=HTTPS://S.CO/Images/COLEGIOS/123/logo.png>"
+               "<img src=https://s.co/images/colegios/123/rector.png>"_s
+            << u"<img src=..\\images\\logo.png><img src=..\\images\\rector.png>"_s;
         QTest::newRow("another school's images stay")
-            << colegio << QStringLiteral("https://s.co/images/colegios/1234/logo.png")
-            << QStringLiteral("https://s.co/images/colegios/1234/logo.png");
+            << colegio << u"https://s.co/images/colegios/1234/logo.png"_s
+            << u"https://s.co/images/colegios/1234/logo.png"_s;
         QTest::newRow("label NOTA:, all, any case")
             << reemplazos::etiquetaNota
-            << QStringLiteral(
-                   "https://s.co/imgTXT.php?txt=NOTA:FINAL HTTPS://s.CO/IMGtxt.php?TXT=nota:x")
-            << QStringLiteral("../images/labels/NOTAFINAL ../images/labels/NOTAx");
+            << u"https://s.co/imgTXT.php?txt=NOTA:FINAL HTTPS://s.CO/IMGtxt.php?TXT=nota:x"_s
+            << u"../images/labels/NOTAFINAL ../images/labels/NOTAx"_s;
         QTest::newRow("label, all, any case")
             << reemplazos::etiqueta
-            << QStringLiteral(
-                   "https://s.co/imgTXT.php?txt=Puesto HTTPS://s.CO/IMGtxt.php?TXT=NOTA:x")
-            << QStringLiteral("../images/labels/Puesto ../images/labels/NOTA:x");
+            << u"https://s.co/imgTXT.php?txt=Puesto HTTPS://s.CO/IMGtxt.php?TXT=NOTA:x"_s
+            << u"../images/labels/Puesto ../images/labels/NOTA:x"_s;
         QTest::newRow("stamp, the first only")
             << reemplazos::promovido
-            << QStringLiteral("https://s.co/images/promovido.png https://s.co/images/promovido.png")
-            << QStringLiteral("..\\images\\promovido.png https://s.co/images/promovido.png");
+            << u"https://s.co/images/promovido.png https://s.co/images/promovido.png"_s
+            << u"..\\images\\promovido.png https://s.co/images/promovido.png"_s;
         QTest::newRow("stamp, exact case only")
-            << reemplazos::promovido << QStringLiteral("HTTPS://S.CO/images/promovido.png")
-            << QStringLiteral("HTTPS://S.CO/images/promovido.png");
+            << reemplazos::promovido << u"HTTPS://S.CO/images/promovido.png"_s
+            << u"HTTPS://S.CO/images/promovido.png"_s;
         QTest::newRow("other stamp, the first only")
             << reemplazos::reprobado
-            << QStringLiteral("https://s.co/images/reprobado.png https://s.co/images/reprobado.png")
-            << QStringLiteral("..\\images\\reprobado.png https://s.co/images/reprobado.png");
+            << u"https://s.co/images/reprobado.png https://s.co/images/reprobado.png"_s
+            << u"..\\images\\reprobado.png https://s.co/images/reprobado.png"_s;
         QTest::newRow("other stamp, exact case only")
-            << reemplazos::reprobado << QStringLiteral("https://s.co/images/REPROBADO.png")
-            << QStringLiteral("https://s.co/images/REPROBADO.png");
+            << reemplazos::reprobado << u"https://s.co/images/REPROBADO.png"_s
+            << u"https://s.co/images/REPROBADO.png"_s;
         QTest::newRow("folio, all, any case")
-            << reemplazos::folio
-            << QStringLiteral("Folio: \u00AEfolio\u00AE y FOLIO: \u00AEFolio\u00AE")
-            << QStringLiteral("Folio: _______ y Folio: _______");
-        QTest::newRow("no folio") << reemplazos::folio << QStringLiteral("Folio: 12")
-                                  << QStringLiteral("Folio: 12");
+            << reemplazos::folio << u"Folio: \u00AEfolio\u00AE y FOLIO: \u00AEFolio\u00AE"_s
+            << u"Folio: _______ y Folio: _______"_s;
+        QTest::newRow("no folio") << reemplazos::folio << u"Folio: 12"_s << u"Folio: 12"_s;
         QTest::newRow("photos, all, any case")
             << reemplazos::foto
-            << QStringLiteral(
-                   "https://s.co/jup/images/123/9-alumno.jpg https://s.co/JUP/images/123/")
-            << QStringLiteral("..\\fotos\\9-alumno.jpg ..\\fotos\\");
+            << u"https://s.co/jup/images/123/9-alumno.jpg https://s.co/JUP/images/123/"_s
+            << u"..\\fotos\\9-alumno.jpg ..\\fotos\\"_s;
         QTest::newRow("avatar, all, any case")
             << reemplazos::avatar
-            << QStringLiteral(
-                   "https://s.co/images/default-avatar.png HTTPS://s.co/images/Default-Avatar.png")
-            << QStringLiteral("..\\fotos\\default-avatar.png ..\\fotos\\default-avatar.png");
+            << u"https://s.co/images/default-avatar.png HTTPS://s.co/images/Default-Avatar.png"_s
+            << u"..\\fotos\\default-avatar.png ..\\fotos\\default-avatar.png"_s;
     }
     void fila_cambiaLoSuyo()
     {
@@ -85,43 +81,39 @@ private Q_SLOTS:
 
     void filas_vanEnSuOrden()
     {
-        const QString pagina = QStringLiteral("https://s.co/imgTXT.php?txt=NOTA:A");
+        const QString pagina = u"https://s.co/imgTXT.php?txt=NOTA:A"_s;
         const Reemplazo notaAntes[] = {reemplazos::etiquetaNota, reemplazos::etiqueta};
-        QCOMPARE(localizar(pagina, notaAntes, valores()), QStringLiteral("../images/labels/NOTAA"));
+        QCOMPARE(localizar(pagina, notaAntes, valores()), u"../images/labels/NOTAA"_s);
         const Reemplazo notaDespues[] = {reemplazos::etiqueta, reemplazos::etiquetaNota};
-        QCOMPARE(localizar(pagina, notaDespues, valores()),
-                 QStringLiteral("../images/labels/NOTA:A"));
+        QCOMPARE(localizar(pagina, notaDespues, valores()), u"../images/labels/NOTA:A"_s);
     }
 
     void guionDeDocumento_esElDeLosArchivos()
     {
-        QCOMPARE(
-            guiones::documento.toString(),
-            QStringLiteral("<script language='javascript' "
-                           "src='../../archivos/jscript/jquery.tools.min.js'></script>"
-                           "<script language='javascript' src='../../configuracion.txt'></script>"
-                           "<script type='text/javascript'>"
-                           "$(document).ready(function() {"
-                           "$('span span #cfgMICOLEGIO').html('micolegio');"
-                           "$('span span #cfgSLOGAN').html('slogan');"
-                           "$('#cfgCDANE').html(cdane);"
-                           "$('#cfgDIRECCION').html(direccion);"
-                           "$('#cfgTELEFONO').html(telefono); "
-                           "$('#cfgSECRETARIA').html(secretaria); "
-                           "$('#cfgRECTOR').html(rector); "
-                           "});</script>"));
+        QCOMPARE(guiones::documento.toString(),
+                 u"<script language='javascript' "
+                 "src='../../archivos/jscript/jquery.tools.min.js'></script>"
+                 "<script language='javascript' src='../../configuracion.txt'></script>"
+                 "<script type='text/javascript'>"
+                 "$(document).ready(function() {"
+                 "$('span span #cfgMICOLEGIO').html('micolegio');"
+                 "$('span span #cfgSLOGAN').html('slogan');"
+                 "$('#cfgCDANE').html(cdane);"
+                 "$('#cfgDIRECCION').html(direccion);"
+                 "$('#cfgTELEFONO').html(telefono); "
+                 "$('#cfgSECRETARIA').html(secretaria); "
+                 "$('#cfgRECTOR').html(rector); "
+                 "});</script>"_s);
     }
 
     void guionDeBoletin_esElDeLosArchivos()
     {
-        QCOMPARE(
-            guiones::boletin.toString(),
-            QStringLiteral(
-                "<script language='javascript' src='../../configuracion.txt'></script><script "
-                "type='text/javascript'>$(document).ready(function() {    "
-                "$('#cfgMICOLEGIO').html(micolegio); $('#cfgSLOGAN').html(slogan);$('#cfgCDANE')."
-                "html(cdane);$('#cfgDIRECCION').html(direccion);$('#cfgTELEFONO').html(telefono); "
-                "});</script>"));
+        QCOMPARE(guiones::boletin.toString(),
+                 u"<script language='javascript' src='../../configuracion.txt'></script><script "
+                 "type='text/javascript'>$(document).ready(function() {    "
+                 "$('#cfgMICOLEGIO').html(micolegio); $('#cfgSLOGAN').html(slogan);$('#cfgCDANE')."
+                 "html(cdane);$('#cfgDIRECCION').html(direccion);$('#cfgTELEFONO').html(telefono); "
+                 "});</script>"_s);
     }
 };
 

@@ -7,6 +7,8 @@
 #include <QStringList>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace casosTrabajo {
 
 struct Caso {
@@ -19,16 +21,15 @@ struct Caso {
     QStringList imagenes; // targets, in order
 };
 
-inline const QStringList soloLogo = {QStringLiteral("/images/colegios/123/logo.png")};
+inline const QStringList soloLogo = {u"/images/colegios/123/logo.png"_s};
 inline const QStringList deFinales =
     soloLogo
-    + QStringList{QStringLiteral("/images/promovido.png"), QStringLiteral("/images/reprobado.png"),
-                  QStringLiteral("/images/colegios/123/rector.png"),
-                  QStringLiteral("/images/colegios/123/coordinacion.png")};
-inline const QStringList delObservador = soloLogo
-                                         + QStringList{QStringLiteral("/images/apersonal.png"),
-                                                       QStringLiteral("/images/aconvivencia.png"),
-                                                       QStringLiteral("/images/aacademico.png")};
+    + QStringList{u"/images/promovido.png"_s, u"/images/reprobado.png"_s,
+                  u"/images/colegios/123/rector.png"_s, u"/images/colegios/123/coordinacion.png"_s};
+inline const QStringList delObservador =
+    soloLogo
+    + QStringList{u"/images/apersonal.png"_s, u"/images/aconvivencia.png"_s,
+                  u"/images/aacademico.png"_s};
 
 // Everything that any row of the table rewrites, the prefix of the school in capitals.
 inline const QByteArray sellos = "<b @/images/promovido.png><b2 @/images/promovido.png>"
@@ -51,41 +52,40 @@ inline QList<Caso> casos()
 {
     const QByteArray documento = guiones::documento.toLatin1();
     return {
-        {QStringLiteral("Boletines"), QStringLiteral("alumnos"), QStringLiteral("boletines/P2"),
-         QStringLiteral("/salones/123/2010/boletin/77/2/tessarin/#"),
+        {u"Boletines"_s, u"alumnos"_s, u"boletines/P2"_s,
+         u"/salones/123/2010/boletin/77/2/tessarin/#"_s,
          escuela("../../../archivos\\images\\") + sellos + folio + iconos,
          guiones::boletin.toLatin1(), soloLogo},
-        {QStringLiteral("Informe Final"), QStringLiteral("alumnos"), QStringLiteral("infofinal"),
-         QStringLiteral("/salones/123/2010/infoFinal/77/tessarin/#"),
+        {u"Informe Final"_s, u"alumnos"_s, u"infofinal"_s,
+         u"/salones/123/2010/infoFinal/77/tessarin/#"_s,
          escuela("..\\images\\")
              + "<b ..\\images\\promovido.png><b2 @/images/promovido.png>"
                "<c ..\\images\\reprobado.png><c2 @/images/reprobado.png>"
              + folio + iconos,
          documento, deFinales},
-        {QStringLiteral("Certificado Final"), QStringLiteral("alumnos"),
-         QStringLiteral("certificados"),
-         QStringLiteral("/salones/123/2010/certificado/77/tessarin/#"),
+        {u"Certificado Final"_s, u"alumnos"_s, u"certificados"_s,
+         u"/salones/123/2010/certificado/77/tessarin/#"_s,
          escuela("..\\images\\") + sellos + "<d Folio: _______>" + iconos, documento, deFinales},
-        {QStringLiteral("Paz Y Salvos"),
-         QStringLiteral("alumnos"),
-         QStringLiteral("pazysalvos"),
-         QStringLiteral("/alumnos/123/2010/pazYsalvo/77/tessarin/#"),
+        {u"Paz Y Salvos"_s,
+         u"alumnos"_s,
+         u"pazysalvos"_s,
+         u"/alumnos/123/2010/pazYsalvo/77/tessarin/#"_s,
          escuela("..\\images\\") + sellos + folio + iconos,
          {},
          soloLogo},
-        {QStringLiteral("Observador"),
-         QStringLiteral("alumnos"),
-         QStringLiteral("observador"),
-         QStringLiteral("/anotador/123/2010/reporte/77//-1/tessarin/#"),
+        {u"Observador"_s,
+         u"alumnos"_s,
+         u"observador"_s,
+         u"/anotador/123/2010/reporte/77//-1/tessarin/#"_s,
          escuela(porLaRaiz) + sellos + folio + "<e " + porLaRaiz + "apersonal.png><e2 " + porLaRaiz
              + "apersonal.png><f " + porLaRaiz + "aconvivencia.png><g " + porLaRaiz
              + "aacademico.png>\xF1\x81",
          {},
          delObservador},
-        {QStringLiteral("Planilla Trabajo"),
-         QStringLiteral("asignaturas"),
-         QStringLiteral("planillaT"),
-         QStringLiteral("/notas/123/2010/planillaAsignatura/77/tessarin/#"),
+        {u"Planilla Trabajo"_s,
+         u"asignaturas"_s,
+         u"planillaT"_s,
+         u"/notas/123/2010/planillaAsignatura/77/tessarin/#"_s,
          escuela(porLaRaiz) + sellos + folio + iconos,
          {},
          soloLogo},

@@ -26,25 +26,19 @@ private Q_SLOTS:
         QTest::addColumn<QString>("trabajo");
         QTest::addColumn<QString>("ajuste");
         QTest::addColumn<QString>("clase");
-        const auto boletines = QStringLiteral("Boletines");
-        const auto informe = QStringLiteral("Informe Final");
-        const auto certi = QStringLiteral("Certificado Final");
-        QTest::newRow("boletin SI")
-            << boletines << QStringLiteral("SI") << QStringLiteral("boletin2");
-        QTest::newRow("boletin si")
-            << boletines << QStringLiteral("si") << QStringLiteral("boletin");
-        QTest::newRow("boletin empty") << boletines << QString() << QStringLiteral("boletin");
-        QTest::newRow("final SI") << informe << QStringLiteral("SI")
-                                  << QStringLiteral("infoFinal2");
-        QTest::newRow("final empty") << informe << QString() << QStringLiteral("infoFinal");
-        QTest::newRow("final NO") << informe << QStringLiteral("NO") << QStringLiteral("infoFinal");
-        QTest::newRow("certificate 3")
-            << certi << QStringLiteral("3") << QStringLiteral("certificado3");
-        QTest::newRow("certificate 2")
-            << certi << QStringLiteral("2") << QStringLiteral("certificado2");
-        QTest::newRow("certificate 1")
-            << certi << QStringLiteral("1") << QStringLiteral("certificado");
-        QTest::newRow("certificate empty") << certi << QString() << QStringLiteral("certificado");
+        const auto boletines = u"Boletines"_s;
+        const auto informe = u"Informe Final"_s;
+        const auto certi = u"Certificado Final"_s;
+        QTest::newRow("boletin SI") << boletines << u"SI"_s << u"boletin2"_s;
+        QTest::newRow("boletin si") << boletines << u"si"_s << u"boletin"_s;
+        QTest::newRow("boletin empty") << boletines << QString() << u"boletin"_s;
+        QTest::newRow("final SI") << informe << u"SI"_s << u"infoFinal2"_s;
+        QTest::newRow("final empty") << informe << QString() << u"infoFinal"_s;
+        QTest::newRow("final NO") << informe << u"NO"_s << u"infoFinal"_s;
+        QTest::newRow("certificate 3") << certi << u"3"_s << u"certificado3"_s;
+        QTest::newRow("certificate 2") << certi << u"2"_s << u"certificado2"_s;
+        QTest::newRow("certificate 1") << certi << u"1"_s << u"certificado"_s;
+        QTest::newRow("certificate empty") << certi << QString() << u"certificado"_s;
     }
     void clasesDeDocumento_siguenALosAjustes()
     {
@@ -58,7 +52,7 @@ private Q_SLOTS:
         e.responder("tipo=matrix&salon=501", "77,ANA COMPLETA");
         e.responder("/2010/", "la pagina de cada uno");
         correr(trabajo, e, panel);
-        QVERIFY2(e.destinos()[1].startsWith(QStringLiteral("/salones/123/2010/%1/77/").arg(clase)),
+        QVERIFY2(e.destinos()[1].startsWith(u"/salones/123/2010/%1/77/"_s.arg(clase)),
                  qPrintable(e.destinos()[1]));
     }
 
@@ -71,8 +65,8 @@ private Q_SLOTS:
         e.responder("tipo=matrix&salon=501", "77,ANA COMPLETA");
         e.responder("/certificado/",
                     "<p>Folio: 12</p><img src=" + base + "/images/colegios/123/x.png>\xF1");
-        correr(QStringLiteral("Certificado Final"), e, panel);
-        QCOMPARE(e.leer(QStringLiteral("123-2010/archivos/certificados/77.html")),
+        correr(u"Certificado Final"_s, e, panel);
+        QCOMPARE(e.leer(u"123-2010/archivos/certificados/77.html"_s),
                  "<p>Folio: 12</p><img src=..\\images\\x.png>\xF1" + guiones::documento.toLatin1()
                      + "\r\n");
     }
@@ -82,12 +76,12 @@ private Q_SLOTS:
         const ObreroAnotado obrero;
         Escenario e;
         PanelAnotado panel;
-        QFile ajeno(e.personal.filePath(QStringLiteral("doc.html")));
+        QFile ajeno(e.personal.filePath(u"doc.html"_s));
         QVERIFY(ajeno.open(QIODevice::WriteOnly));
         ajeno.close();
         e.responder("tipo=matrix&salon=501", "..\\..\\..\\..\\doc,ANA");
         e.responder("/2010/", "la pagina de cada uno");
-        correr(QStringLiteral("Paz Y Salvos"), e, panel);
+        correr(u"Paz Y Salvos"_s, e, panel);
         QVERIFY(!obrero.arrancado());
     }
 
@@ -98,10 +92,10 @@ private Q_SLOTS:
         panel.imprimir = false;
         e.responder("tipo=matrix&salon=501", "77,ANA COMPLETA");
         e.responder("/2010/", "la pagina de cada uno");
-        correr(QStringLiteral("Paz Y Salvos"), e, panel);
+        correr(u"Paz Y Salvos"_s, e, panel);
         const QString destino = QString::fromLatin1(e.demo.peticiones()[1].destino);
         static const QRegularExpression forma(
-            QStringLiteral("^/alumnos/123/2010/pazYsalvo/77/tessarin/(\\d+)$"));
+            u"^/alumnos/123/2010/pazYsalvo/77/tessarin/(\\d+)$"_s);
         const int numero = forma.match(destino).captured(1).toInt();
         QVERIFY2(numero >= 1000 && numero <= 1000000, qPrintable(destino));
     }
@@ -111,12 +105,11 @@ private Q_SLOTS:
         Escenario e;
         PanelAnotado panel;
         e.responder("tipo=matrix&salon=501", "");
-        correr(QStringLiteral("Boletines"), e, panel);
-        QCOMPARE(panel.historia,
-                 QStringList({QStringLiteral("empezar -1"), QStringLiteral("terminar")}));
-        QCOMPARE(e.destinos().last(), QStringLiteral("/images/colegios/123/logo.png"));
-        QCOMPARE(e.listar(QStringLiteral("123-2010/archivos/boletines/P2")), QStringList());
-        QVERIFY(e.existe(QStringLiteral("123-2010/archivos/boletines/P2")));
+        correr(u"Boletines"_s, e, panel);
+        QCOMPARE(panel.historia, QStringList({u"empezar -1"_s, u"terminar"_s}));
+        QCOMPARE(e.destinos().last(), u"/images/colegios/123/logo.png"_s);
+        QCOMPARE(e.listar(u"123-2010/archivos/boletines/P2"_s), QStringList());
+        QVERIFY(e.existe(u"123-2010/archivos/boletines/P2"_s));
     }
 
     void paginaQueFalla_seGuardaComoVinoYElResto()
@@ -130,10 +123,9 @@ private Q_SLOTS:
         e.responder("tipo=matrix&salon=501", "77,ANA\xAE"
                                              "a|b,MALA\xAE"
                                              "1002,LUIS");
-        correr(QStringLiteral("Paz Y Salvos"), e, panel);
-        QCOMPARE(e.leer(QStringLiteral("123-2010/archivos/pazysalvos/77.html")),
-                 QByteArray("\r\n"));
-        QVERIFY(e.leer(QStringLiteral("123-2010/archivos/pazysalvos/1002.html")).size() > 200);
+        correr(u"Paz Y Salvos"_s, e, panel);
+        QCOMPARE(e.leer(u"123-2010/archivos/pazysalvos/77.html"_s), QByteArray("\r\n"));
+        QVERIFY(e.leer(u"123-2010/archivos/pazysalvos/1002.html"_s).size() > 200);
         QTRY_VERIFY(obrero.terminado());
         // A document that could not be stored is not there to print.
         QCOMPARE(obrero.documentos().size(), 2);

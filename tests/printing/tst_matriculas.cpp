@@ -13,9 +13,9 @@ class tst_matriculas : public QObject {
 private:
     static void guardarHoja(Escenario &e, const QString &codigo)
     {
-        const QString carpeta = e.nativa(QStringLiteral("123-2010/archivos/matriculas"));
+        const QString carpeta = e.nativa(u"123-2010/archivos/matriculas"_s);
         QVERIFY(QDir().mkpath(carpeta));
-        QFile hoja(carpeta + u'/' + codigo + QStringLiteral(".html"));
+        QFile hoja(carpeta + u'/' + codigo + u".html"_s);
         QVERIFY(hoja.open(QIODevice::WriteOnly));
         hoja.write("hoja");
     }
@@ -23,7 +23,7 @@ private:
     static void correr(Escenario &e, PanelAnotado &panel)
     {
         Verbos verbos;
-        correrTrabajo(QStringLiteral("Hoja Matricula"), e.entorno, panel, verbos);
+        correrTrabajo(u"Hoja Matricula"_s, e.entorno, panel, verbos);
     }
 
 private Q_SLOTS:
@@ -40,28 +40,24 @@ private Q_SLOTS:
         Escenario e;
         PanelAnotado panel;
         panel.imprimir = imprimir;
-        guardarHoja(e, QStringLiteral("77"));
-        guardarHoja(e, QStringLiteral("79"));
+        guardarHoja(e, u"77"_s);
+        guardarHoja(e, u"79"_s);
         e.responder("tipo=matrix&salon=501", "77,ANA PE\xD1"
                                              "A\xAE"
                                              "78,SIN HOJA\xAE"
                                              "79,EVA\xAE");
         correr(e, panel);
-        QCOMPARE(panel.historia,
-                 QStringList({QStringLiteral("mensaje: 77,ANA PEÑA®78,SIN HOJA®79,EVA®"),
-                              QStringLiteral("empezar 3"), QStringLiteral("avanzar"),
-                              QStringLiteral("avanzar"), QStringLiteral("avanzar"),
-                              QStringLiteral("avanzar"), QStringLiteral("terminar")}));
-        QCOMPARE(
-            e.destinos(),
-            QStringList(
-                {QStringLiteral(
-                     "/querys/tessarin/alumnos.php?azar=#&idcolegio=123&tipo=matrix&salon=501"),
-                 QStringLiteral("/images/colegios/123/logo.png")}));
+        QCOMPARE(panel.historia, QStringList({u"mensaje: 77,ANA PEÑA®78,SIN HOJA®79,EVA®"_s,
+                                              u"empezar 3"_s, u"avanzar"_s, u"avanzar"_s,
+                                              u"avanzar"_s, u"avanzar"_s, u"terminar"_s}));
+        QCOMPARE(e.destinos(),
+                 QStringList(
+                     {u"/querys/tessarin/alumnos.php?azar=#&idcolegio=123&tipo=matrix&salon=501"_s,
+                      u"/images/colegios/123/logo.png"_s}));
         QTRY_VERIFY(obrero.terminado());
         QCOMPARE(obrero.documentos(),
-                 QStringList({e.nativa(QStringLiteral("123-2010/archivos/matriculas/77.html")),
-                              e.nativa(QStringLiteral("123-2010/archivos/matriculas/79.html"))}));
+                 QStringList({e.nativa(u"123-2010/archivos/matriculas/77.html"_s),
+                              e.nativa(u"123-2010/archivos/matriculas/79.html"_s)}));
     }
 
     void sinArchivo_muestraLaRespuestaYNoImprimeNada()
@@ -72,10 +68,8 @@ private Q_SLOTS:
         e.responder("tipo=matrix&salon=501", "77,ANA\xAE"
                                              "78,EVA");
         correr(e, panel);
-        QCOMPARE(panel.historia,
-                 QStringList({QStringLiteral("mensaje: 77,ANA®78,EVA"), QStringLiteral("empezar 1"),
-                              QStringLiteral("avanzar"), QStringLiteral("avanzar"),
-                              QStringLiteral("terminar")}));
+        QCOMPARE(panel.historia, QStringList({u"mensaje: 77,ANA®78,EVA"_s, u"empezar 1"_s,
+                                              u"avanzar"_s, u"avanzar"_s, u"terminar"_s}));
         QVERIFY(!obrero.arrancado());
         QCOMPARE(e.listar(QString()), QStringList()); // and makes no folder of its own
     }
@@ -99,7 +93,7 @@ private Q_SLOTS:
         PanelAnotado panel;
         panel.salon.clear();
         correr(e, panel);
-        QCOMPARE(panel.historia, QStringList({QStringLiteral("mensaje: Seleccione un Salon")}));
+        QCOMPARE(panel.historia, QStringList({u"mensaje: Seleccione un Salon"_s}));
         QCOMPARE(e.destinos(), QStringList());
     }
 };

@@ -3,6 +3,8 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 class tst_numeroSalon : public QObject {
     Q_OBJECT
 private Q_SLOTS:
@@ -11,23 +13,17 @@ private Q_SLOTS:
         QTest::addColumn<QString>("linea");
         QTest::addColumn<double>("numero");
         QTest::addColumn<QString>("decimal");
-        QTest::newRow("usual line")
-            << QStringLiteral("501   : QUINTO A") << 501.0 << QStringLiteral("501");
-        QTest::newRow("blanks first")
-            << QStringLiteral("  14   : 6A") << 14.0 << QStringLiteral("14");
-        QTest::newRow("letters after")
-            << QStringLiteral("6A   : SEXTO") << 6.0 << QStringLiteral("6");
-        QTest::newRow("zero") << QStringLiteral("0   : CERO") << 0.0 << QStringLiteral("0");
-        QTest::newRow("negative") << QStringLiteral("-3   : X") << -3.0 << QStringLiteral("-3");
-        QTest::newRow("fraction") << QStringLiteral("2.5   : X") << 2.5 << QStringLiteral("2.5");
-        QTest::newRow("large") << QStringLiteral("123456789012   : X") << 123456789012.0
-                               << QStringLiteral("123456789012");
-        QTest::newRow("no exponent in the decimal")
-            << QStringLiteral("1e6   : X") << 1000000.0 << QStringLiteral("1000000");
-        QTest::newRow("letters") << QStringLiteral("ABC   : X") << 0.0 << QStringLiteral("0");
-        QTest::newRow("line break first")
-            << QStringLiteral("\r\n7   : X") << 0.0 << QStringLiteral("0");
-        QTest::newRow("empty") << QString() << 0.0 << QStringLiteral("0");
+        QTest::newRow("usual line") << u"501   : QUINTO A"_s << 501.0 << u"501"_s;
+        QTest::newRow("blanks first") << u"  14   : 6A"_s << 14.0 << u"14"_s;
+        QTest::newRow("letters after") << u"6A   : SEXTO"_s << 6.0 << u"6"_s;
+        QTest::newRow("zero") << u"0   : CERO"_s << 0.0 << u"0"_s;
+        QTest::newRow("negative") << u"-3   : X"_s << -3.0 << u"-3"_s;
+        QTest::newRow("fraction") << u"2.5   : X"_s << 2.5 << u"2.5"_s;
+        QTest::newRow("large") << u"123456789012   : X"_s << 123456789012.0 << u"123456789012"_s;
+        QTest::newRow("no exponent in the decimal") << u"1e6   : X"_s << 1000000.0 << u"1000000"_s;
+        QTest::newRow("letters") << u"ABC   : X"_s << 0.0 << u"0"_s;
+        QTest::newRow("line break first") << u"\r\n7   : X"_s << 0.0 << u"0"_s;
+        QTest::newRow("empty") << QString() << 0.0 << u"0"_s;
     }
     void linea_seLeeHastaDondeEsNumero()
     {

@@ -7,6 +7,7 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
 using namespace casosTrabajo;
 
 class tst_trabajos : public QObject {
@@ -39,34 +40,27 @@ private Q_SLOTS:
 
         correr(caso.nombre, e, panel);
 
-        const QString otro =
-            QString(caso.destino).replace(QStringLiteral("/77/"), QStringLiteral("/78/"));
-        QCOMPARE(
-            e.destinos(),
-            QStringList({QStringLiteral(
-                             "/querys/tessarin/%1.php?azar=#&idcolegio=123&tipo=matrix&salon=501")
-                             .arg(caso.lista),
-                         caso.destino, otro})
-                + caso.imagenes);
-        const QString carpeta = QStringLiteral("123-2010/archivos/") + caso.carpeta;
-        QCOMPARE(e.listar(carpeta),
-                 QStringList({QStringLiteral("77.html"), QStringLiteral("78.html")}));
-        QCOMPARE(e.leer(carpeta + QStringLiteral("/77.html")),
-                 enEscenario(caso.pagina) + caso.guion + "\r\n");
-        QCOMPARE(panel.historia,
-                 QStringList({QStringLiteral("empezar 2"), QStringLiteral("avanzar"),
-                              QStringLiteral("avanzar"), QStringLiteral("avanzar"),
-                              QStringLiteral("terminar")}));
+        const QString otro = QString(caso.destino).replace(u"/77/"_s, u"/78/"_s);
+        QCOMPARE(e.destinos(),
+                 QStringList(
+                     {u"/querys/tessarin/%1.php?azar=#&idcolegio=123&tipo=matrix&salon=501"_s.arg(
+                          caso.lista),
+                      caso.destino, otro})
+                     + caso.imagenes);
+        const QString carpeta = u"123-2010/archivos/"_s + caso.carpeta;
+        QCOMPARE(e.listar(carpeta), QStringList({u"77.html"_s, u"78.html"_s}));
+        QCOMPARE(e.leer(carpeta + u"/77.html"_s), enEscenario(caso.pagina) + caso.guion + "\r\n");
+        QCOMPARE(panel.historia, QStringList({u"empezar 2"_s, u"avanzar"_s, u"avanzar"_s,
+                                              u"avanzar"_s, u"terminar"_s}));
         QTRY_VERIFY(obrero.terminado());
         QCOMPARE(obrero.arranques(), 1);
-        QCOMPARE(obrero.documentos(),
-                 QStringList({e.nativa(carpeta + QStringLiteral("/77.html")),
-                              e.nativa(carpeta + QStringLiteral("/78.html"))}));
+        QCOMPARE(obrero.documentos(), QStringList({e.nativa(carpeta + u"/77.html"_s),
+                                                   e.nativa(carpeta + u"/78.html"_s)}));
         QStringList imagenes;
         for (const QString &destino : caso.imagenes)
             imagenes.append(destino.section(u'/', -1));
         imagenes.sort();
-        QCOMPARE(e.listar(QStringLiteral("123-2010/archivos/images")), imagenes);
+        QCOMPARE(e.listar(u"123-2010/archivos/images"_s), imagenes);
     }
 
     void soloDescargar_nuncaArrancaElObrero_data() { casosComoDatos(); }
@@ -81,8 +75,8 @@ private Q_SLOTS:
         e.responder("/2010/", "la pagina de cada uno");
         e.responder("tipo=matrix&salon=501", "77,ANA");
         correr(caso.nombre, e, panel);
-        QVERIFY(!e.listar(QStringLiteral("123-2010/archivos/") + caso.carpeta).isEmpty());
-        QVERIFY(e.existe(QStringLiteral("123-2010/archivos/images/logo.png")));
+        QVERIFY(!e.listar(u"123-2010/archivos/"_s + caso.carpeta).isEmpty());
+        QVERIFY(e.existe(u"123-2010/archivos/images/logo.png"_s));
         QVERIFY(!obrero.arrancado());
     }
 
@@ -92,7 +86,7 @@ private Q_SLOTS:
         QTest::addColumn<QString>("salon");
         for (int indice = 0; indice < 6; ++indice) {
             QTest::addRow("%d, none chosen", indice) << indice << QString();
-            QTest::addRow("%d, a line with 0", indice) << indice << QStringLiteral("0   : CERO");
+            QTest::addRow("%d, a line with 0", indice) << indice << u"0   : CERO"_s;
         }
     }
     void sinSalon_avisaYNoHaceNada()
@@ -104,7 +98,7 @@ private Q_SLOTS:
         panel.salon = salon;
         panel.elegido = 3;
         correr(casos()[indice].nombre, e, panel);
-        QCOMPARE(panel.historia, QStringList({QStringLiteral("mensaje: Seleccione un Salon")}));
+        QCOMPARE(panel.historia, QStringList({u"mensaje: Seleccione un Salon"_s}));
         QCOMPARE(e.destinos(), QStringList());
         QCOMPARE(e.listar(QString()), QStringList());
     }
@@ -114,8 +108,8 @@ private Q_SLOTS:
         Escenario e;
         PanelAnotado panel;
         panel.elegido = 0;
-        correr(QStringLiteral("Boletines"), e, panel);
-        QCOMPARE(panel.historia, QStringList({QStringLiteral("mensaje: Seleccione el Periodo")}));
+        correr(u"Boletines"_s, e, panel);
+        QCOMPARE(panel.historia, QStringList({u"mensaje: Seleccione el Periodo"_s}));
         QCOMPARE(e.destinos(), QStringList());
         QCOMPARE(e.listar(QString()), QStringList());
     }
@@ -126,8 +120,8 @@ private Q_SLOTS:
         PanelAnotado panel;
         panel.elegido = 0;
         panel.salon.clear();
-        correr(QStringLiteral("Boletines"), e, panel);
-        QCOMPARE(panel.historia, QStringList({QStringLiteral("mensaje: Seleccione un Salon")}));
+        correr(u"Boletines"_s, e, panel);
+        QCOMPARE(panel.historia, QStringList({u"mensaje: Seleccione un Salon"_s}));
     }
 
     void losOtrosTrabajos_noMiranElPeriodo()
@@ -137,8 +131,8 @@ private Q_SLOTS:
         panel.elegido = 0;
         panel.imprimir = false;
         e.responder("tipo=matrix&salon=501", "77,ANA COMPLETA");
-        correr(QStringLiteral("Paz Y Salvos"), e, panel);
-        QCOMPARE(panel.historia.last(), QStringLiteral("terminar"));
+        correr(u"Paz Y Salvos"_s, e, panel);
+        QCOMPARE(panel.historia.last(), u"terminar"_s);
     }
 
     void periodo4_vaASuCarpetaYDireccion()
@@ -148,19 +142,17 @@ private Q_SLOTS:
         panel.elegido = 4;
         panel.imprimir = false;
         e.responder("tipo=matrix&salon=501", "1234,ANA COMPLETA");
-        correr(QStringLiteral("Boletines"), e, panel);
-        QVERIFY(
-            e.destinos().contains(QStringLiteral("/salones/123/2010/boletin/1234/4/tessarin/#")));
-        QCOMPARE(e.listar(QStringLiteral("123-2010/archivos/boletines/P4")),
-                 QStringList({QStringLiteral("1234.html")}));
+        correr(u"Boletines"_s, e, panel);
+        QVERIFY(e.destinos().contains(u"/salones/123/2010/boletin/1234/4/tessarin/#"_s));
+        QCOMPARE(e.listar(u"123-2010/archivos/boletines/P4"_s), QStringList({u"1234.html"_s}));
     }
 
     void otroTexto_noHaceNada_data()
     {
         QTest::addColumn<QString>("texto");
-        QTest::newRow("prompt") << QStringLiteral("Seleccione que Imprimir");
+        QTest::newRow("prompt") << u"Seleccione que Imprimir"_s;
         QTest::newRow("empty") << QString();
-        QTest::newRow("lower case") << QStringLiteral("boletines");
+        QTest::newRow("lower case") << u"boletines"_s;
     }
     void otroTexto_noHaceNada()
     {
@@ -181,10 +173,10 @@ private Q_SLOTS:
         e.responder("tipo=matrix&salon=501", "77,ANA\xAE"
                                              "78,EVA");
         e.responder("/2010/", "la pagina de cada uno");
-        correr(QStringLiteral("Paz Y Salvos"), e, panel);
+        correr(u"Paz Y Salvos"_s, e, panel);
         qputenv("PATH", antes);
-        QCOMPARE(panel.historia.last(), QStringLiteral("terminar"));
-        QCOMPARE(e.listar(QStringLiteral("123-2010/archivos/pazysalvos")).size(), 2);
+        QCOMPARE(panel.historia.last(), u"terminar"_s);
+        QCOMPARE(e.listar(u"123-2010/archivos/pazysalvos"_s).size(), 2);
     }
 };
 

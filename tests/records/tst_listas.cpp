@@ -23,25 +23,25 @@ private Q_SLOTS:
     {
         tcSalones salones(e->entorno);
         QSignalSpy lineas(&salones, &tcSalones::nuevaLinea);
-        salones.Fcargar(QStringLiteral("5,QUINTO A®6,SEXTO B"));
+        salones.Fcargar(u"5,QUINTO A®6,SEXTO B"_s);
         QCOMPARE(salones.Count(), 2);
-        QCOMPARE(salones.Item(1)->id, QStringLiteral("5"));
-        QCOMPARE(salones.Item(1)->salon, QStringLiteral("QUINTO A"));
-        QCOMPARE(salones.Item(QStringLiteral("6"))->salon, QStringLiteral("SEXTO B"));
+        QCOMPARE(salones.Item(1)->id, u"5"_s);
+        QCOMPARE(salones.Item(1)->salon, u"QUINTO A"_s);
+        QCOMPARE(salones.Item(u"6"_s)->salon, u"SEXTO B"_s);
         QCOMPARE(lineas.size(), 2);
-        QCOMPARE(lineas[0][0].toString(), QStringLiteral("5   : QUINTO A"));
-        QCOMPARE(lineas[1][0].toString(), QStringLiteral("6   : SEXTO B"));
+        QCOMPARE(lineas[0][0].toString(), u"5   : QUINTO A"_s);
+        QCOMPARE(lineas[1][0].toString(), u"6   : SEXTO B"_s);
     }
 
     void itemPorClaveYPorPosicion_esElMismoRegistro()
     {
         tcSalones salones(e->entorno);
-        salones.Fcargar(QStringLiteral("5,QUINTO A®6,SEXTO B"));
-        QCOMPARE(salones.Item(QStringLiteral("5")), salones.Item(1));
-        QVERIFY(salones.Remove(QStringLiteral("5")));
+        salones.Fcargar(u"5,QUINTO A®6,SEXTO B"_s);
+        QCOMPARE(salones.Item(u"5"_s), salones.Item(1));
+        QVERIFY(salones.Remove(u"5"_s));
         QCOMPARE(salones.Count(), 1);
-        QCOMPARE(salones.Item(1)->id, QStringLiteral("6"));
-        QVERIFY(!salones.Item(QStringLiteral("5")));
+        QCOMPARE(salones.Item(1)->id, u"6"_s);
+        QVERIFY(!salones.Item(u"5"_s));
         QVERIFY(salones.Remove(1));
         QVERIFY(!salones.Remove(1));
         QCOMPARE(salones.Count(), 0);
@@ -51,35 +51,35 @@ private Q_SLOTS:
     {
         tcSalones salones(e->entorno);
         QSignalSpy lineas(&salones, &tcSalones::nuevaLinea);
-        salones.Fcargar(QStringLiteral("7\r\n,SEPTIMO"));
-        QCOMPARE(salones.Item(1)->id, QStringLiteral("7"));
-        QVERIFY(salones.Item(QStringLiteral("7")));
-        QCOMPARE(lineas[0][0].toString(), QStringLiteral("7\r\n   : SEPTIMO"));
+        salones.Fcargar(u"7\r\n,SEPTIMO"_s);
+        QCOMPARE(salones.Item(1)->id, u"7"_s);
+        QVERIFY(salones.Item(u"7"_s));
+        QCOMPARE(lineas[0][0].toString(), u"7\r\n   : SEPTIMO"_s);
     }
 
     void blancosAlrededor_seConservan()
     {
         tcAlumnos alumnos(e->entorno);
-        alumnos.Fcargar(QStringLiteral(" 8, PEDRO"));
-        QCOMPARE(alumnos.Item(QStringLiteral(" 8"))->nombre, QStringLiteral(" PEDRO"));
-        QVERIFY(!alumnos.Item(QStringLiteral("8")));
+        alumnos.Fcargar(u" 8, PEDRO"_s);
+        QCOMPARE(alumnos.Item(u" 8"_s)->nombre, u" PEDRO"_s);
+        QVERIFY(!alumnos.Item(u"8"_s));
     }
 
     void columnaDeMas_seIgnora()
     {
         tcAlumnos alumnos(e->entorno);
-        alumnos.Fcargar(QStringLiteral("9,LUIS,X"));
+        alumnos.Fcargar(u"9,LUIS,X"_s);
         QCOMPARE(alumnos.Count(), 1);
-        QCOMPARE(alumnos.Item(1)->nombre, QStringLiteral("LUIS"));
+        QCOMPARE(alumnos.Item(1)->nombre, u"LUIS"_s);
     }
 
     void salonDeUnSoloCampo_daNombreVacioYSuLinea()
     {
         tcSalones salones(e->entorno);
         QSignalSpy lineas(&salones, &tcSalones::nuevaLinea);
-        salones.Fcargar(QStringLiteral("5"));
+        salones.Fcargar(u"5"_s);
         QCOMPARE(salones.Item(1)->salon, QString());
-        QCOMPARE(lineas[0][0].toString(), QStringLiteral("5   : "));
+        QCOMPARE(lineas[0][0].toString(), u"5   : "_s);
     }
 
     void filaVacia_noDaRegistroNiLinea()
@@ -87,7 +87,7 @@ private Q_SLOTS:
         tcSalones salones(e->entorno);
         QSignalSpy lineas(&salones, &tcSalones::nuevaLinea);
         salones.Fcargar(QString());
-        salones.Fcargar(QStringLiteral("5,A®"));
+        salones.Fcargar(u"5,A®"_s);
         QCOMPARE(salones.Count(), 1);
         QCOMPARE(lineas.size(), 1);
     }
@@ -112,49 +112,47 @@ private Q_SLOTS:
     {
         tcSalones salones(e->entorno);
         QSignalSpy lineas(&salones, &tcSalones::nuevaLinea);
-        salones.Fcargar(QStringLiteral("a1,PRIMERO®A1,SEGUNDO"));
+        salones.Fcargar(u"a1,PRIMERO®A1,SEGUNDO"_s);
         QCOMPARE(salones.Count(), 1);
-        QCOMPARE(salones.Item(QStringLiteral("A1"))->salon, QStringLiteral("PRIMERO"));
+        QCOMPARE(salones.Item(u"A1"_s)->salon, u"PRIMERO"_s);
         QCOMPARE(lineas.size(), 2);
     }
 
     void claveConOtraLetraAcentuada_esLaMisma()
     {
         tcAlumnos alumnos(e->entorno);
-        alumnos.Fcargar(QStringLiteral("Ñ1,UNO®ñ1,DOS®ß,TRES®ss,CUATRO"));
+        alumnos.Fcargar(u"Ñ1,UNO®ñ1,DOS®ß,TRES®ss,CUATRO"_s);
         QCOMPARE(alumnos.Count(), 3);
-        QCOMPARE(alumnos.Item(QStringLiteral("ñ1"))->nombre, QStringLiteral("UNO"));
+        QCOMPARE(alumnos.Item(u"ñ1"_s)->nombre, u"UNO"_s);
     }
 
     void addDeClaveRepetida_devuelveElRegistroRechazado()
     {
         tcAlumnos alumnos(e->entorno);
-        alumnos.Add(QStringLiteral("1"), QStringLiteral("ANA"), QStringLiteral("1"));
-        const auto otro =
-            alumnos.Add(QStringLiteral("1"), QStringLiteral("EVA"), QStringLiteral("1"));
-        QCOMPARE(otro->nombre, QStringLiteral("EVA"));
-        QCOMPARE(alumnos.Item(1)->nombre, QStringLiteral("ANA"));
+        alumnos.Add(u"1"_s, u"ANA"_s, u"1"_s);
+        const auto otro = alumnos.Add(u"1"_s, u"EVA"_s, u"1"_s);
+        QCOMPARE(otro->nombre, u"EVA"_s);
+        QCOMPARE(alumnos.Item(1)->nombre, u"ANA"_s);
     }
 
     void cargarDosVeces_sumaLosRegistros()
     {
         tcAlumnos alumnos(e->entorno);
-        alumnos.Fcargar(QStringLiteral("1,ANA"));
-        alumnos.Fcargar(QStringLiteral("1,OTRA®2,EVA"));
+        alumnos.Fcargar(u"1,ANA"_s);
+        alumnos.Fcargar(u"1,OTRA®2,EVA"_s);
         QCOMPARE(alumnos.Count(), 2);
-        QCOMPARE(alumnos.Item(1)->nombre, QStringLiteral("ANA"));
+        QCOMPARE(alumnos.Item(1)->nombre, u"ANA"_s);
     }
 
     void recorrido_vaEnElOrdenDeEntrada()
     {
         tcMaterias materias(e->entorno);
-        materias.Fcargar(QStringLiteral("z,ZOO,B®a,ARTE,A®m"));
+        materias.Fcargar(u"z,ZOO,B®a,ARTE,A®m"_s);
         QStringList textos;
         const auto registros = materias.NewEnum();
         for (const auto &materia : registros)
             textos.append(materia->id + u'/' + materia->nombre + u'/' + materia->area);
-        QCOMPARE(textos, QStringList({QStringLiteral("z/ZOO/B"), QStringLiteral("a/ARTE/A"),
-                                      QStringLiteral("m//")}));
+        QCOMPARE(textos, QStringList({u"z/ZOO/B"_s, u"a/ARTE/A"_s, u"m//"_s}));
     }
 
     void lineaDelSalon_saleAntesQueSuRegistro()
@@ -186,7 +184,7 @@ private Q_SLOTS:
     {
         tcSalones salones(e->entorno);
         QSignalSpy avisos(&salones, &tcLista::nuevaDescarga);
-        salones.Fcargar(QStringLiteral("5,A®6,B"));
+        salones.Fcargar(u"5,A®6,B"_s);
         QCOMPARE(avisos.size(), 0);
     }
 };

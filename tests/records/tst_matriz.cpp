@@ -3,6 +3,8 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 class tst_matriz : public QObject {
     Q_OBJECT
 private Q_SLOTS:
@@ -10,13 +12,11 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("rta");
         QTest::addColumn<QStringList>("filas");
-        QTest::newRow("two") << QStringLiteral("5,A®6,B")
-                             << QStringList({QStringLiteral("5,A"), QStringLiteral("6,B")});
+        QTest::newRow("two") << u"5,A®6,B"_s << QStringList({u"5,A"_s, u"6,B"_s});
         QTest::newRow("trailing sign keeps an empty row")
-            << QStringLiteral("5,A®") << QStringList({QStringLiteral("5,A"), QString()});
+            << u"5,A®"_s << QStringList({u"5,A"_s, QString()});
         QTest::newRow("empty reply has none") << QString() << QStringList();
-        QTest::newRow("no sign") << QStringLiteral("ERROR")
-                                 << QStringList({QStringLiteral("ERROR")});
+        QTest::newRow("no sign") << u"ERROR"_s << QStringList({u"ERROR"_s});
     }
     void filas_seSeparanEnCadaSigno()
     {
@@ -31,9 +31,9 @@ private Q_SLOTS:
 
     void campo_noSeRecorta()
     {
-        const QString fila = QStringLiteral(" 8, PEDRO ");
-        QCOMPARE(matriz::campo(fila, 0), QStringLiteral(" 8"));
-        QCOMPARE(matriz::campo(fila, 1), QStringLiteral(" PEDRO "));
+        const QString fila = u" 8, PEDRO "_s;
+        QCOMPARE(matriz::campo(fila, 0), u" 8"_s);
+        QCOMPARE(matriz::campo(fila, 1), u" PEDRO "_s);
     }
 
     void campoQueFalta_estaVacio()
@@ -41,20 +41,20 @@ private Q_SLOTS:
         QCOMPARE(matriz::campo(u"6", 1), QString());
         QCOMPARE(matriz::campo(u"6,", 1), QString());
         QCOMPARE(matriz::campo(u"", 0), QString());
-        QCOMPARE(matriz::campo(u",,C", 2), QStringLiteral("C"));
+        QCOMPARE(matriz::campo(u",,C", 2), u"C"_s);
     }
 
     void otroSeparador_dejaLasComasEnSuCampo()
     {
-        const QString fila = QStringLiteral("9@|@ARTES, DANZA@|@x");
-        QCOMPARE(matriz::campo(fila, 0, u"@|@"), QStringLiteral("9"));
-        QCOMPARE(matriz::campo(fila, 1, u"@|@"), QStringLiteral("ARTES, DANZA"));
-        QCOMPARE(matriz::campo(fila, 2, u"@|@"), QStringLiteral("x"));
+        const QString fila = u"9@|@ARTES, DANZA@|@x"_s;
+        QCOMPARE(matriz::campo(fila, 0, u"@|@"), u"9"_s);
+        QCOMPARE(matriz::campo(fila, 1, u"@|@"), u"ARTES, DANZA"_s);
+        QCOMPARE(matriz::campo(fila, 2, u"@|@"), u"x"_s);
     }
 
     void identificador_pierdeSusSaltos()
     {
-        QCOMPARE(matriz::identificador(u"\r7\n\r\n,SEPTIMO"), QStringLiteral("7"));
+        QCOMPARE(matriz::identificador(u"\r7\n\r\n,SEPTIMO"), u"7"_s);
         QCOMPARE(matriz::identificador(u""), QString());
     }
 };

@@ -7,6 +7,8 @@
 
 #include <malloc.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr qsizetype largoMaximo = qsizetype(64) * 1024 * 1024; // of a text reply
@@ -15,7 +17,7 @@ constexpr qint64 mebi = 1024 * 1024;
 // A figure of this process in bytes: "VmHWM", the most that has been resident.
 qint64 memoria(const QByteArray &nombre)
 {
-    QFile estado(QStringLiteral("/proc/self/status"));
+    QFile estado(u"/proc/self/status"_s);
     if (!estado.open(QIODevice::ReadOnly))
         return -1;
     const auto lineas = estado.readAll().split('\n');
@@ -29,7 +31,7 @@ qint64 memoria(const QByteArray &nombre)
 // From now on the most that is resident is counted anew.
 bool contarDeNuevo()
 {
-    QFile marcas(QStringLiteral("/proc/self/clear_refs"));
+    QFile marcas(u"/proc/self/clear_refs"_s);
     return marcas.open(QIODevice::WriteOnly) && marcas.write("5") == 1 && marcas.flush();
 }
 
@@ -58,9 +60,9 @@ private Q_SLOTS:
 #endif
         QTest::addColumn<QString>("fila");
         QTest::addColumn<qint64>("topeMiB");
-        QTest::newRow("students") << QStringLiteral(",APELLIDOS Y NOMBRES ENTEROS®") << qint64(640);
+        QTest::newRow("students") << u",APELLIDOS Y NOMBRES ENTEROS®"_s << qint64(640);
         QTest::newRow("many columns that nobody reads")
-            << QStringLiteral(",ANA") + QString(40, u',') + u'®' << qint64(384);
+            << u",ANA"_s + QString(40, u',') + u'®' << qint64(384);
         QTest::newRow("empty rows") << QString(200, u'®') << qint64(128);
     }
     void listaDe64MiB_cuestaSoloSusRegistros()

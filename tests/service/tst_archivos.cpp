@@ -6,8 +6,10 @@
 #include <QFile>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
-const QString destino = QStringLiteral("c:\\Quorvela\\a\\f.png");
+const QString destino = u"c:\\Quorvela\\a\\f.png"_s;
 }
 
 class tst_archivos : public QObject {
@@ -15,8 +17,8 @@ class tst_archivos : public QObject {
 private:
     void hacerCarpeta(Escenario &e)
     {
-        crearCarpeta(e.entorno, QStringLiteral("C:\\Quorvela"));
-        crearCarpeta(e.entorno, QStringLiteral("c:\\Quorvela\\a"));
+        crearCarpeta(e.entorno, u"C:\\Quorvela"_s);
+        crearCarpeta(e.entorno, u"c:\\Quorvela\\a"_s);
     }
 
 private Q_SLOTS:
@@ -35,10 +37,9 @@ private Q_SLOTS:
         Escenario e;
         hacerCarpeta(e);
         e.responder("/f.png", cuerpo);
-        QCOMPARE(descargarArchivo(e.entorno, e.demo.base() + QStringLiteral("/f.png"), destino),
-                 llego);
-        QCOMPARE(e.leer(QStringLiteral("a/f.png")), cuerpo);
-        QVERIFY(e.existe(QStringLiteral("a/f.png")));
+        QCOMPARE(descargarArchivo(e.entorno, e.demo.base() + u"/f.png"_s, destino), llego);
+        QCOMPARE(e.leer(u"a/f.png"_s), cuerpo);
+        QVERIFY(e.existe(u"a/f.png"_s));
     }
 
     void descarga_pausaMedioSegundoTrasCadaIntento()
@@ -46,8 +47,8 @@ private Q_SLOTS:
         Escenario e;
         hacerCarpeta(e);
         e.responder("/f.png", "123456789");
-        descargarArchivo(e.entorno, e.demo.base() + QStringLiteral("/f.png"), destino);
-        descargarArchivo(e.entorno, e.demo.base() + QStringLiteral("/nada.png"), destino);
+        descargarArchivo(e.entorno, e.demo.base() + u"/f.png"_s, destino);
+        descargarArchivo(e.entorno, e.demo.base() + u"/nada.png"_s, destino);
         QCOMPARE(e.pausas, QList<std::chrono::milliseconds>(
                                {std::chrono::milliseconds(500), std::chrono::milliseconds(500)}));
     }
@@ -57,9 +58,9 @@ private Q_SLOTS:
         Escenario e;
         hacerCarpeta(e);
         e.responder("/f.png", "123456789");
-        QVERIFY(!descargarArchivo(e.entorno, e.demo.base() + QStringLiteral("/f.png"),
-                                  QStringLiteral("c:\\Quorvela\\a\\f.png\r\n")));
-        QCOMPARE(e.leer(QStringLiteral("a/f.png")), QByteArray("123456789"));
+        QVERIFY(!descargarArchivo(e.entorno, e.demo.base() + u"/f.png"_s,
+                                  u"c:\\Quorvela\\a\\f.png\r\n"_s));
+        QCOMPARE(e.leer(u"a/f.png"_s), QByteArray("123456789"));
     }
 
     void descargaFallida_noDejaElArchivoViejo_data()
@@ -76,7 +77,7 @@ private Q_SLOTS:
         Escenario e;
         hacerCarpeta(e);
         e.responder("logo.png", "el archivo viejo");
-        const QString url = e.demo.base() + QStringLiteral("/images/colegios/123/logo.png");
+        const QString url = e.demo.base() + u"/images/colegios/123/logo.png"_s;
         QVERIFY(descargarArchivo(e.entorno, url, destino));
         e.demo.quitarFallas();
         Falla falla;
@@ -85,15 +86,15 @@ private Q_SLOTS:
         falla.cuerpo = "una pagina de error";
         e.demo.fallar("logo.png", falla);
         QVERIFY(!descargarArchivo(e.entorno, url, destino));
-        QCOMPARE(e.listar(QStringLiteral("a")), QStringList());
+        QCOMPARE(e.listar(u"a"_s), QStringList());
     }
 
     void descargaSinCarpeta_pideIgualYDaFalso()
     {
         Escenario e;
         e.responder("/f.png", "123456789");
-        QVERIFY(!descargarArchivo(e.entorno, e.demo.base() + QStringLiteral("/f.png"), destino));
-        QCOMPARE(e.destinos(), QStringList({QStringLiteral("/f.png")}));
+        QVERIFY(!descargarArchivo(e.entorno, e.demo.base() + u"/f.png"_s, destino));
+        QCOMPARE(e.destinos(), QStringList({u"/f.png"_s}));
     }
 
     void descarga_noLlevaLasCabecerasDeTexto()
@@ -101,7 +102,7 @@ private Q_SLOTS:
         Escenario e;
         hacerCarpeta(e);
         e.responder("/f.png", "123456789");
-        descargarArchivo(e.entorno, e.demo.base() + QStringLiteral("/f.png"), destino);
+        descargarArchivo(e.entorno, e.demo.base() + u"/f.png"_s, destino);
         const QByteArray bytes = e.demo.peticiones().first().bytes.toLower();
         QVERIFY(!bytes.contains("content-type"));
         QVERIFY(!bytes.contains("content-length"));
@@ -111,20 +112,20 @@ private Q_SLOTS:
     {
         Escenario e;
         hacerCarpeta(e);
-        const QString archivo = QStringLiteral("c:\\Quorvela\\a\\t.txt");
-        escribirTexto(e.entorno, QStringLiteral("x"), archivo, false);
-        escribirTexto(e.entorno, QStringLiteral("x"), archivo, false);
-        QCOMPARE(e.leer(QStringLiteral("a/t.txt")), QByteArray("x\r\nx\r\n"));
+        const QString archivo = u"c:\\Quorvela\\a\\t.txt"_s;
+        escribirTexto(e.entorno, u"x"_s, archivo, false);
+        escribirTexto(e.entorno, u"x"_s, archivo, false);
+        QCOMPARE(e.leer(u"a/t.txt"_s), QByteArray("x\r\nx\r\n"));
     }
 
     void escribirConBorrar_dejaSoloElTextoNuevo()
     {
         Escenario e;
         hacerCarpeta(e);
-        const QString archivo = QStringLiteral("c:\\Quorvela\\a\\t.txt");
-        escribirTexto(e.entorno, QStringLiteral("uno mas largo"), archivo, true);
-        escribirTexto(e.entorno, QStringLiteral("dos"), archivo, true);
-        QCOMPARE(e.leer(QStringLiteral("a/t.txt")), QByteArray("dos\r\n"));
+        const QString archivo = u"c:\\Quorvela\\a\\t.txt"_s;
+        escribirTexto(e.entorno, u"uno mas largo"_s, archivo, true);
+        escribirTexto(e.entorno, u"dos"_s, archivo, true);
+        QCOMPARE(e.leer(u"a/t.txt"_s), QByteArray("dos\r\n"));
     }
 
     // Two entries that differ in letter case only: the old text of one is never taken for what is
@@ -148,59 +149,55 @@ private Q_SLOTS:
             }
             return true;
         };
-        const QString archivo = QStringLiteral("c:\\Quorvela\\a\\") + pedido;
+        const QString archivo = u"c:\\Quorvela\\a\\"_s + pedido;
         QVERIFY(ponerViejos());
-        escribirTexto(e.entorno, QStringLiteral("nuevo"), archivo, true);
-        QCOMPARE(e.leer(QStringLiteral("a/") + pedido), QByteArray("nuevo\r\n"));
+        escribirTexto(e.entorno, u"nuevo"_s, archivo, true);
+        QCOMPARE(e.leer(u"a/"_s + pedido), QByteArray("nuevo\r\n"));
 
         QVERIFY(ponerViejos());
         e.responder("/f.png", "123456789");
-        QVERIFY(descargarArchivo(e.entorno, e.demo.base() + QStringLiteral("/f.png"), archivo));
-        QCOMPARE(e.leer(QStringLiteral("a/") + pedido), QByteArray("123456789"));
+        QVERIFY(descargarArchivo(e.entorno, e.demo.base() + u"/f.png"_s, archivo));
+        QCOMPARE(e.leer(u"a/"_s + pedido), QByteArray("123456789"));
         // One that does not arrive leaves nothing that could be taken for it.
-        QVERIFY(!descargarArchivo(e.entorno, e.demo.base() + QStringLiteral("/nada.png"), archivo));
-        QVERIFY(!e.existe(QStringLiteral("a/") + pedido));
+        QVERIFY(!descargarArchivo(e.entorno, e.demo.base() + u"/nada.png"_s, archivo));
+        QVERIFY(!e.existe(u"a/"_s + pedido));
     }
 
     void texto_seGuardaEnElCodigo1252()
     {
         Escenario e;
         hacerCarpeta(e);
-        escribirTexto(e.entorno, QStringLiteral("Ñandú \u20AC \u4E2D"),
-                      QStringLiteral("c:\\Quorvela\\a\\t.txt"), true);
-        QCOMPARE(e.leer(QStringLiteral("a/t.txt")), QByteArray("\xD1"
-                                                               "and\xFA \x80 ?\r\n"));
+        escribirTexto(e.entorno, u"Ñandú \u20AC \u4E2D"_s, u"c:\\Quorvela\\a\\t.txt"_s, true);
+        QCOMPARE(e.leer(u"a/t.txt"_s), QByteArray("\xD1"
+                                                  "and\xFA \x80 ?\r\n"));
     }
 
     void escribirDondeNoSePuede_noDejaNadaNiSeQueja()
     {
         Escenario e;
         hacerCarpeta(e);
-        escribirTexto(e.entorno, QStringLiteral("x"), QStringLiteral("c:\\Quorvela\\no\\t.txt"),
-                      true);
-        escribirTexto(e.entorno, QStringLiteral("x"), QStringLiteral("c:\\Quorvela\\a\\a|b.html"),
-                      true);
-        escribirTexto(e.entorno, QStringLiteral("x"), QStringLiteral("c:\\Quorvela\\..\\f.html"),
-                      true);
-        QCOMPARE(e.listar(QString()), QStringList({QStringLiteral("a")}));
-        QCOMPARE(e.listar(QStringLiteral("a")), QStringList());
+        escribirTexto(e.entorno, u"x"_s, u"c:\\Quorvela\\no\\t.txt"_s, true);
+        escribirTexto(e.entorno, u"x"_s, u"c:\\Quorvela\\a\\a|b.html"_s, true);
+        escribirTexto(e.entorno, u"x"_s, u"c:\\Quorvela\\..\\f.html"_s, true);
+        QCOMPARE(e.listar(QString()), QStringList({u"a"_s}));
+        QCOMPARE(e.listar(u"a"_s), QStringList());
         QCOMPARE(QDir(e.personal.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
-                 QStringList({QStringLiteral("Quorvela")}));
+                 QStringList({u"Quorvela"_s}));
     }
 
     void carpetaConSaltosEnSuRuta_seHaceSinEllos()
     {
         Escenario e;
-        crearCarpeta(e.entorno, QStringLiteral("C:\\Quorvela"));
-        crearCarpeta(e.entorno, QStringLiteral("c:\\Quorvela\\123\r\n-2010\\"));
-        QCOMPARE(e.listar(QString()), QStringList({QStringLiteral("123-2010")}));
+        crearCarpeta(e.entorno, u"C:\\Quorvela"_s);
+        crearCarpeta(e.entorno, u"c:\\Quorvela\\123\r\n-2010\\"_s);
+        QCOMPARE(e.listar(QString()), QStringList({u"123-2010"_s}));
     }
 
     void carpetaSinSuMadre_noSeHace()
     {
         Escenario e;
-        crearCarpeta(e.entorno, QStringLiteral("C:\\Quorvela"));
-        crearCarpeta(e.entorno, QStringLiteral("c:\\Quorvela\\a\\b"));
+        crearCarpeta(e.entorno, u"C:\\Quorvela"_s);
+        crearCarpeta(e.entorno, u"c:\\Quorvela\\a\\b"_s);
         QCOMPARE(e.listar(QString()), QStringList());
     }
 };

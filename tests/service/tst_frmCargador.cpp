@@ -5,8 +5,10 @@
 #include <QRegularExpression>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
-const QString pagina = QStringLiteral("/querys/tessarin/tomarValor.php");
+const QString pagina = u"/querys/tessarin/tomarValor.php"_s;
 }
 
 class tst_frmCargador : public QObject {
@@ -17,23 +19,19 @@ private Q_SLOTS:
         QTest::addColumn<QString>("parametros");
         QTest::addColumn<bool>("usarAzar");
         QTest::addColumn<QString>("direccion");
-        QTest::newRow("azar first")
-            << QStringLiteral("a=1&b=2") << true << QStringLiteral("http://s/p?azar=4711&a=1&b=2");
+        QTest::newRow("azar first") << u"a=1&b=2"_s << true << u"http://s/p?azar=4711&a=1&b=2"_s;
         QTest::newRow("azar with an empty query leaves a trailing &")
-            << QString() << true << QStringLiteral("http://s/p?azar=4711&");
-        QTest::newRow("two characters are dropped")
-            << QStringLiteral("ab") << false << QStringLiteral("http://s/p");
-        QTest::newRow("three characters are sent")
-            << QStringLiteral("abc") << false << QStringLiteral("http://s/p?abc");
-        QTest::newRow("nothing") << QString() << false << QStringLiteral("http://s/p");
+            << QString() << true << u"http://s/p?azar=4711&"_s;
+        QTest::newRow("two characters are dropped") << u"ab"_s << false << u"http://s/p"_s;
+        QTest::newRow("three characters are sent") << u"abc"_s << false << u"http://s/p?abc"_s;
+        QTest::newRow("nothing") << QString() << false << u"http://s/p"_s;
     }
     void direccion_seArmaSegunAzarYLargoDeLosParametros()
     {
         QFETCH(QString, parametros);
         QFETCH(bool, usarAzar);
         QFETCH(QString, direccion);
-        QCOMPARE(frmCargador::direccionDe(QStringLiteral("http://s/p"), parametros, usarAzar, 4711),
-                 direccion);
+        QCOMPARE(frmCargador::direccionDe(u"http://s/p"_s, parametros, usarAzar, 4711), direccion);
     }
 
     void reglaDeRepeticion_miraRespuestaEIntento_data()
@@ -47,13 +45,13 @@ private Q_SLOTS:
                 QTest::addRow("%s, try %d", nombre, intento) << respuesta << intento << otra;
             };
             fila("empty", QString(), quedan);
-            fila("ERROR", QStringLiteral("ERROR"), quedan);
-            fila("seven characters", QStringLiteral("1234567"), quedan);
-            fila("si in lower case", QStringLiteral("si"), quedan);
-            fila("SI and a blank", QStringLiteral("SI "), quedan);
-            fila("SI", QStringLiteral("SI"), false);
-            fila("NO", QStringLiteral("NO"), false);
-            fila("eight characters", QStringLiteral("12345678"), false);
+            fila("ERROR", u"ERROR"_s, quedan);
+            fila("seven characters", u"1234567"_s, quedan);
+            fila("si in lower case", u"si"_s, quedan);
+            fila("SI and a blank", u"SI "_s, quedan);
+            fila("SI", u"SI"_s, false);
+            fila("NO", u"NO"_s, false);
+            fila("eight characters", u"12345678"_s, false);
         }
     }
     void reglaDeRepeticion_miraRespuestaEIntento()
@@ -69,9 +67,8 @@ private Q_SLOTS:
         Escenario e;
         e.responder("/p.php", "respuesta larga");
         frmCargador cargador(e.entorno);
-        QCOMPARE(cargador.conectar(e.demo.base() + QStringLiteral("/p.php"), QStringLiteral("x=1"),
-                                   false),
-                 QStringLiteral("respuesta larga"));
+        QCOMPARE(cargador.conectar(e.demo.base() + u"/p.php"_s, u"x=1"_s, false),
+                 u"respuesta larga"_s);
         const auto peticiones = e.demo.peticiones();
         QCOMPARE(peticiones.size(), 1);
         const QByteArray servidor = e.demo.base().mid(7).toLatin1();
@@ -109,7 +106,7 @@ private Q_SLOTS:
         Escenario e;
         e.responder("/p.php", respuesta);
         frmCargador cargador(e.entorno);
-        QCOMPARE(cargador.conectar(e.demo.base() + QStringLiteral("/p.php"), {}, true),
+        QCOMPARE(cargador.conectar(e.demo.base() + u"/p.php"_s, {}, true),
                  QString::fromLatin1(respuesta));
         QCOMPARE(e.demo.peticiones().size(), pedidos);
     }
@@ -123,8 +120,7 @@ private Q_SLOTS:
         falla.cuerpo = "Internal error";
         e.demo.fallar("/p.php", falla);
         frmCargador cargador(e.entorno);
-        QCOMPARE(cargador.conectar(e.demo.base() + QStringLiteral("/p.php"), {}, true),
-                 QStringLiteral("Internal error"));
+        QCOMPARE(cargador.conectar(e.demo.base() + u"/p.php"_s, {}, true), u"Internal error"_s);
         QCOMPARE(e.demo.peticiones().size(), 1);
     }
 
@@ -133,8 +129,8 @@ private Q_SLOTS:
         Escenario e;
         e.responder("/p.php", "ERR");
         frmCargador cargador(e.entorno);
-        cargador.conectar(e.demo.base() + QStringLiteral("/p.php"), QStringLiteral("a=b"), true);
-        static const QRegularExpression forma(QStringLiteral("^/p\\.php\\?azar=(\\d+)&a=b$"));
+        cargador.conectar(e.demo.base() + u"/p.php"_s, u"a=b"_s, true);
+        static const QRegularExpression forma(u"^/p\\.php\\?azar=(\\d+)&a=b$"_s);
         QSet<int> numeros;
         const auto peticiones = e.demo.peticiones();
         for (const Peticion &peticion : peticiones) {
@@ -153,8 +149,7 @@ private Q_SLOTS:
         e.responder("/p.php", "ya llego completa");
         e.responder("/p.php", "no", 2);
         frmCargador cargador(e.entorno);
-        QCOMPARE(cargador.conectar(e.demo.base() + QStringLiteral("/p.php"), {}, true),
-                 QStringLiteral("ya llego completa"));
+        QCOMPARE(cargador.conectar(e.demo.base() + u"/p.php"_s, {}, true), u"ya llego completa"_s);
         QCOMPARE(e.demo.peticiones().size(), 3);
     }
 
@@ -166,8 +161,7 @@ private Q_SLOTS:
         e.demo.fallar("/p.php", corte);
         e.responder("/p.php", "corta", 1);
         frmCargador cargador(e.entorno);
-        QCOMPARE(cargador.conectar(e.demo.base() + QStringLiteral("/p.php"), {}, true),
-                 QStringLiteral("corta"));
+        QCOMPARE(cargador.conectar(e.demo.base() + u"/p.php"_s, {}, true), u"corta"_s);
         QCOMPARE(e.demo.peticiones().size(), 4);
     }
 
@@ -187,8 +181,8 @@ private Q_SLOTS:
         falla.clase = static_cast<Falla::Clase>(clase);
         e.demo.fallar("salones.php", falla);
         frmCargador cargador(e.entorno);
-        QCOMPARE(cargador.conectar(e.demo.base() + QStringLiteral("/querys/tessarin/salones.php"),
-                                   QStringLiteral("idcolegio=123&tipo=html"), true),
+        QCOMPARE(cargador.conectar(e.demo.base() + u"/querys/tessarin/salones.php"_s,
+                                   u"idcolegio=123&tipo=html"_s, true),
                  QString());
         QCOMPARE(e.demo.peticiones().size(), 4);
     }
@@ -202,7 +196,7 @@ private Q_SLOTS:
         }
         Escenario e;
         frmCargador cargador(e.entorno);
-        QCOMPARE(cargador.conectar(muerta + QStringLiteral("/p.php"), {}, true), QString());
+        QCOMPARE(cargador.conectar(muerta + u"/p.php"_s, {}, true), QString());
     }
 
     void cadaByte_llegaComoSuCaracterDelCodigo1252()
@@ -213,8 +207,7 @@ private Q_SLOTS:
         Escenario e;
         e.responder("/p.php", todos);
         frmCargador cargador(e.entorno);
-        const QString texto =
-            cargador.conectar(e.demo.base() + QStringLiteral("/p.php"), {}, false);
+        const QString texto = cargador.conectar(e.demo.base() + u"/p.php"_s, {}, false);
         QCOMPARE(texto.size(), 256);
         QCOMPARE(texto[0x00], QChar(0));
         QCOMPARE(texto[0x80], QChar(0x20AC));
@@ -229,8 +222,8 @@ private Q_SLOTS:
         Escenario e;
         e.responder("/p.php", "A\xC3\xB1o escolar");
         frmCargador cargador(e.entorno);
-        QCOMPARE(cargador.conectar(e.demo.base() + QStringLiteral("/p.php"), {}, false),
-                 QStringLiteral("A\u00C3\u00B1o escolar"));
+        QCOMPARE(cargador.conectar(e.demo.base() + u"/p.php"_s, {}, false),
+                 u"A\u00C3\u00B1o escolar"_s);
     }
 
     void parametros_vanSinEscaparMasQueLoImposible()
@@ -238,8 +231,7 @@ private Q_SLOTS:
         Escenario e;
         e.responder("/p.php", "respuesta larga");
         frmCargador cargador(e.entorno);
-        cargador.conectar(e.demo.base() + QStringLiteral("/p.php"),
-                          QStringLiteral("f=http://h/a b&g=á&h=x=y//..%20"), false);
+        cargador.conectar(e.demo.base() + u"/p.php"_s, u"f=http://h/a b&g=á&h=x=y//..%20"_s, false);
         QCOMPARE(e.demo.peticiones().first().destino,
                  QByteArray("/p.php?f=http://h/a%20b&g=%E1&h=x=y//..%20"));
     }

@@ -3,6 +3,8 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 class tst_limpieza : public QObject {
     Q_OBJECT
 private Q_SLOTS:
@@ -10,9 +12,9 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("texto");
         QTest::addColumn<QString>("limpio");
-        QTest::newRow("line end") << QStringLiteral("7\r\n") << QStringLiteral("7");
-        QTest::newRow("anywhere") << QStringLiteral("\n1\r2\n\r3") << QStringLiteral("123");
-        QTest::newRow("blanks stay") << QStringLiteral(" a b\t") << QStringLiteral(" a b\t");
+        QTest::newRow("line end") << u"7\r\n"_s << u"7"_s;
+        QTest::newRow("anywhere") << u"\n1\r2\n\r3"_s << u"123"_s;
+        QTest::newRow("blanks stay") << u" a b\t"_s << u" a b\t"_s;
         QTest::newRow("empty") << QString() << QString();
     }
     void sinSaltos_quitaCadaCrYCadaLfYNadaMas()
@@ -26,13 +28,11 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("texto");
         QTest::addColumn<QString>("recortado");
-        QTest::newRow("both ends") << QStringLiteral("  a b ") << QStringLiteral("a b");
-        QTest::newRow("tab stays") << QStringLiteral("\ta ") << QStringLiteral("\ta");
-        QTest::newRow("no-break space stays")
-            << QStringLiteral("\u00A0a") << QStringLiteral("\u00A0a");
-        QTest::newRow("line end stays")
-            << QStringLiteral(" 2010\r\n") << QStringLiteral("2010\r\n");
-        QTest::newRow("only blanks") << QStringLiteral("   ") << QString();
+        QTest::newRow("both ends") << u"  a b "_s << u"a b"_s;
+        QTest::newRow("tab stays") << u"\ta "_s << u"\ta"_s;
+        QTest::newRow("no-break space stays") << u"\u00A0a"_s << u"\u00A0a"_s;
+        QTest::newRow("line end stays") << u" 2010\r\n"_s << u"2010\r\n"_s;
+        QTest::newRow("only blanks") << u"   "_s << QString();
     }
     void recortar_quitaSoloElBlanco32DeLosExtremos()
     {

@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 class tst_tomarValores : public QObject {
     Q_OBJECT
 private:
-    static void vaciarSesion(Escenario &e) { e.sesion = {.idColegio = QStringLiteral("ERROR")}; }
+    static void vaciarSesion(Escenario &e) { e.sesion = {.idColegio = u"ERROR"_s}; }
 
     static QStringList textos(const Module1 &sesion)
     {
@@ -22,13 +22,13 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("respuesta");
         QTest::addColumn<bool>("aceptado");
-        QTest::newRow("secretary") << QStringLiteral("12,SECRETARIA") << true;
-        QTest::newRow("super administrator") << QStringLiteral("12,SUPERADMIN") << true;
-        QTest::newRow("further fields") << QStringLiteral("12,SECRETARIA,x,y") << true;
-        QTest::newRow("lower case") << QStringLiteral("12,secretaria") << false;
-        QTest::newRow("teacher") << QStringLiteral("12,DOCENTE") << false;
-        QTest::newRow("blank after the role") << QStringLiteral("12,SECRETARIA ") << false;
-        QTest::newRow("error in lower case") << QStringLiteral("error") << false;
+        QTest::newRow("secretary") << u"12,SECRETARIA"_s << true;
+        QTest::newRow("super administrator") << u"12,SUPERADMIN"_s << true;
+        QTest::newRow("further fields") << u"12,SECRETARIA,x,y"_s << true;
+        QTest::newRow("lower case") << u"12,secretaria"_s << false;
+        QTest::newRow("teacher") << u"12,DOCENTE"_s << false;
+        QTest::newRow("blank after the role") << u"12,SECRETARIA "_s << false;
+        QTest::newRow("error in lower case") << u"error"_s << false;
         QTest::newRow("empty") << QString() << false;
     }
     void rol_seComparaExacto()
@@ -38,8 +38,8 @@ private Q_SLOTS:
         Escenario e;
         vaciarSesion(e);
         QCOMPARE(tomarValores(e.entorno, respuesta), aceptado);
-        QCOMPARE(e.sesion.rolUsuario, aceptado ? QStringLiteral("SECRETARIA") : QString());
-        QCOMPARE(e.sesion.idColegio, aceptado ? QStringLiteral("12") : QStringLiteral("ERROR"));
+        QCOMPARE(e.sesion.rolUsuario, aceptado ? u"SECRETARIA"_s : QString());
+        QCOMPARE(e.sesion.idColegio, aceptado ? u"12"_s : u"ERROR"_s);
         QCOMPARE(e.demo.peticiones().isEmpty(), !aceptado);
     }
 
@@ -75,14 +75,13 @@ private Q_SLOTS:
     {
         Escenario e;
         e.responder("campo=", "un valor largo");
-        QVERIFY(tomarValores(e.entorno, QStringLiteral("12\r\n,SECRETARIA")));
-        const QString pagina =
-            QStringLiteral("/querys/tessarin/tomarValor.php?azar=#&idcolegio=12");
-        QCOMPARE(e.destinos(), QStringList({pagina + QStringLiteral("%0D%0A&campo=ANOACTUAL"),
-                                            pagina + QStringLiteral("&campo=USABOLETA2"),
-                                            pagina + QStringLiteral("&campo=USAINFOFIN2"),
-                                            pagina + QStringLiteral("&campo=USACERTIFIN2")}));
-        QCOMPARE(e.sesion.idColegio, QStringLiteral("12"));
+        QVERIFY(tomarValores(e.entorno, u"12\r\n,SECRETARIA"_s));
+        const QString pagina = u"/querys/tessarin/tomarValor.php?azar=#&idcolegio=12"_s;
+        QCOMPARE(
+            e.destinos(),
+            QStringList({pagina + u"%0D%0A&campo=ANOACTUAL"_s, pagina + u"&campo=USABOLETA2"_s,
+                         pagina + u"&campo=USAINFOFIN2"_s, pagina + u"&campo=USACERTIFIN2"_s}));
+        QCOMPARE(e.sesion.idColegio, u"12"_s);
     }
 
     void interruptor_seGuardaComoSuReglaDice_data()
@@ -90,15 +89,12 @@ private Q_SLOTS:
         QTest::addColumn<QByteArray>("respuesta");
         QTest::addColumn<QString>("boletin");
         QTest::addColumn<QString>("certificado");
-        QTest::newRow("1 with blanks")
-            << QByteArray(" 1 ") << QStringLiteral("SI") << QStringLiteral("1");
-        QTest::newRow("si") << QByteArray("si") << QStringLiteral("SI") << QStringLiteral("si");
-        QTest::newRow("SI") << QByteArray("SI") << QStringLiteral("SI") << QStringLiteral("SI");
-        QTest::newRow("0") << QByteArray("0") << QStringLiteral("0") << QStringLiteral("0");
-        QTest::newRow("accented letters")
-            << QByteArray("s\xED") << QStringLiteral("SÍ") << QStringLiteral("sí");
-        QTest::newRow("1 with a line end")
-            << QByteArray("1\r\n") << QStringLiteral("1\r\n") << QStringLiteral("1\r\n");
+        QTest::newRow("1 with blanks") << QByteArray(" 1 ") << u"SI"_s << u"1"_s;
+        QTest::newRow("si") << QByteArray("si") << u"SI"_s << u"si"_s;
+        QTest::newRow("SI") << QByteArray("SI") << u"SI"_s << u"SI"_s;
+        QTest::newRow("0") << QByteArray("0") << u"0"_s << u"0"_s;
+        QTest::newRow("accented letters") << QByteArray("s\xED") << u"SÍ"_s << u"sí"_s;
+        QTest::newRow("1 with a line end") << QByteArray("1\r\n") << u"1\r\n"_s << u"1\r\n"_s;
     }
     void interruptor_seGuardaComoSuReglaDice()
     {
@@ -107,7 +103,7 @@ private Q_SLOTS:
         QFETCH(QString, certificado);
         Escenario e;
         e.responder("campo=USA", respuesta);
-        QVERIFY(tomarValores(e.entorno, QStringLiteral("123,SECRETARIA")));
+        QVERIFY(tomarValores(e.entorno, u"123,SECRETARIA"_s));
         QCOMPARE(e.sesion.usaBoleta2, boletin);
         QCOMPARE(e.sesion.usaInfoFin2, boletin);
         QCOMPARE(e.sesion.usaCertiFin2, certificado);
@@ -117,8 +113,8 @@ private Q_SLOTS:
     {
         Escenario e;
         e.responder("campo=ANOACTUAL", " 2010\r\n");
-        QVERIFY(tomarValores(e.entorno, QStringLiteral("123,SECRETARIA")));
-        QCOMPARE(e.sesion.anoActual, QStringLiteral("2010"));
+        QVERIFY(tomarValores(e.entorno, u"123,SECRETARIA"_s));
+        QCOMPARE(e.sesion.anoActual, u"2010"_s);
     }
 
     void ajustesSinRespuesta_quedanVaciosYElRolVale()
@@ -127,7 +123,7 @@ private Q_SLOTS:
         Falla falla;
         falla.clase = Falla::CierraAntes;
         e.demo.fallar("tomarValor.php", falla);
-        QVERIFY(tomarValores(e.entorno, QStringLiteral("123,SUPERADMIN")));
+        QVERIFY(tomarValores(e.entorno, u"123,SUPERADMIN"_s));
         QCOMPARE(e.sesion.anoActual, QString());
         QCOMPARE(e.sesion.usaBoleta2, QString());
     }

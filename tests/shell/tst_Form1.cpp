@@ -55,44 +55,39 @@ private Q_SLOTS:
         QTest::addColumn<QByteArray>("nombre");
         QTest::addColumn<QString>("texto");
         const QList<QPair<const char *, QString>> textos = {
-            {"Option1_0", QStringLiteral("Login")},
-            {"Option1_1", QStringLiteral("Descargar Historicos")},
-            {"Option1_2", QStringLiteral("Imprimir en Lote")},
-            {"Option1_3", QStringLiteral("Ver mis Historicos")},
-            {"Label1", QStringLiteral("Usuario")},
-            {"Label2", QStringLiteral("Contraseña")},
-            {"Command1", QStringLiteral("Conectar")},
-            {"Label5", QStringLiteral("Conectado OK:")},
-            {"Label4",
-             QStringLiteral(
-                 "Con esta opcion usted descarga los archivos historicos de su colegio para "
-                 "que los revise sin necesidad de estar conectado al Internet.")},
-            {"Label7_0", QStringLiteral("Archivos a descargar del año actual")},
-            {"Label6_0", QStringLiteral("Listado de Sedes y Salones")},
-            {"Label6_1", QStringLiteral("Listado de Alumnos por Salon")},
-            {"Label6_4", QStringLiteral("Informe final de calificaciones")},
-            {"Label6_5", QStringLiteral("Certificado final")},
-            {"Label6_6", QStringLiteral("Consolidado rendimiento y fallas X salon")},
-            {"Label6_7", QStringLiteral("Hoja de matricula")},
-            {"Label6_10", QStringLiteral("Importante")},
-            {"Label6_9", QStringLiteral("Los archivos historicos existentes, se sobreescriben")},
-            {"Label6_8",
-             QStringLiteral("El tiempo de descarga es de 99 minutos por cada 500 alumnos (aprox)")},
-            {"Label6_3",
-             QStringLiteral("El historico sera almacenado en la carpeta: C:\\Quorvela")},
-            {"Command3", QStringLiteral("Descargar")},
-            {"estadoTS", QStringLiteral("..")},
-            {"estadoHS", QStringLiteral("..")},
-            {"Option2_0", QStringLiteral("Descargar e Imprimir")},
-            {"Option2_1", QStringLiteral("Solo Descargar")},
-            {"Command2", QStringLiteral("Imprimir")},
-            {"Label7_1", QStringLiteral("1. Seleccione un Salon")},
-            {"Label7_2", QStringLiteral("2. Imprimir Boletines del Periodo")},
-            {"Label6_2",
-             QStringLiteral("Los Boletines descargados se almacenan en la carpeta Historicos")},
-            {"Label3", QStringLiteral("Usuario")},
-            {"Label10", QStringLiteral("Seleccione el historico del año que desea consultar")},
-            {"Command4", QStringLiteral("Ver Historico Año Seleccionado")},
+            {"Option1_0", u"Login"_s},
+            {"Option1_1", u"Descargar Historicos"_s},
+            {"Option1_2", u"Imprimir en Lote"_s},
+            {"Option1_3", u"Ver mis Historicos"_s},
+            {"Label1", u"Usuario"_s},
+            {"Label2", u"Contraseña"_s},
+            {"Command1", u"Conectar"_s},
+            {"Label5", u"Conectado OK:"_s},
+            {"Label4", u"Con esta opcion usted descarga los archivos historicos de su colegio para "
+                       "que los revise sin necesidad de estar conectado al Internet."_s},
+            {"Label7_0", u"Archivos a descargar del año actual"_s},
+            {"Label6_0", u"Listado de Sedes y Salones"_s},
+            {"Label6_1", u"Listado de Alumnos por Salon"_s},
+            {"Label6_4", u"Informe final de calificaciones"_s},
+            {"Label6_5", u"Certificado final"_s},
+            {"Label6_6", u"Consolidado rendimiento y fallas X salon"_s},
+            {"Label6_7", u"Hoja de matricula"_s},
+            {"Label6_10", u"Importante"_s},
+            {"Label6_9", u"Los archivos historicos existentes, se sobreescriben"_s},
+            {"Label6_8", u"El tiempo de descarga es de 99 minutos por cada 500 alumnos (aprox)"_s},
+            {"Label6_3", u"El historico sera almacenado en la carpeta: C:\\Quorvela"_s},
+            {"Command3", u"Descargar"_s},
+            {"estadoTS", u".."_s},
+            {"estadoHS", u".."_s},
+            {"Option2_0", u"Descargar e Imprimir"_s},
+            {"Option2_1", u"Solo Descargar"_s},
+            {"Command2", u"Imprimir"_s},
+            {"Label7_1", u"1. Seleccione un Salon"_s},
+            {"Label7_2", u"2. Imprimir Boletines del Periodo"_s},
+            {"Label6_2", u"Los Boletines descargados se almacenan en la carpeta Historicos"_s},
+            {"Label3", u"Usuario"_s},
+            {"Label10", u"Seleccione el historico del año que desea consultar"_s},
+            {"Command4", u"Ver Historico Año Seleccionado"_s},
         };
         for (const auto &[nombre, texto] : textos)
             QTest::newRow(nombre) << QByteArray(nombre) << texto;
@@ -108,7 +103,7 @@ private Q_SLOTS:
     void ventana_abreConSuTituloYTamano()
     {
         const VentanaDePrueba v;
-        QCOMPARE(v.form.windowTitle(), QStringLiteral("Parvanel Version 4.0"));
+        QCOMPARE(v.form.windowTitle(), u"Parvanel Version 4.0"_s);
         QCOMPARE(v.form.size(), QSize(623, 484)); // 9350 by 7260 twips at 15 to the pixel
     }
 
@@ -123,17 +118,14 @@ private Q_SLOTS:
             return textos;
         };
         QCOMPARE(opciones("ComboTipo"),
-                 QStringList({QStringLiteral("Boletines"), QStringLiteral("Informe Final"),
-                              QStringLiteral("Certificado Final"), QStringLiteral("Paz Y Salvos"),
-                              QStringLiteral("Observador"), QStringLiteral("Hoja Matricula"),
-                              QStringLiteral("Planilla Trabajo")}));
+                 QStringList({u"Boletines"_s, u"Informe Final"_s, u"Certificado Final"_s,
+                              u"Paz Y Salvos"_s, u"Observador"_s, u"Hoja Matricula"_s,
+                              u"Planilla Trabajo"_s}));
         QCOMPARE(opciones("Combo1"),
-                 QStringList({QStringLiteral("Periodo 1"), QStringLiteral("Periodo 2"),
-                              QStringLiteral("Periodo 3"), QStringLiteral("Periodo 4")}));
+                 QStringList({u"Periodo 1"_s, u"Periodo 2"_s, u"Periodo 3"_s, u"Periodo 4"_s}));
         QCOMPARE(v.elemento<QComboBox>("ComboTipo")->placeholderText(),
-                 QStringLiteral("Seleccione que Imprimir"));
-        QCOMPARE(v.elemento<QComboBox>("Combo1")->placeholderText(),
-                 QStringLiteral("Seleccione..."));
+                 u"Seleccione que Imprimir"_s);
+        QCOMPARE(v.elemento<QComboBox>("Combo1")->placeholderText(), u"Seleccione..."_s);
         QCOMPARE(v.elemento<QComboBox>("ComboTipo")->currentIndex(), -1);
         QCOMPARE(v.elemento<QComboBox>("Combo1")->currentIndex(), -1);
         QVERIFY(!v.elemento<QComboBox>("ComboTipo")->isEditable());
@@ -144,7 +136,7 @@ private Q_SLOTS:
         const VentanaDePrueba v;
         for (const char *nombre : {"Label7_0", "Label7_1", "Label7_2"})
             QCOMPARE(v.elemento(nombre)->toolTip(),
-                     QStringLiteral("Escriba el Año para el cual esta descargando el Historico"));
+                     u"Escriba el Año para el cual esta descargando el Historico"_s);
     }
 
     void antesDelIngreso_soloSeOfreceLogin()
@@ -157,7 +149,7 @@ private Q_SLOTS:
         for (const char *panel : {"Frame2", "Frame3", "Frame4"})
             QVERIFY2(!v.visible(panel), panel);
         QVERIFY(!v.visible("Label5"));
-        QCOMPARE(v.e.sesion.idColegio, QStringLiteral("ERROR"));
+        QCOMPARE(v.e.sesion.idColegio, u"ERROR"_s);
     }
 
     void modo_muestraUnSoloPanel_data()
@@ -244,9 +236,9 @@ private Q_SLOTS:
         VentanaDePrueba v;
         v.form.Materias = std::make_unique<tcMaterias>(v.e.entorno);
         Q_EMIT
-        v.form.Materias->nuevaDescarga(QStringLiteral("materia"));
-        QCOMPARE(v.elemento<QLabel>("estadoHS")->text(), QStringLiteral(".."));
-        QCOMPARE(v.elemento<QLabel>("estadoTS")->text(), QStringLiteral(".."));
+        v.form.Materias->nuevaDescarga(u"materia"_s);
+        QCOMPARE(v.elemento<QLabel>("estadoHS")->text(), u".."_s);
+        QCOMPARE(v.elemento<QLabel>("estadoTS")->text(), u".."_s);
     }
 
     void cierre_terminaElProgramaSinPreguntar()
@@ -276,7 +268,7 @@ private Q_SLOTS:
     void textoDelServicio_seMuestraTalCual()
     {
         VentanaDePrueba v;
-        const QString marcado = QStringLiteral("<b>Ana</b> & <img src=x>");
+        const QString marcado = u"<b>Ana</b> & <img src=x>"_s;
         v.e.progreso.estadoHS->ponerTexto(marcado);
         auto *rotulo = v.elemento<QLabel>("estadoHS");
         QCOMPARE(rotulo->text(), marcado);

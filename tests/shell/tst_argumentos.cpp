@@ -4,6 +4,8 @@
 #include <QProcess>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 class tst_argumentos : public QObject {
     Q_OBJECT
 private:
@@ -11,7 +13,7 @@ private:
     // tests' environment names.
     static bool dibujaSinPantalla(qint64 pid)
     {
-        QFile mapas(QStringLiteral("/proc/%1/maps").arg(pid));
+        QFile mapas(u"/proc/%1/maps"_s.arg(pid));
         return mapas.open(QIODevice::ReadOnly) && mapas.readAll().contains("libqoffscreen.so");
     }
 
@@ -26,7 +28,7 @@ private Q_SLOTS:
     {
         QFETCH(QString, programa);
         QProcess proceso;
-        proceso.start(programa, {QStringLiteral("-platform"), QStringLiteral("ninguna")});
+        proceso.start(programa, {u"-platform"_s, u"ninguna"_s});
         QVERIFY(proceso.waitForStarted());
         // With the option taken, the process ends for want of that plugin.
         QTRY_VERIFY_WITH_TIMEOUT(dibujaSinPantalla(proceso.processId())

@@ -70,7 +70,7 @@ private Q_SLOTS:
         });
         v.conCuadros([&] { v.clic("Command3"); });
         QVERIFY(durante);
-        QCOMPARE(v.mensajes, QStringList({QStringLiteral("Listo Historico")}));
+        QCOMPARE(v.mensajes, QStringList({u"Listo Historico"_s}));
         QCOMPARE(v.titulos, QStringList({QApplication::applicationName()}));
         QCOMPARE(v.botones, QList<int>({QMessageBox::Ok}));
         // The panel stays as it was during the run.
@@ -79,14 +79,10 @@ private Q_SLOTS:
         QVERIFY(v.visible("barra1"));
         QCOMPARE(v.elemento<QProgressBar>("barra2")->maximum(), 8);
         QCOMPARE(v.elemento<QProgressBar>("barra2")->value(), 8);
-        QCOMPARE(v.elemento<QLabel>("estadoTS")->text(),
-                 QStringLiteral("Descargando Labels de Materias"));
-        QVERIFY(v.elemento<QLabel>("estadoHS")
-                    ->text()
-                    .startsWith(QStringLiteral("Label: Total Fallas - ")));
-        QCOMPARE(v.lineas("lstHistoricos"),
-                 QStringList({QStringLiteral("C:\\Quorvela\\123-2010")}));
-        QVERIFY(v.e.existe(QStringLiteral("123-2010/index.html")));
+        QCOMPARE(v.elemento<QLabel>("estadoTS")->text(), u"Descargando Labels de Materias"_s);
+        QVERIFY(v.elemento<QLabel>("estadoHS")->text().startsWith(u"Label: Total Fallas - "_s));
+        QCOMPARE(v.lineas("lstHistoricos"), QStringList({u"C:\\Quorvela\\123-2010"_s}));
+        QVERIFY(v.e.existe(u"123-2010/index.html"_s));
     }
 
     void descargaConTodoFallando_terminaIgual()
@@ -98,9 +94,8 @@ private Q_SLOTS:
         falla.clase = Falla::CierraAntes;
         v.e.demo.fallar("/", falla);
         v.conCuadros([&] { v.clic("Command3"); });
-        QCOMPARE(v.mensajes, QStringList({QStringLiteral("Listo Historico")}));
-        QCOMPARE(v.lineas("lstHistoricos"),
-                 QStringList({QStringLiteral("C:\\Quorvela\\123-2010")}));
+        QCOMPARE(v.mensajes, QStringList({u"Listo Historico"_s}));
+        QCOMPARE(v.lineas("lstHistoricos"), QStringList({u"C:\\Quorvela\\123-2010"_s}));
     }
 
     void botonYAvisos_seEscondenAntesDeCederPorPrimeraVez()

@@ -16,7 +16,7 @@ class AbridorAnotado {
 public:
     AbridorAnotado() : m_antes(qgetenv("PATH"))
     {
-        QFile guion(m_carpeta.filePath(QStringLiteral("xdg-open")));
+        QFile guion(m_carpeta.filePath(u"xdg-open"_s));
         [[maybe_unused]] const bool abierto = guion.open(QIODevice::WriteOnly);
         guion.write("#!/bin/sh\nprintf '%s\\n' \"$#\" \"$@\" > '" + nota().toUtf8()
                     + ".nueva'\nmv '" + nota().toUtf8() + ".nueva' '" + nota().toUtf8() + "'\n");
@@ -26,7 +26,7 @@ public:
     }
     ~AbridorAnotado() { qputenv("PATH", m_antes); }
 
-    QString nota() const { return m_carpeta.filePath(QStringLiteral("nota")); }
+    QString nota() const { return m_carpeta.filePath(u"nota"_s); }
     QByteArray anotado() const
     {
         QFile archivo(nota());
@@ -46,15 +46,14 @@ private Q_SLOTS:
     void raizInexistente_listaLaCarpetaDelProceso()
     {
         const QTemporaryDir actual;
-        QVERIFY(QDir(actual.path()).mkdir(QStringLiteral("uno")));
-        QVERIFY(QDir(actual.path()).mkdir(QStringLiteral("Dos")));
+        QVERIFY(QDir(actual.path()).mkdir(u"uno"_s));
+        QVERIFY(QDir(actual.path()).mkdir(u"Dos"_s));
         const QString antes = QDir::currentPath();
         QVERIFY(QDir::setCurrent(actual.path()));
         {
             const VentanaDePrueba v;
             const QString base = QDir::currentPath();
-            QCOMPARE(v.lineas("lstHistoricos"),
-                     QStringList({base + QStringLiteral("/Dos"), base + QStringLiteral("/uno")}));
+            QCOMPARE(v.lineas("lstHistoricos"), QStringList({base + u"/Dos"_s, base + u"/uno"_s}));
         }
         QDir::setCurrent(antes);
     }
@@ -62,7 +61,7 @@ private Q_SLOTS:
     void raizSinCarpetas_daListaVacia()
     {
         VentanaDePrueba v;
-        QVERIFY(QDir(v.e.personal.path()).mkdir(QStringLiteral("Quorvela")));
+        QVERIFY(QDir(v.e.personal.path()).mkdir(u"Quorvela"_s));
         v.form.cargaListaHistoricos();
         QCOMPARE(v.lineas("lstHistoricos"), QStringList());
     }
@@ -108,16 +107,14 @@ private Q_SLOTS:
             QVERIFY(QDir().mkpath(v.e.nativa(QString::fromLatin1(nombre))));
         v.form.cargaListaHistoricos();
         QCOMPARE(v.lineas("lstHistoricos"),
-                 QStringList({QStringLiteral("C:\\Quorvela\\.oculta"),
-                              QStringLiteral("C:\\Quorvela\\A-2010"),
-                              QStringLiteral("C:\\Quorvela\\b-2011"),
-                              QStringLiteral("C:\\Quorvela\\no es un archivo")}));
+                 QStringList({u"C:\\Quorvela\\.oculta"_s, u"C:\\Quorvela\\A-2010"_s,
+                              u"C:\\Quorvela\\b-2011"_s, u"C:\\Quorvela\\no es un archivo"_s}));
     }
 
     void verHistorico_seHabilitaConElPrimerClicYParaSiempre()
     {
         VentanaDePrueba v;
-        QVERIFY(QDir().mkpath(v.e.nativa(QStringLiteral("123-2010"))));
+        QVERIFY(QDir().mkpath(v.e.nativa(u"123-2010"_s)));
         v.form.cargaListaHistoricos();
         v.ingresar();
         v.elegir("Option1_3");
@@ -134,14 +131,14 @@ private Q_SLOTS:
     void verHistorico_abreLaPortadaDelElegido_data()
     {
         QTest::addColumn<QString>("carpeta");
-        QTest::newRow("an archive") << QStringLiteral("456-2011");
-        QTest::newRow("any other folder") << QStringLiteral("fotos del paseo");
+        QTest::newRow("an archive") << u"456-2011"_s;
+        QTest::newRow("any other folder") << u"fotos del paseo"_s;
         // Names that Windows refuses or shortens; each has a neighbour of the name it would get.
-        QTest::newRow("a device's name") << QStringLiteral("con");
-        QTest::newRow("a colon") << QStringLiteral("a:b");
-        QTest::newRow("a dot at the end") << QStringLiteral("punto.");
-        QTest::newRow("a blank at the end") << QStringLiteral("blanco ");
-        QTest::newRow("a back slash") << QStringLiteral("a\\b");
+        QTest::newRow("a device's name") << u"con"_s;
+        QTest::newRow("a colon") << u"a:b"_s;
+        QTest::newRow("a dot at the end") << u"punto."_s;
+        QTest::newRow("a blank at the end") << u"blanco "_s;
+        QTest::newRow("a back slash") << u"a\\b"_s;
     }
     void verHistorico_abreLaPortadaDelElegido()
     {
@@ -155,8 +152,7 @@ private Q_SLOTS:
         v.ingresar();
         v.elegir("Option1_3");
         auto *lista = v.elemento<QListWidget>("lstHistoricos");
-        const auto renglon =
-            v.lineas("lstHistoricos").indexOf(QStringLiteral("C:\\Quorvela\\") + carpeta);
+        const auto renglon = v.lineas("lstHistoricos").indexOf(u"C:\\Quorvela\\"_s + carpeta);
         QVERIFY(renglon >= 0);
         auto *elegido = lista->item(static_cast<int>(renglon));
         lista->scrollToItem(elegido);
@@ -164,14 +160,14 @@ private Q_SLOTS:
                           lista->visualItemRect(elegido).center());
         v.clic("Command4");
         QTRY_COMPARE(abridor.anotado(),
-                     "1\n" + v.e.nativa(carpeta + QStringLiteral("/index.html")).toUtf8() + '\n');
+                     "1\n" + v.e.nativa(carpeta + u"/index.html"_s).toUtf8() + '\n');
     }
 
     void verHistoricoSinElegir_abreLaPortadaSinCarpeta()
     {
         const AbridorAnotado abridor;
         VentanaDePrueba v;
-        QVERIFY(QDir().mkpath(v.e.nativa(QStringLiteral("123-2010"))));
+        QVERIFY(QDir().mkpath(v.e.nativa(u"123-2010"_s)));
         v.form.cargaListaHistoricos();
         v.ingresar();
         v.elegir("Option1_3");

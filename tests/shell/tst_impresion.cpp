@@ -28,19 +28,15 @@ private Q_SLOTS:
         QTest::addColumn<QString>("tipo");
         QTest::addColumn<QString>("titulo");
         QTest::addColumn<bool>("conPeriodo");
-        QTest::newRow("Boletines") << QStringLiteral("Boletines")
-                                   << QStringLiteral("Imprimir Boletines del Periodo") << true;
+        QTest::newRow("Boletines") << u"Boletines"_s << u"Imprimir Boletines del Periodo"_s << true;
         QTest::newRow("Informe Final")
-            << QStringLiteral("Informe Final")
-            << QStringLiteral("Imprimir Informes Finales del Salon") << false;
+            << u"Informe Final"_s << u"Imprimir Informes Finales del Salon"_s << false;
         QTest::newRow("Certificado Final")
-            << QStringLiteral("Certificado Final")
-            << QStringLiteral("Imprimir Certificados Finales del Salon") << false;
-        QTest::newRow("Paz Y Salvos")
-            << QStringLiteral("Paz Y Salvos") << QStringLiteral("Imprimir Paz y salvos") << false;
+            << u"Certificado Final"_s << u"Imprimir Certificados Finales del Salon"_s << false;
+        QTest::newRow("Paz Y Salvos") << u"Paz Y Salvos"_s << u"Imprimir Paz y salvos"_s << false;
         for (const char *tipo : {"Observador", "Hoja Matricula", "Planilla Trabajo"})
-            QTest::newRow(tipo) << QString::fromLatin1(tipo)
-                                << QStringLiteral("Seleccione que Imprimir") << false;
+            QTest::newRow(tipo) << QString::fromLatin1(tipo) << u"Seleccione que Imprimir"_s
+                                << false;
     }
     void tipo_cambiaElTituloYElPeriodo()
     {
@@ -49,8 +45,7 @@ private Q_SLOTS:
         QFETCH(bool, conPeriodo);
         VentanaDePrueba v;
         abrir(v);
-        QCOMPARE(v.elemento<QLabel>("Label7_2")->text(),
-                 QStringLiteral("2. Imprimir Boletines del Periodo"));
+        QCOMPARE(v.elemento<QLabel>("Label7_2")->text(), u"2. Imprimir Boletines del Periodo"_s);
         QVERIFY(v.visible("Combo1"));
         v.elegirEnLista("ComboTipo", tipo);
         QCOMPARE(v.elemento<QLabel>("Label7_2")->text(), titulo);
@@ -61,13 +56,13 @@ private Q_SLOTS:
     {
         VentanaDePrueba v;
         abrir(v);
-        v.elegirEnLista("ComboTipo", QStringLiteral("Boletines"));
-        v.elegirEnLista("Combo1", QStringLiteral("Periodo 3"));
-        v.elegirEnLista("ComboTipo", QStringLiteral("Paz Y Salvos"));
+        v.elegirEnLista("ComboTipo", u"Boletines"_s);
+        v.elegirEnLista("Combo1", u"Periodo 3"_s);
+        v.elegirEnLista("ComboTipo", u"Paz Y Salvos"_s);
         QVERIFY(!v.visible("Combo1"));
-        v.elegirEnLista("ComboTipo", QStringLiteral("Boletines"));
+        v.elegirEnLista("ComboTipo", u"Boletines"_s);
         QVERIFY(v.visible("Combo1"));
-        QCOMPARE(v.elemento<QComboBox>("Combo1")->currentText(), QStringLiteral("Periodo 3"));
+        QCOMPARE(v.elemento<QComboBox>("Combo1")->currentText(), u"Periodo 3"_s);
     }
 
     void sinTipo_imprimirNoHaceNada()
@@ -84,11 +79,11 @@ private Q_SLOTS:
     {
         VentanaDePrueba v;
         abrir(v);
-        v.elegirEnLista("ComboTipo", QStringLiteral("Boletines"));
-        v.elegirEnLista("Combo1", QStringLiteral("Periodo 1"));
+        v.elegirEnLista("ComboTipo", u"Boletines"_s);
+        v.elegirEnLista("Combo1", u"Periodo 1"_s);
         v.elemento("List1")->setFocus();
         v.conCuadros([&] { v.clic("Command2"); });
-        QCOMPARE(v.mensajes, QStringList({QStringLiteral("Seleccione un Salon")}));
+        QCOMPARE(v.mensajes, QStringList({u"Seleccione un Salon"_s}));
         QCOMPARE(v.e.destinos(), QStringList());
     }
 
@@ -96,10 +91,10 @@ private Q_SLOTS:
     {
         VentanaDePrueba v;
         abrir(v);
-        v.elegirEnLista("ComboTipo", QStringLiteral("Boletines"));
+        v.elegirEnLista("ComboTipo", u"Boletines"_s);
         v.elegirSalon();
         v.conCuadros([&] { v.clic("Command2"); });
-        QCOMPARE(v.mensajes, QStringList({QStringLiteral("Seleccione el Periodo")}));
+        QCOMPARE(v.mensajes, QStringList({u"Seleccione el Periodo"_s}));
         QCOMPARE(v.e.destinos(), QStringList());
     }
 
@@ -107,8 +102,8 @@ private Q_SLOTS:
     {
         VentanaDePrueba v;
         abrir(v);
-        v.elegirEnLista("ComboTipo", QStringLiteral("Boletines"));
-        v.elegirEnLista("Combo1", QStringLiteral("Periodo 2"));
+        v.elegirEnLista("ComboTipo", u"Boletines"_s);
+        v.elegirEnLista("Combo1", u"Periodo 2"_s);
         v.elegirSalon();
         v.elegir("Option2_1");
         bool escondidos = false;
@@ -122,7 +117,7 @@ private Q_SLOTS:
         QVERIFY(escondidos);
         QVERIFY(v.visible("Command2") && v.visible("Option2_0") && v.visible("Option2_1"));
         QVERIFY(!v.visible("Barra3"));
-        QCOMPARE(v.e.listar(QStringLiteral("123-2010/archivos/boletines/P2")).size(), 2);
+        QCOMPARE(v.e.listar(u"123-2010/archivos/boletines/P2"_s).size(), 2);
     }
 
     void panel_sePreparaSoloConLaListaYaRecibida()
@@ -163,11 +158,11 @@ private Q_SLOTS:
     {
         VentanaDePrueba v;
         abrir(v);
-        v.elegirEnLista("ComboTipo", QStringLiteral("Observador"));
+        v.elegirEnLista("ComboTipo", u"Observador"_s);
         v.elegirSalon();
         v.elegir("Option2_1");
         v.conCuadros([&] { v.clic("Command2"); });
-        QCOMPARE(v.e.listar(QStringLiteral("123-2010/archivos/observador")).size(), 2);
+        QCOMPARE(v.e.listar(u"123-2010/archivos/observador"_s).size(), 2);
     }
 
     void listaVacia_dejaLaBarraComoEstaba()
@@ -175,7 +170,7 @@ private Q_SLOTS:
         VentanaDePrueba v;
         abrir(v);
         v.e.responder("tipo=matrix&salon=", "");
-        v.elegirEnLista("ComboTipo", QStringLiteral("Paz Y Salvos"));
+        v.elegirEnLista("ComboTipo", u"Paz Y Salvos"_s);
         v.elegirSalon();
         v.conCuadros([&] { v.clic("Command2"); });
         QCOMPARE(v.mensajes, QStringList());
@@ -189,12 +184,12 @@ private Q_SLOTS:
         {
             VentanaDePrueba v;
             abrir(v);
-            v.elegirEnLista("ComboTipo", QStringLiteral("Hoja Matricula"));
+            v.elegirEnLista("ComboTipo", u"Hoja Matricula"_s);
             v.elegirSalon();
             v.elegir("Option2_1");
             v.e.responder("tipo=matrix&salon=", "77,<b>ANA</b>");
             v.conCuadros([&] { v.clic("Command2"); });
-            QCOMPARE(v.mensajes, QStringList({QStringLiteral("77,<b>ANA</b>")}));
+            QCOMPARE(v.mensajes, QStringList({u"77,<b>ANA</b>"_s}));
         }
         QVERIFY(!obrero.arrancado()); // no archive yet, so no sheet to print
     }
@@ -205,7 +200,7 @@ private Q_SLOTS:
         {
             VentanaDePrueba v;
             abrir(v);
-            v.elegirEnLista("ComboTipo", QStringLiteral("Paz Y Salvos"));
+            v.elegirEnLista("ComboTipo", u"Paz Y Salvos"_s);
             v.elegirSalon();
             const QString segundo = v.e.demo.escuela().alumnos[1].id;
             v.reteniendo(

@@ -15,7 +15,7 @@ private Q_SLOTS:
         VentanaDePrueba v(TamanoEscuela{2010, 2, 1, 1});
         v.ingresar();
         QCOMPARE(v.mensajes, QStringList());
-        QCOMPARE(v.elemento<QLabel>("Label5")->text(), QStringLiteral("Conectado OK:123"));
+        QCOMPARE(v.elemento<QLabel>("Label5")->text(), u"Conectado OK:123"_s);
         QVERIFY(v.visible("Label5"));
         for (const char *modo : {"Option1_1", "Option1_2", "Option1_3"})
             QVERIFY2(v.visible(modo), modo);
@@ -25,14 +25,14 @@ private Q_SLOTS:
         const auto *lista = v.elemento<QListWidget>("List1");
         QCOMPARE(lista->count(), 2);
         const SalonDemo &salon = v.e.demo.escuela().salones.first();
-        QCOMPARE(lista->item(0)->text(), salon.id + QStringLiteral("   : ") + salon.nombre);
+        QCOMPARE(lista->item(0)->text(), salon.id + u"   : "_s + salon.nombre);
         QCOMPARE(v.form.Salones.Count(), 2);
-        QCOMPARE(v.e.sesion.idColegio, QStringLiteral("123"));
-        QCOMPARE(v.e.sesion.anoActual, QStringLiteral("2010"));
+        QCOMPARE(v.e.sesion.idColegio, u"123"_s);
+        QCOMPARE(v.e.sesion.anoActual, u"2010"_s);
         QCOMPARE(v.e.destinos().first(),
-                 QStringLiteral("/querys/tessarin/login.php?azar=#&user=secretaria&pwd=demo2010"));
+                 u"/querys/tessarin/login.php?azar=#&user=secretaria&pwd=demo2010"_s);
         QCOMPARE(v.e.destinos().last(),
-                 QStringLiteral("/querys/tessarin/salones.php?azar=#&idcolegio=123&tipo=matrix"));
+                 u"/querys/tessarin/salones.php?azar=#&idcolegio=123&tipo=matrix"_s);
     }
 
     void panelYModos_cambianAntesDePedirLosSalones()
@@ -57,24 +57,23 @@ private Q_SLOTS:
     void superadministrador_trabajaComoSecretaria()
     {
         VentanaDePrueba v;
-        v.ingresar(QStringLiteral("superadmin"));
+        v.ingresar(u"superadmin"_s);
         QCOMPARE(v.mensajes, QStringList());
-        QCOMPARE(v.e.sesion.rolUsuario, QStringLiteral("SECRETARIA"));
+        QCOMPARE(v.e.sesion.rolUsuario, u"SECRETARIA"_s);
         QVERIFY(v.visible("Option1_1"));
     }
 
     void claveMala_avisaTrasCuatroPedidosYDejaTodoIgual()
     {
         VentanaDePrueba v;
-        v.ingresar(QStringLiteral("secretaria"), QStringLiteral("otra"));
-        QCOMPARE(v.mensajes, QStringList({QStringLiteral(
-                                 "Usuario y/o Contraseña incorrectas, intentelo de nuevo")}));
+        v.ingresar(u"secretaria"_s, u"otra"_s);
+        QCOMPARE(v.mensajes,
+                 QStringList({u"Usuario y/o Contraseña incorrectas, intentelo de nuevo"_s}));
         QCOMPARE(v.e.destinos(),
-                 QStringList(4, QStringLiteral(
-                                    "/querys/tessarin/login.php?azar=#&user=secretaria&pwd=otra")));
+                 QStringList(4, u"/querys/tessarin/login.php?azar=#&user=secretaria&pwd=otra"_s));
         QVERIFY(v.elemento("Command1")->isEnabled());
         QVERIFY(!v.visible("Option1_1"));
-        QCOMPARE(v.e.sesion.idColegio, QStringLiteral("ERROR"));
+        QCOMPARE(v.e.sesion.idColegio, u"ERROR"_s);
         v.elemento<QLineEdit>("txtPwd")->clear();
         v.elemento<QLineEdit>("txtUser")->clear();
         v.ingresar();
@@ -84,12 +83,11 @@ private Q_SLOTS:
     void docente_noTieneElNivelRequerido()
     {
         VentanaDePrueba v;
-        v.ingresar(QStringLiteral("docente"));
-        QCOMPARE(v.mensajes,
-                 QStringList({QStringLiteral("Nivel de acceso inadecuado, se requiere Usuario y "
-                                             "Pasword de Secretaria")}));
+        v.ingresar(u"docente"_s);
+        QCOMPARE(v.mensajes, QStringList({u"Nivel de acceso inadecuado, se requiere Usuario y "
+                                          "Pasword de Secretaria"_s}));
         QVERIFY(!v.visible("Option1_1"));
-        QCOMPARE(v.e.sesion.idColegio, QStringLiteral("ERROR"));
+        QCOMPARE(v.e.sesion.idColegio, u"ERROR"_s);
     }
 
     void errorEnMinusculas_pasaAlExamenDelRol()
@@ -97,9 +95,8 @@ private Q_SLOTS:
         VentanaDePrueba v;
         v.e.responder("login.php", "error");
         v.ingresar();
-        QCOMPARE(v.mensajes,
-                 QStringList({QStringLiteral("Nivel de acceso inadecuado, se requiere Usuario y "
-                                             "Pasword de Secretaria")}));
+        QCOMPARE(v.mensajes, QStringList({u"Nivel de acceso inadecuado, se requiere Usuario y "
+                                          "Pasword de Secretaria"_s}));
     }
 
     void servicioMudo_avisaComoRolInadecuado()
@@ -110,17 +107,17 @@ private Q_SLOTS:
         v.e.demo.fallar("login.php", falla);
         v.ingresar();
         QCOMPARE(v.mensajes.size(), 1);
-        QVERIFY(v.mensajes.first().startsWith(QStringLiteral("Nivel de acceso")));
+        QVERIFY(v.mensajes.first().startsWith(u"Nivel de acceso"_s));
     }
 
     void signosEnLaCuenta_vanComoEstan()
     {
         VentanaDePrueba v;
-        v.elemento<QLineEdit>("txtUser")->setText(QStringLiteral("a&b=c"));
-        v.elemento<QLineEdit>("txtPwd")->setText(QStringLiteral("x ñ=1"));
+        v.elemento<QLineEdit>("txtUser")->setText(u"a&b=c"_s);
+        v.elemento<QLineEdit>("txtPwd")->setText(u"x ñ=1"_s);
         v.conCuadros([&] { v.clic("Command1"); });
         QCOMPARE(v.e.destinos().first(),
-                 QStringLiteral("/querys/tessarin/login.php?azar=#&user=a&b=c&pwd=x%20%F1=1"));
+                 u"/querys/tessarin/login.php?azar=#&user=a&b=c&pwd=x%20%F1=1"_s);
     }
 
     void salonesSinRespuesta_dejanLaListaVaciaSinMensaje()
@@ -145,7 +142,7 @@ private Q_SLOTS:
     {
         QFETCH(QByteArray, casilla);
         VentanaDePrueba v;
-        v.escribirCuenta(QStringLiteral("secretaria"), QStringLiteral("demo2010"));
+        v.escribirCuenta(u"secretaria"_s, u"demo2010"_s);
         QTest::keyClick(v.elemento(casilla.constData()), Qt::Key_Return);
         QVERIFY(v.visible("Option1_1"));
     }

@@ -56,7 +56,7 @@ private Q_SLOTS:
         VentanaDePrueba v;
         int cierres = 0;
         conCuadro(u"Seleccione un Salon"_s, v, [&](const QMessageBox &) {
-            QTest::keyClicks(v.elemento("txtUser"), QStringLiteral("abc"));
+            QTest::keyClicks(v.elemento("txtUser"), u"abc"_s);
             QTest::mouseClick(v.elemento("Command1"), Qt::LeftButton);
             // As the window system closes it.
             QCloseEvent cierre;
@@ -66,8 +66,8 @@ private Q_SLOTS:
         QCOMPARE(cierres, 1);
         QCOMPARE(v.elemento<QLineEdit>("txtUser")->text(), QString());
         QVERIFY(v.e.demo.peticiones().isEmpty());
-        QTest::keyClicks(v.elemento("txtUser"), QStringLiteral("abc"));
-        QCOMPARE(v.elemento<QLineEdit>("txtUser")->text(), QStringLiteral("abc"));
+        QTest::keyClicks(v.elemento("txtUser"), u"abc"_s);
+        QCOMPARE(v.elemento<QLineEdit>("txtUser")->text(), u"abc"_s);
     }
 
     void textoMasLargoQueLaPantalla_dejaElBotonAlAlcance()
@@ -78,19 +78,17 @@ private Q_SLOTS:
         bool plegado = false;
         QRect boton;
         QString texto;
-        const QString larguisimo =
-            QStringLiteral("1001,BEDOYA PÉREZ JUAN SEBASTIÁN\u00AE").repeated(800);
+        const QString larguisimo = u"1001,BEDOYA PÉREZ JUAN SEBASTIÁN\u00AE"_s.repeated(800);
         conCuadro(larguisimo, v, [&](const QMessageBox &cuadro) {
             pantalla = QRect(QPoint(), cuadro.screen()->availableSize());
             auto *ok = cuadro.button(QMessageBox::Ok);
             boton = QRect(ok->mapTo(&cuadro, QPoint()), ok->size());
             texto = cuadro.text();
             tamano = cuadro.size();
-            plegado = cuadro.findChild<QLabel *>(QStringLiteral("qt_msgbox_label"))->width()
-                      <= cuadro.width();
+            plegado = cuadro.findChild<QLabel *>(u"qt_msgbox_label"_s)->width() <= cuadro.width();
         });
         QVERIFY2(tamano.width() <= pantalla.width() && tamano.height() <= pantalla.height(),
-                 qPrintable(QStringLiteral("%1x%2").arg(tamano.width()).arg(tamano.height())));
+                 qPrintable(u"%1x%2"_s.arg(tamano.width()).arg(tamano.height())));
         QVERIFY(pantalla.contains(boton));
         QVERIFY(plegado); // no line runs out of the box
         QCOMPARE(texto, larguisimo);

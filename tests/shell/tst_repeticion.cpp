@@ -10,6 +10,8 @@
 
 #include <functional>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int presiones = 60;
@@ -63,7 +65,7 @@ void pulsar(const VentanaDePrueba &v, const QByteArray &nombre)
 
 void repetirReturn(QWidget *elemento)
 {
-    QKeyEvent otra(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"), true);
+    QKeyEvent otra(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, u"\r"_s, true);
     QApplication::sendEvent(elemento, &otra);
 }
 
@@ -79,7 +81,7 @@ private:
 
     static void prepararImpresion(VentanaDePrueba &v)
     {
-        v.elegirEnLista("ComboTipo", QStringLiteral("Paz Y Salvos"));
+        v.elegirEnLista("ComboTipo", u"Paz Y Salvos"_s);
         v.elegirSalon();
         v.elegir("Option2_1");
     }
@@ -89,7 +91,7 @@ private Q_SLOTS:
     {
         VentanaDePrueba v;
         retener(v, {login});
-        v.escribirCuenta(QStringLiteral("secretaria"), QStringLiteral("demo2010"));
+        v.escribirCuenta(u"secretaria"_s, u"demo2010"_s);
         auto *casilla = v.elemento("txtPwd");
         int pulsos = 0;
         const Repeticion tecla([&] {
@@ -101,7 +103,7 @@ private Q_SLOTS:
         QTest::keyClick(casilla, Qt::Key_Return);
         QVERIFY(pulsos >= presiones);
         QCOMPARE(cuantas(v, {login}), 1);
-        QCOMPARE(v.elemento<QLabel>("Label5")->text(), QStringLiteral("Conectado OK:123"));
+        QCOMPARE(v.elemento<QLabel>("Label5")->text(), u"Conectado OK:123"_s);
         QCOMPARE(cuantas(v, {salones}), 1);
     }
 
@@ -130,7 +132,7 @@ private Q_SLOTS:
     void enterSostenidoConClaveMala_esUnSoloIngresoYDejaElMensaje()
     {
         VentanaDePrueba v;
-        v.escribirCuenta(QStringLiteral("secretaria"), QStringLiteral("otra"));
+        v.escribirCuenta(u"secretaria"_s, u"otra"_s);
         int pulsosAnteElCuadro = 0;
         const Repeticion tecla([&] {
             const auto abiertos = v.cuadrosAbiertos();
@@ -203,7 +205,7 @@ private Q_SLOTS:
             v.e.demo.olvidarPeticiones();
         } else {
             v.elemento<QComboBox>("ComboTipo")->setCurrentIndex(3);
-            v.escribirCuenta(QStringLiteral("secretaria"), QStringLiteral("demo2010"));
+            v.escribirCuenta(u"secretaria"_s, u"demo2010"_s);
         }
         const QByteArrayList retenidos = {salones, guiones, alumnos};
         retener(v, retenidos);
@@ -239,9 +241,9 @@ private Q_SLOTS:
         bajar();
         QVERIFY(vueltas >= presiones);
         QVERIFY(fondoSiempre);
-        QCOMPARE(v.elemento<QLabel>("Label5")->text(), QStringLiteral("Conectado OK:123"));
-        QCOMPARE(mensajes.count(QStringLiteral("Listo Historico")), 1);
-        QCOMPARE(mensajes.count(QStringLiteral("Seleccione un Salon")), cuadros);
+        QCOMPARE(v.elemento<QLabel>("Label5")->text(), u"Conectado OK:123"_s);
+        QCOMPARE(mensajes.count(u"Listo Historico"_s), 1);
+        QCOMPARE(mensajes.count(u"Seleccione un Salon"_s), cuadros);
         QCOMPARE(cuantas(v, {"/pazYsalvo/"}), cuadros == 0 ? 2 : 0);
         QCOMPARE(cuantas(v, {"/jscript/"}), 2);
     }

@@ -12,14 +12,15 @@
 #include <QProgressBar>
 #include <QSignalSpy>
 
+using namespace Qt::StringLiterals;
+
 class tst_ventana : public QObject {
     Q_OBJECT
 private:
     static const QStringList &modos()
     {
-        static const QStringList nombres = {
-            QStringLiteral("Option1_0"), QStringLiteral("Option1_1"), QStringLiteral("Option1_2"),
-            QStringLiteral("Option1_3")};
+        static const QStringList nombres = {u"Option1_0"_s, u"Option1_1"_s, u"Option1_2"_s,
+                                            u"Option1_3"_s};
         return nombres;
     }
 
@@ -111,7 +112,7 @@ private Q_SLOTS:
                                  || qobject_cast<const QComboBox *>(elemento)
                                  || qobject_cast<const QListWidget *>(elemento)
                                  || qobject_cast<const QProgressBar *>(elemento);
-            if (!control || elemento->objectName().startsWith(QStringLiteral("qt_")))
+            if (!control || elemento->objectName().startsWith(u"qt_"_s))
                 continue;
             QVERIFY2(!elemento->accessibleName().isEmpty(), qPrintable(elemento->objectName()));
             ++revisados;

@@ -6,6 +6,8 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+using namespace Qt::StringLiterals;
+
 class TstRutaLocal : public QObject {
     Q_OBJECT
 
@@ -115,7 +117,7 @@ void TstRutaLocal::address_withoutAFile_isRefused_data()
 void TstRutaLocal::address_withoutAFile_isRefused()
 {
     QFETCH(QUrl, direccion);
-    QCOMPARE(rutaLocal::destino(direccion, QStringLiteral("/")), QUrl());
+    QCOMPARE(rutaLocal::destino(direccion, u"/"_s), QUrl());
 }
 
 void TstRutaLocal::address_outsideTheRoot_isRefused_data()

@@ -5,6 +5,8 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 Aduana::Aduana(QString raiz, std::optional<Origen> origen, QObject *parent)
     : QWebEngineUrlRequestInterceptor(parent), raiz_(std::move(raiz)), origen_(std::move(origen))
 {
@@ -14,9 +16,9 @@ void Aduana::interceptRequest(QWebEngineUrlRequestInfo &pedido)
 {
     const QUrl direccion = pedido.requestUrl();
     const QString esquema = direccion.scheme();
-    if (esquema == QLatin1String("data") || esquema == QLatin1String("blob"))
+    if (esquema == "data"_L1 || esquema == "blob"_L1)
         return;
-    if (esquema != QLatin1String("file")) {
+    if (esquema != "file"_L1) {
         pedido.block(!origen_ || !origen_->tiene(direccion));
         return;
     }

@@ -9,6 +9,7 @@
 
 #include <chrono>
 
+using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
 namespace {
@@ -98,7 +99,7 @@ Dibujo::Dibujo(QWebEngineProfile *perfil, std::chrono::milliseconds plazo, QObje
 void Dibujo::calentar()
 {
     calentando_ = true;
-    pagina_.load(QUrl(QStringLiteral("about:blank")));
+    pagina_.load(QUrl(u"about:blank"_s));
 }
 
 void Dibujo::dibujar(const QString &html, const QString &pdf, const QPageLayout &hoja)

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "worker/render/Origen.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString hostDe(const QUrl &direccion)
@@ -10,7 +12,7 @@ QString hostDe(const QUrl &direccion)
 
 int puertoDe(const QUrl &direccion)
 {
-    return direccion.port(direccion.scheme() == QLatin1String("https") ? 443 : 80);
+    return direccion.port(direccion.scheme() == "https"_L1 ? 443 : 80);
 }
 
 } // namespace
@@ -19,8 +21,7 @@ std::optional<Origen> Origen::de(const QByteArray &texto)
 {
     const QUrl direccion = QUrl::fromEncoded(texto, QUrl::StrictMode);
     const QString esquema = direccion.scheme();
-    if (!direccion.isValid()
-        || (esquema != QLatin1String("https") && esquema != QLatin1String("http")))
+    if (!direccion.isValid() || (esquema != "https"_L1 && esquema != "http"_L1))
         return {};
     Origen origen;
     origen.esquema_ = esquema;
@@ -41,5 +42,5 @@ bool Origen::tiene(const QUrl &direccion) const
 
 bool Origen::cifrado() const
 {
-    return esquema_ == QLatin1String("https");
+    return esquema_ == "https"_L1;
 }

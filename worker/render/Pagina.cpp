@@ -5,10 +5,12 @@
 #include <QWebEngineScriptCollection>
 #include <QWebEngineSettings>
 
+using namespace Qt::StringLiterals;
+
 Pagina::Pagina(QWebEngineProfile *perfil, QObject *parent) : QWebEnginePage(perfil, parent)
 {
     QWebEngineSettings *ajustes = settings();
-    ajustes->setDefaultTextEncoding(QStringLiteral("windows-1252"));
+    ajustes->setDefaultTextEncoding(u"windows-1252"_s);
     // Paper with "page not found" on it helps nobody; a page that fails ends in the log.
     ajustes->setAttribute(QWebEngineSettings::ErrorPageEnabled, false);
     ajustes->setAttribute(QWebEngineSettings::PrintElementBackgrounds, true);
@@ -34,7 +36,7 @@ Pagina::Pagina(QWebEngineProfile *perfil, QObject *parent) : QWebEnginePage(perf
 void Pagina::callarImpresion()
 {
     QWebEngineScript guion;
-    guion.setSourceCode(QStringLiteral("window.print = () => {};"));
+    guion.setSourceCode(u"window.print = () => {};"_s);
     guion.setInjectionPoint(QWebEngineScript::DocumentCreation);
     guion.setWorldId(QWebEngineScript::MainWorld);
     guion.setRunsOnSubFrames(true);

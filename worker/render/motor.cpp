@@ -13,6 +13,8 @@
 #include <unistd.h>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 extern char **environ;
 
 namespace {
@@ -24,7 +26,7 @@ QString carpetaDelUsuario()
         const passwd *cuenta = getpwuid(getuid());
         casa = cuenta ? cuenta->pw_dir : "";
     }
-    return casa.startsWith('/') ? QFile::decodeName(casa) + QStringLiteral("/Quorvela") : QString();
+    return casa.startsWith('/') ? QFile::decodeName(casa) + u"/Quorvela"_s : QString();
 }
 
 QString raiz()

@@ -4,6 +4,8 @@
 #include <QDir>
 #include <QFileInfo>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // The spelling that `nombre` has in the folder; empty when nothing there has that name.
@@ -39,7 +41,7 @@ QString rutaLocal::existente(const QString &ruta)
     normal.replace(u'\\', u'/');
     QString hallada;
     for (const QString &nombre : QDir::cleanPath(normal).split(u'/', Qt::SkipEmptyParts)) {
-        const QString suyo = enCarpeta(hallada.isEmpty() ? QStringLiteral("/") : hallada, nombre);
+        const QString suyo = enCarpeta(hallada.isEmpty() ? u"/"_s : hallada, nombre);
         if (suyo.isEmpty())
             return {};
         hallada += u'/' + suyo;
