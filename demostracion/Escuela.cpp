@@ -12,12 +12,12 @@ namespace {
 // has to give the same school everywhere.
 class Azar {
 public:
-    explicit Azar(unsigned semilla) : estado(semilla) {}
+    explicit Azar(unsigned semilla) : m_estado(semilla) {}
 
     int hasta(int n)
     {
-        estado += 0x9E3779B97F4A7C15ULL;
-        quint64 z = estado;
+        m_estado += 0x9E3779B97F4A7C15ULL;
+        quint64 z = m_estado;
         z = (z ^ (z >> 30)) * 0xBF58476D1CE4E5B9ULL;
         z = (z ^ (z >> 27)) * 0x94D049BB133111EBULL;
         return static_cast<int>((z ^ (z >> 31)) % static_cast<quint64>(n));
@@ -30,7 +30,7 @@ public:
     }
 
 private:
-    quint64 estado;
+    quint64 m_estado;
 };
 
 constexpr auto apellidos = std::to_array<QStringView>(

@@ -64,11 +64,11 @@ private:
     bool retenida(const Peticion &peticion) const;
     QByteArray ordinaria(const Peticion &peticion, const QByteArray &comprimir) const;
 
-    int oido = -1;
-    int parada[2] = {-1, -1};
-    std::unique_ptr<Rutas> rutas;
-    std::list<Hilo> hilos; // only the listener's thread touches it, until it has ended
-    std::thread oyente;
+    int m_oido = -1;
+    int m_parada[2] = {-1, -1};
+    std::unique_ptr<Rutas> m_rutas;
+    std::list<Hilo> m_hilos; // only the listener's thread touches it, until it has ended
+    std::thread m_oyente;
 };
 
 static demo::Vigencia vigencia(ServicioDemo::Modo modo)
@@ -84,35 +84,35 @@ ServicioDemo::Interno::Interno(const TamanoEscuela &tamano, Modo modo)
 {
     if (modo != Modo::Http)
         identidad = crearIdentidadTls(vigencia(modo));
-    if (pipe2(parada, O_CLOEXEC) != 0)
+    if (pipe2(m_parada, O_CLOEXEC) != 0)
         throw std::runtime_error("no pipe for the demonstration service");
     const int puerto = abrirPuerto();
     base = u"%1://127.0.0.1:%2"_s.arg(modo == Modo::Http ? u"http"_s : u"https"_s).arg(puerto);
-    rutas = std::make_unique<Rutas>(escuela, base);
-    oyente = std::thread([this] { escuchar(); });
+    m_rutas = std::make_unique<Rutas>(escuela, base);
+    m_oyente = std::thread([this] { escuchar(); });
 }
 
 ServicioDemo::Interno::~Interno()
 {
     // Never read: every wait on the other end sees it, now and later.
-    [[maybe_unused]] const ssize_t escrito = write(parada[1], "x", 1);
-    oyente.join();
+    [[maybe_unused]] const ssize_t escrito = write(m_parada[1], "x", 1);
+    m_oyente.join();
     recoger(true);
-    close(oido);
-    close(parada[0]);
-    close(parada[1]);
+    close(m_oido);
+    close(m_parada[0]);
+    close(m_parada[1]);
 }
 
 int ServicioDemo::Interno::abrirPuerto()
 {
-    oido = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
+    m_oido = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
     sockaddr_in donde{};
     donde.sin_family = AF_INET;
     donde.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
     socklen_t largo = sizeof donde;
     auto *direccion = reinterpret_cast<sockaddr *>(&donde);
-    if (bind(oido, direccion, largo) != 0 || listen(oido, 128) != 0
-        || getsockname(oido, direccion, &largo) != 0)
+    if (bind(m_oido, direccion, largo) != 0 || listen(m_oido, 128) != 0
+        || getsockname(m_oido, direccion, &largo) != 0)
         throw std::runtime_error("no loopback port for the demonstration service");
     return ntohs(donde.sin_port);
 }
@@ -120,18 +120,18 @@ int ServicioDemo::Interno::abrirPuerto()
 void ServicioDemo::Interno::escuchar()
 {
     for (;;) {
-        pollfd esperas[] = {{oido, POLLIN, 0}, {parada[0], POLLIN, 0}};
+        pollfd esperas[] = {{m_oido, POLLIN, 0}, {m_parada[0], POLLIN, 0}};
         poll(esperas, 2, -1);
         if (esperas[1].revents != 0)
             return;
-        const int zocalo = accept4(oido, nullptr, nullptr, SOCK_CLOEXEC);
+        const int zocalo = accept4(m_oido, nullptr, nullptr, SOCK_CLOEXEC);
         if (zocalo < 0)
             continue;
         recoger(false);
-        Hilo &hilo = hilos.emplace_back();
+        Hilo &hilo = m_hilos.emplace_back();
         hilo.hilo = std::thread([this, &hilo, zocalo] {
             {
-                Conexion conexion(zocalo, parada[0], identidad.contexto.get());
+                Conexion conexion(zocalo, m_parada[0], identidad.contexto.get());
                 atender(conexion);
             }
             hilo.terminado = true;
@@ -141,13 +141,13 @@ void ServicioDemo::Interno::escuchar()
 
 void ServicioDemo::Interno::recoger(bool todos)
 {
-    for (auto it = hilos.begin(); it != hilos.end();) {
+    for (auto it = m_hilos.begin(); it != m_hilos.end();) {
         if (!todos && !it->terminado) {
             ++it;
             continue;
         }
         it->hilo.join();
-        it = hilos.erase(it);
+        it = m_hilos.erase(it);
     }
 }
 
@@ -188,7 +188,7 @@ QByteArray ServicioDemo::Interno::ordinaria(const Peticion &peticion,
         return respuesta(400, "<html><body>Petici\xF3n incomprensible</body></html>");
     if (peticion.metodo != "GET" && peticion.metodo != "HEAD")
         return respuesta(405, "<html><body>M\xE9todo no permitido</body></html>");
-    return enMensaje(rutas->responder(peticion.destino), peticion.metodo, comprimir);
+    return enMensaje(m_rutas->responder(peticion.destino), peticion.metodo, comprimir);
 }
 
 void ServicioDemo::Interno::fallarCon(const Falla &falla, const Peticion &peticion,

@@ -22,27 +22,27 @@ constexpr int cortesia = 1000; // milliseconds left to a client that does not cl
 
 namespace demo {
 
-Conexion::Conexion(int zocalo, int parada, ssl_ctx_st *tls) : zocalo(zocalo), parada(parada)
+Conexion::Conexion(int zocalo, int parada, ssl_ctx_st *tls) : m_zocalo(zocalo), m_parada(parada)
 {
-    fcntl(zocalo, F_SETFL, fcntl(zocalo, F_GETFL) | O_NONBLOCK);
+    fcntl(m_zocalo, F_SETFL, fcntl(m_zocalo, F_GETFL) | O_NONBLOCK);
     const int si = 1;
-    setsockopt(zocalo, IPPROTO_TCP, TCP_NODELAY, &si, sizeof si);
+    setsockopt(m_zocalo, IPPROTO_TCP, TCP_NODELAY, &si, sizeof si);
     if (tls) {
-        ssl = SSL_new(tls);
-        SSL_set_fd(ssl, zocalo);
+        m_ssl = SSL_new(tls);
+        SSL_set_fd(m_ssl, m_zocalo);
     }
 }
 
 Conexion::~Conexion()
 {
-    if (ssl)
-        SSL_free(ssl);
-    close(zocalo);
+    if (m_ssl)
+        SSL_free(m_ssl);
+    close(m_zocalo);
 }
 
 bool Conexion::lista(short sucesos, int milisegundos)
 {
-    pollfd esperas[] = {{zocalo, sucesos, 0}, {parada, POLLIN, 0}};
+    pollfd esperas[] = {{m_zocalo, sucesos, 0}, {m_parada, POLLIN, 0}};
     int n = 0;
     do
         n = poll(esperas, 2, milisegundos);
@@ -53,7 +53,7 @@ bool Conexion::lista(short sucesos, int milisegundos)
 // OpenSSL says in which direction it is stuck; waits for that direction.
 bool Conexion::reintentar(int resultado)
 {
-    switch (SSL_get_error(ssl, resultado)) {
+    switch (SSL_get_error(m_ssl, resultado)) {
     case SSL_ERROR_WANT_READ:
         return lista(POLLIN, sinLimite);
     case SSL_ERROR_WANT_WRITE:
@@ -65,11 +65,11 @@ bool Conexion::reintentar(int resultado)
 
 bool Conexion::saludar()
 {
-    if (!ssl)
+    if (!m_ssl)
         return true;
     for (;;) {
         ERR_clear_error();
-        const int n = SSL_accept(ssl);
+        const int n = SSL_accept(m_ssl);
         if (n == 1)
             return true;
         if (!reintentar(n))
@@ -80,13 +80,13 @@ bool Conexion::saludar()
 qsizetype Conexion::leer(char *donde, int cuanto)
 {
     for (;;) {
-        if (ssl) {
+        if (m_ssl) {
             ERR_clear_error();
-            const int n = SSL_read(ssl, donde, cuanto);
+            const int n = SSL_read(m_ssl, donde, cuanto);
             if (n > 0 || !reintentar(n))
                 return n;
         } else {
-            const ssize_t n = recv(zocalo, donde, static_cast<size_t>(cuanto), 0);
+            const ssize_t n = recv(m_zocalo, donde, static_cast<size_t>(cuanto), 0);
             if (n >= 0 || (errno != EAGAIN && errno != EINTR) || !lista(POLLIN, sinLimite))
                 return n;
         }
@@ -115,13 +115,13 @@ bool Conexion::enviar(const QByteArray &bytes)
     qsizetype falta = bytes.size();
     while (falta > 0) {
         qsizetype n = 0;
-        if (ssl) {
+        if (m_ssl) {
             ERR_clear_error();
-            n = SSL_write(ssl, donde, static_cast<int>(falta));
+            n = SSL_write(m_ssl, donde, static_cast<int>(falta));
             if (n <= 0 && !reintentar(static_cast<int>(n)))
                 return false;
         } else {
-            n = send(zocalo, donde, static_cast<size_t>(falta), MSG_NOSIGNAL);
+            n = send(m_zocalo, donde, static_cast<size_t>(falta), MSG_NOSIGNAL);
             if (n < 0 && ((errno != EAGAIN && errno != EINTR) || !lista(POLLOUT, sinLimite)))
                 return false;
         }
@@ -137,17 +137,17 @@ bool Conexion::enviar(const QByteArray &bytes)
 // can overtake the reply: so the writing side ends first and the client closes.
 void Conexion::despedir()
 {
-    if (ssl)
-        SSL_shutdown(ssl);
-    shutdown(zocalo, SHUT_WR);
+    if (m_ssl)
+        SSL_shutdown(m_ssl);
+    shutdown(m_zocalo, SHUT_WR);
     char resto[4096];
-    while (lista(POLLIN, cortesia) && recv(zocalo, resto, sizeof resto, 0) > 0) {
+    while (lista(POLLIN, cortesia) && recv(m_zocalo, resto, sizeof resto, 0) > 0) {
     }
 }
 
 bool Conexion::esperar(std::chrono::milliseconds tiempo)
 {
-    pollfd espera{parada, POLLIN, 0};
+    pollfd espera{m_parada, POLLIN, 0};
     int n = 0;
     do
         n = poll(&espera, 1, static_cast<int>(tiempo.count()));
@@ -159,7 +159,7 @@ void Conexion::esperarFin()
 {
     char resto[4096];
     while (lista(POLLIN, sinLimite)) {
-        const ssize_t n = recv(zocalo, resto, sizeof resto, 0);
+        const ssize_t n = recv(m_zocalo, resto, sizeof resto, 0);
         if (n == 0 || (n < 0 && errno != EAGAIN && errno != EINTR))
             return;
     }

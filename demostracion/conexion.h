@@ -39,9 +39,9 @@ private:
     bool reintentar(int resultado);
     qsizetype leer(char *donde, int cuanto);
 
-    int zocalo;
-    int parada;
-    ssl_st *ssl = nullptr;
+    int m_zocalo;
+    int m_parada;
+    ssl_st *m_ssl = nullptr;
 };
 
 } // namespace demo

@@ -59,7 +59,7 @@ public:
 
     const mustache::data *get_partial(const std::string &nombre) const override
     {
-        const auto [it, nueva] = partes.try_emplace(nombre);
+        const auto [it, nueva] = m_partes.try_emplace(nombre);
         if (nueva) {
             const QString texto = leido(u"partes/%1.html"_s.arg(QString::fromStdString(nombre)));
             it->second = texto.chopped(1).toStdString(); // the line goes on after it
@@ -68,7 +68,7 @@ public:
     }
 
 private:
-    mutable std::map<std::string, mustache::data> partes;
+    mutable std::map<std::string, mustache::data> m_partes;
 };
 
 std::string escapado(const std::string &crudo)

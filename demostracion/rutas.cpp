@@ -106,7 +106,7 @@ QString parametro(const Parametros &parametros, const QString &nombre)
     return {};
 }
 
-Rutas::Rutas(const Escuela &escuela, const QString &base) : escuela(escuela), base(base) {}
+Rutas::Rutas(const Escuela &escuela, const QString &base) : m_escuela(escuela), m_base(base) {}
 
 Respuesta Rutas::responder(const QByteArray &destino)
 {
@@ -132,29 +132,29 @@ Respuesta Rutas::consulta(const QString &pagina, const Parametros &parametros) c
         return parametro(parametros, nombre);
     };
     if (pagina == "login.php"_L1)
-        return escrita(entrada(escuela, valor(u"user"_s), valor(u"pwd"_s)));
+        return escrita(entrada(m_escuela, valor(u"user"_s), valor(u"pwd"_s)));
     if (pagina == "existe.php"_L1)
         return escrita(existe(valor(u"f"_s)) ? u"SI"_s : u"NO"_s);
-    if (valor(u"idcolegio"_s) != escuela.idColegio)
+    if (valor(u"idcolegio"_s) != m_escuela.idColegio)
         return ausente();
 
-    const Contexto contexto{escuela, base};
+    const Contexto contexto{m_escuela, m_base};
     const bool matriz = valor(u"tipo"_s) == "matrix"_L1;
-    const SalonDemo *salon = buscarSalon(escuela, valor(u"salon"_s));
+    const SalonDemo *salon = buscarSalon(m_escuela, valor(u"salon"_s));
     if (pagina == "tomarValor.php"_L1)
-        return escrita(escuela.ajustes.value(valor(u"campo"_s)));
+        return escrita(m_escuela.ajustes.value(valor(u"campo"_s)));
     if (pagina == "salones.php"_L1)
-        return escrita(matriz ? matrizSalones(escuela) : indiceSalones(contexto));
+        return escrita(matriz ? matrizSalones(m_escuela) : indiceSalones(contexto));
     if (pagina == "alumnos.php"_L1 && matriz)
-        return escrita(matrizAlumnos(escuela, valor(u"salon"_s)));
+        return escrita(matrizAlumnos(m_escuela, valor(u"salon"_s)));
     if (pagina == "alumnos.php"_L1 && salon)
         return escrita(listaSalon(contexto, *salon));
     if (pagina == "materias.php"_L1)
-        return escrita(matrizMaterias(escuela));
+        return escrita(matrizMaterias(m_escuela));
     if (pagina == "asignaturas.php"_L1 && salon)
-        return escrita(matrizAsignaturas(escuela, *salon));
+        return escrita(matrizAsignaturas(m_escuela, *salon));
     if (pagina == "infoAlumno.php"_L1)
-        if (const AlumnoDemo *alumno = buscarAlumno(escuela, valor(u"idalumno"_s)))
+        if (const AlumnoDemo *alumno = buscarAlumno(m_escuela, valor(u"idalumno"_s)))
             return escrita(infoAlumno(contexto, *alumno));
     return ausente();
 }
@@ -163,13 +163,13 @@ Respuesta Rutas::consulta(const QString &pagina, const Parametros &parametros) c
 // where a document needs it. The school has one year of documents.
 Respuesta Rutas::documento(const QStringList &tramos) const
 {
-    if (tramos.size() < 6 || tramos.at(2) != escuela.idColegio || tramos.at(3) != "2010"_L1)
+    if (tramos.size() < 6 || tramos.at(2) != m_escuela.idColegio || tramos.at(3) != "2010"_L1)
         return ausente();
-    const Contexto contexto{escuela, base};
+    const Contexto contexto{m_escuela, m_base};
     const QString &familia = tramos.at(1);
     const QString &clase = tramos.at(4);
     const QString &codigo = tramos.at(5);
-    if (const AlumnoDemo *alumno = buscarAlumno(escuela, codigo)) {
+    if (const AlumnoDemo *alumno = buscarAlumno(m_escuela, codigo)) {
         for (const DocumentoAlumno &uno : documentosAlumno)
             if (familia == uno.familia && clase == uno.clase)
                 return escrita(uno.pagina(contexto, *alumno));
@@ -180,13 +180,13 @@ Respuesta Rutas::documento(const QStringList &tramos) const
     }
     if (familia != "notas"_L1)
         return ausente();
-    if (const SalonDemo *salon = buscarSalon(escuela, codigo)) {
+    if (const SalonDemo *salon = buscarSalon(m_escuela, codigo)) {
         if (clase == "consolidado"_L1)
             return escrita(consolidadoNotas(contexto, *salon));
         if (clase == "consolidadof"_L1)
             return escrita(consolidadoFallas(contexto, *salon));
     }
-    if (const AsignaturaDemo una = buscarAsignatura(escuela, codigo);
+    if (const AsignaturaDemo una = buscarAsignatura(m_escuela, codigo);
         una.salon && clase == "planillaAsignatura"_L1)
         return escrita(planillaAsignatura(contexto, *una.salon, una.materia));
     return ausente();
@@ -194,25 +194,25 @@ Respuesta Rutas::documento(const QStringList &tramos) const
 
 const AlumnoDemo *Rutas::alumnoDeFoto(const QString &ruta) const
 {
-    const QString inicio = u"/jup/images/"_s + escuela.idColegio + u'/';
+    const QString inicio = u"/jup/images/"_s + m_escuela.idColegio + u'/';
     const QString fin = u"-alumno.jpg"_s;
     if (!ruta.startsWith(inicio) || !ruta.endsWith(fin))
         return nullptr;
-    const AlumnoDemo *alumno = buscarAlumno(escuela, ruta.mid(inicio.size()).chopped(fin.size()));
+    const AlumnoDemo *alumno = buscarAlumno(m_escuela, ruta.mid(inicio.size()).chopped(fin.size()));
     return alumno && alumno->conFoto ? alumno : nullptr;
 }
 
 bool Rutas::existe(const QString &direccion) const
 {
-    return direccion.startsWith(base) && alumnoDeFoto(direccion.mid(base.size()));
+    return direccion.startsWith(m_base) && alumnoDeFoto(direccion.mid(m_base.size()));
 }
 
 // Labels are drawn once and kept.
 Respuesta Rutas::rotulo(const QString &texto)
 {
     // One at a time: the threads share the fonts.
-    const QMutexLocker guardia(&cerrojo);
-    QByteArray &bytes = dibujados[texto];
+    const QMutexLocker guardia(&m_cerrojo);
+    QByteArray &bytes = m_dibujados[texto];
     if (bytes.isEmpty())
         bytes = dibujarRotulo(texto);
     return {200, "image/png", bytes};

@@ -38,10 +38,10 @@ private:
     bool existe(const QString &direccion) const;
     const AlumnoDemo *alumnoDeFoto(const QString &ruta) const;
 
-    const Escuela &escuela;
-    QString base;
-    QMutex cerrojo;
-    QHash<QString, QByteArray> dibujados;
+    const Escuela &m_escuela;
+    QString m_base;
+    QMutex m_cerrojo;
+    QHash<QString, QByteArray> m_dibujados;
 };
 
 } // namespace demo

@@ -9,15 +9,15 @@ constexpr std::chrono::seconds entreIntentos{1};
 
 bool Ausencia::notar(Momento ahora)
 {
-    const bool nueva = !desde_;
+    const bool nueva = !m_desde;
     if (nueva)
-        desde_ = ahora;
-    intento_ = ahora + entreIntentos;
+        m_desde = ahora;
+    m_intento = ahora + entreIntentos;
     return nueva;
 }
 
 Ausencia::Momento Ausencia::vencidos(Momento ahora) const
 {
-    const bool bastante = desde_ && ahora - *desde_ >= plazo_;
-    return bastante ? ahora - plazo_ : Momento::min();
+    const bool bastante = m_desde && ahora - *m_desde >= m_plazo;
+    return bastante ? ahora - m_plazo : Momento::min();
 }

@@ -17,19 +17,19 @@ class Ausencia {
 public:
     using Momento = std::chrono::steady_clock::time_point;
 
-    explicit Ausencia(std::chrono::seconds plazo) : plazo_(plazo) {}
+    explicit Ausencia(std::chrono::seconds plazo) : m_plazo(plazo) {}
 
     // The server was asked and is not there. True when it was there, for all that was known.
     bool notar(Momento ahora);
-    void terminar() { desde_.reset(); }
+    void terminar() { m_desde.reset(); }
 
     // When to ask next: in the past while the server is there.
-    Momento proximoIntento() const { return desde_ ? intento_ : Momento::min(); }
+    Momento proximoIntento() const { return m_desde ? m_intento : Momento::min(); }
     // Documents that came until then are given up.
     Momento vencidos(Momento ahora) const;
 
 private:
-    std::chrono::seconds plazo_;
-    std::optional<Momento> desde_;
-    Momento intento_;
+    std::chrono::seconds m_plazo;
+    std::optional<Momento> m_desde;
+    Momento m_intento;
 };

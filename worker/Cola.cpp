@@ -5,23 +5,23 @@
 #include <cassert>
 #include <utility>
 
-Cola::Cola(std::size_t adelanto) : adelanto_(adelanto) {}
+Cola::Cola(std::size_t adelanto) : m_adelanto(adelanto) {}
 
 void Cola::agregar(std::string ruta, Momento llegada)
 {
     Documento documento;
-    documento.turno = siguiente_++;
+    documento.turno = m_siguiente++;
     documento.ruta = std::move(ruta);
     documento.llegada = llegada;
-    documentos_.push_back(std::move(documento));
+    m_documentos.push_back(std::move(documento));
 }
 
 const Cola::Documento *Cola::porDibujar() const
 {
-    const auto limite = std::min(adelanto_, documentos_.size());
+    const auto limite = std::min(m_adelanto, m_documentos.size());
     for (std::size_t i = 0; i < limite; ++i) {
-        if (documentos_[i].estado == Estado::EnEspera)
-            return &documentos_[i];
+        if (m_documentos[i].estado == Estado::EnEspera)
+            return &m_documentos[i];
     }
     return nullptr;
 }
@@ -63,7 +63,7 @@ void Cola::enDuda(Turno turno, int trabajo)
 std::vector<std::string> Cola::abandonar(Momento hasta, const std::string &motivo)
 {
     std::vector<std::string> sobrantes;
-    for (Documento &documento : documentos_) {
+    for (Documento &documento : m_documentos) {
         if (documento.llegada > hasta)
             break; // in order of arrival
         if (documento.estado == Estado::Dibujando || documento.estado == Estado::Fallido)
@@ -80,37 +80,37 @@ std::vector<std::string> Cola::abandonar(Momento hasta, const std::string &motiv
 
 const Cola::Documento *Cola::primero() const
 {
-    if (documentos_.empty())
+    if (m_documentos.empty())
         return nullptr;
-    const Documento &cabeza = documentos_.front();
+    const Documento &cabeza = m_documentos.front();
     const bool resuelto = cabeza.estado == Estado::Dibujado || cabeza.estado == Estado::Fallido;
     return resuelto ? &cabeza : nullptr;
 }
 
 const std::string &Cola::rutaPrimera() const
 {
-    assert(!documentos_.empty());
-    return documentos_.front().ruta;
+    assert(!m_documentos.empty());
+    return m_documentos.front().ruta;
 }
 
 std::string Cola::retirar()
 {
-    assert(!documentos_.empty());
-    std::string ruta = std::move(documentos_.front().ruta);
-    documentos_.pop_front();
+    assert(!m_documentos.empty());
+    std::string ruta = std::move(m_documentos.front().ruta);
+    m_documentos.pop_front();
     return ruta;
 }
 
 std::size_t Cola::enEspera() const
 {
     return static_cast<std::size_t>(
-        std::count_if(documentos_.begin(), documentos_.end(),
+        std::count_if(m_documentos.begin(), m_documentos.end(),
                       [](const Documento &d) { return d.estado == Estado::EnEspera; }));
 }
 
 Cola::Documento &Cola::con(Turno turno)
 {
     // Turns are consecutive and only the head is ever taken out.
-    assert(!documentos_.empty() && turno >= documentos_.front().turno);
-    return documentos_.at(static_cast<std::size_t>(turno - documentos_.front().turno));
+    assert(!m_documentos.empty() && turno >= m_documentos.front().turno);
+    return m_documentos.at(static_cast<std::size_t>(turno - m_documentos.front().turno));
 }

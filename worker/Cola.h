@@ -61,13 +61,13 @@ public:
     // Takes the head out, in whatever state, and gives its path. The queue must hold one.
     std::string retirar();
 
-    bool vacia() const { return documentos_.empty(); }
+    bool vacia() const { return m_documentos.empty(); }
     std::size_t enEspera() const; // not yet begun
 
 private:
     Documento &con(Turno turno);
 
-    std::deque<Documento> documentos_;
-    Turno siguiente_ = 0;
-    std::size_t adelanto_;
+    std::deque<Documento> m_documentos;
+    Turno m_siguiente = 0;
+    std::size_t m_adelanto;
 };

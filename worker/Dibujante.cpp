@@ -106,11 +106,11 @@ std::unique_ptr<Dibujante> Dibujante::nacer(const std::filesystem::path &program
 
 Dibujante::~Dibujante()
 {
-    close(entrada_);
-    kill(-pid_, SIGKILL);
+    close(m_entrada);
+    kill(-m_pid, SIGKILL);
     // The engine's helper processes become the worker's children when their parents die, and stay
     // in the group: once none of the group is left, nothing of this renderer is.
-    while (waitpid(-pid_, nullptr, 0) > 0 || errno == EINTR) {
+    while (waitpid(-m_pid, nullptr, 0) > 0 || errno == EINTR) {
     }
 }
 
@@ -124,9 +124,9 @@ bool Dibujante::encargar(const Papel &papel, const std::string &html, const std:
     pedido += '\n' + html + '\n' + pdf + '\n';
     // Nothing else was ever written to this pipe, and the longest order is a small part of what a
     // pipe holds: this neither blocks nor stops half way.
-    if (write(entrada_, pedido.data(), pedido.size()) != static_cast<ssize_t>(pedido.size()))
+    if (write(m_entrada, pedido.data(), pedido.size()) != static_cast<ssize_t>(pedido.size()))
         return false;
-    tope_ = tope;
+    m_tope = tope;
     return true;
 }
 
@@ -134,7 +134,7 @@ std::optional<Dibujante::Fin> Dibujante::fin() const
 {
     siginfo_t fin{};
     // WNOWAIT: while the process stays unreaped, no other can take its group's number.
-    if (waitid(P_PID, static_cast<id_t>(pid_), &fin, WEXITED | WNOHANG | WNOWAIT) != 0
+    if (waitid(P_PID, static_cast<id_t>(m_pid), &fin, WEXITED | WNOHANG | WNOWAIT) != 0
         || fin.si_pid == 0)
         return {};
     if (fin.si_code == CLD_EXITED)
@@ -144,5 +144,5 @@ std::optional<Dibujante::Fin> Dibujante::fin() const
 
 bool Dibujante::desbordado() const
 {
-    return ocupado() && memoria::excede(pid_, memoriaMaxima);
+    return ocupado() && memoria::excede(m_pid, memoriaMaxima);
 }

@@ -30,8 +30,8 @@ public:
     bool encargar(const Papel &papel, const std::string &html, const std::string &pdf,
                   Reloj::time_point tope);
 
-    bool ocupado() const { return tope_.has_value(); }
-    Reloj::time_point tope() const { return tope_.value_or(Reloj::time_point::max()); }
+    bool ocupado() const { return m_tope.has_value(); }
+    Reloj::time_point tope() const { return m_tope.value_or(Reloj::time_point::max()); }
 
     struct Fin {
         std::string motivo; // empty when it did what it was asked, else a reason for the log
@@ -44,9 +44,9 @@ public:
     bool desbordado() const;
 
 private:
-    Dibujante(pid_t pid, int entrada) : pid_(pid), entrada_(entrada) {}
+    Dibujante(pid_t pid, int entrada) : m_pid(pid), m_entrada(entrada) {}
 
-    pid_t pid_;   // of the process and of its group
-    int entrada_; // the renderer's standard input
-    std::optional<Reloj::time_point> tope_;
+    pid_t m_pid;   // of the process and of its group
+    int m_entrada; // the renderer's standard input
+    std::optional<Reloj::time_point> m_tope;
 };

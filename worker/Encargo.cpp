@@ -44,15 +44,15 @@ std::unique_ptr<Encargo> Encargo::empezar(const Trabajo &trabajo, Reloj::time_po
 }
 
 Encargo::Encargo(pid_t pid, int lectura, Reloj::time_point tope)
-    : pid_(pid), lectura_(lectura), tope_(tope)
+    : m_pid(pid), m_lectura(lectura), m_tope(tope)
 {
 }
 
 Encargo::~Encargo()
 {
-    close(lectura_);
-    kill(pid_, SIGKILL);
-    while (waitpid(pid_, nullptr, 0) < 0 && errno == EINTR) {
+    close(m_lectura);
+    kill(m_pid, SIGKILL);
+    while (waitpid(m_pid, nullptr, 0) < 0 && errno == EINTR) {
     }
 }
 
@@ -60,9 +60,9 @@ bool Encargo::leer()
 {
     std::array<char, 512> trozo{};
     for (;;) {
-        const ssize_t leidos = read(lectura_, trozo.data(), trozo.size());
+        const ssize_t leidos = read(m_lectura, trozo.data(), trozo.size());
         if (leidos > 0) {
-            respuesta_.append(trozo.data(), static_cast<std::size_t>(leidos));
+            m_respuesta.append(trozo.data(), static_cast<std::size_t>(leidos));
             continue;
         }
         if (leidos < 0 && errno == EINTR)

@@ -30,20 +30,20 @@ public:
     Encargo(const Encargo &) = delete;
     Encargo &operator=(const Encargo &) = delete;
 
-    int descriptor() const { return lectura_; } // readable when leer() has something to do
-    Reloj::time_point tope() const { return tope_; }
+    int descriptor() const { return m_lectura; } // readable when leer() has something to do
+    Reloj::time_point tope() const { return m_tope; }
 
     // Takes what has come without blocking; true once the answer is whole.
     bool leer();
     // All that was said and then the answer, as far as it has come. Empty when the child ended
     // without a word.
-    const std::string &respuesta() const { return respuesta_; }
+    const std::string &respuesta() const { return m_respuesta; }
 
 private:
     Encargo(pid_t pid, int lectura, Reloj::time_point tope);
 
-    pid_t pid_;
-    int lectura_;
-    Reloj::time_point tope_;
-    std::string respuesta_;
+    pid_t m_pid;
+    int m_lectura;
+    Reloj::time_point m_tope;
+    std::string m_respuesta;
 };

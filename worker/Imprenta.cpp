@@ -62,9 +62,9 @@ void borrar(const fs::path &pdf)
 
 Imprenta::Imprenta(int entrada, fs::path dibujador, fs::path carpeta, Registro registro,
                    const Opciones &opciones)
-    : entrada_(entrada), dibujador_(std::move(dibujador)), carpeta_(std::move(carpeta)),
-      registro_(std::move(registro)), opciones_(opciones), lineas_(PATH_MAX), cola_(adelanto),
-      ausencia_(opciones.plazoAusencia), ultimaActividad_(Reloj::now())
+    : m_entrada(entrada), m_dibujador(std::move(dibujador)), m_carpeta(std::move(carpeta)),
+      m_registro(std::move(registro)), m_opciones(opciones), m_lineas(PATH_MAX), m_cola(adelanto),
+      m_ausencia(opciones.plazoAusencia), m_ultimaActividad(Reloj::now())
 {
 }
 
@@ -75,46 +75,46 @@ void Imprenta::trabajar(const sigset_t &senales, const volatile std::sig_atomic_
         const auto mirado = Reloj::now();
         while (avanzar()) {
         }
-        if (!abierta_ && cola_.vacia())
+        if (!m_abierta && m_cola.vacia())
             break;
         esperar(senales, mirado);
         leerEntrada();
         revisarMesas();
         revisarEncargo();
     }
-    mesas_.clear();
-    encargo_.reset();
-    while (!cola_.vacia())
-        registro_.anotar(cola_.retirar(), "se interrumpió la impresión");
+    m_mesas.clear();
+    m_encargo.reset();
+    while (!m_cola.vacia())
+        m_registro.anotar(m_cola.retirar(), "se interrumpió la impresión");
 }
 
 bool Imprenta::avanzar()
 {
     bool algo = prepararSiguiente();
     algo = despacharPrimero() || algo;
-    if (cola_.vacia()) {
-        impresora_.reset(); // the next batch asks again: the user may choose another printer
-        encargo_.reset();   // only the search for one can be out, for documents that are gone
-        ausencia_.terminar();
+    if (m_cola.vacia()) {
+        m_impresora.reset(); // the next batch asks again: the user may choose another printer
+        m_encargo.reset();   // only the search for one can be out, for documents that are gone
+        m_ausencia.terminar();
         cerrarMesasOciosas();
         return algo;
     }
-    ultimaActividad_ = Reloj::now();
+    m_ultimaActividad = Reloj::now();
     return abrirMesas() || algo;
 }
 
 // Brings the next waiting document as far as it goes without waiting: refused, or at a renderer.
 bool Imprenta::prepararSiguiente()
 {
-    const Cola::Documento *documento = cola_.porDibujar();
+    const Cola::Documento *documento = m_cola.porDibujar();
     if (!documento)
         return false;
     if (std::string motivo = impedimento(documento->ruta); !motivo.empty()) {
-        cola_.fallido(documento->turno, std::move(motivo));
+        m_cola.fallido(documento->turno, std::move(motivo));
         return true;
     }
     // The paper has to be known before anything is drawn.
-    return impresora_ ? darADibujar(*documento) : buscarImpresora();
+    return m_impresora ? darADibujar(*documento) : buscarImpresora();
 }
 
 bool Imprenta::buscarImpresora()
@@ -130,10 +130,10 @@ bool Imprenta::buscarImpresora()
 bool Imprenta::encargar(const Encargo::Trabajo &trabajo)
 {
     const auto ahora = Reloj::now();
-    if (encargo_ || ahora < ausencia_.proximoIntento())
+    if (m_encargo || ahora < m_ausencia.proximoIntento())
         return false;
-    encargo_ = Encargo::empezar(trabajo, ahora + opciones_.plazoServidor);
-    if (!encargo_)
+    m_encargo = Encargo::empezar(trabajo, ahora + m_opciones.plazoServidor);
+    if (!m_encargo)
         faltaServidor("no se pudo llamar al servidor de impresión");
     return true;
 }
@@ -141,24 +141,24 @@ bool Imprenta::encargar(const Encargo::Trabajo &trabajo)
 bool Imprenta::darADibujar(const Cola::Documento &documento)
 {
     const Cola::Turno turno = documento.turno;
-    auto libre = std::find_if(mesas_.begin(), mesas_.end(),
+    auto libre = std::find_if(m_mesas.begin(), m_mesas.end(),
                               [](const Mesa &m) { return !m.dibujante->ocupado(); });
-    if (libre == mesas_.end()) {
-        if (mesas_.size() >= mesasMaximas || Reloj::now() < proximoArranque_)
+    if (libre == m_mesas.end()) {
+        if (m_mesas.size() >= mesasMaximas || Reloj::now() < m_proximoArranque)
             return false;
-        auto dibujante = Dibujante::nacer(dibujador_);
+        auto dibujante = Dibujante::nacer(m_dibujador);
         if (!dibujante)
             return sinDibujante(turno);
-        mesas_.push_back({std::move(dibujante), {}});
-        libre = mesas_.end() - 1;
+        m_mesas.push_back({std::move(dibujante), {}});
+        libre = m_mesas.end() - 1;
     }
-    if (!libre->dibujante->encargar(impresora_->papel, documento.ruta, pdfDe(turno).string(),
-                                    Reloj::now() + opciones_.plazoDibujo)) {
-        mesas_.erase(libre); // it died while it waited; another one takes the page
+    if (!libre->dibujante->encargar(m_impresora->papel, documento.ruta, pdfDe(turno).string(),
+                                    Reloj::now() + m_opciones.plazoDibujo)) {
+        m_mesas.erase(libre); // it died while it waited; another one takes the page
         return true;
     }
     libre->turno = turno;
-    cola_.empezado(turno);
+    m_cola.empezado(turno);
     return true;
 }
 
@@ -166,22 +166,22 @@ bool Imprenta::darADibujar(const Cola::Documento &documento)
 // failed so often that a pause would mend nothing.
 bool Imprenta::sinDibujante(Cola::Turno turno)
 {
-    if (++arranquesFallidos_ < arranquesMaximos)
-        proximoArranque_ = Reloj::now() + entreArranques;
-    if (!cola_.redibujar(turno))
-        cola_.fallido(turno, "no se pudo arrancar el dibujante");
+    if (++m_arranquesFallidos < arranquesMaximos)
+        m_proximoArranque = Reloj::now() + entreArranques;
+    if (!m_cola.redibujar(turno))
+        m_cola.fallido(turno, "no se pudo arrancar el dibujante");
     return true;
 }
 
 // The head, once it is settled: into the log, or to the printer.
 bool Imprenta::despacharPrimero()
 {
-    const Cola::Documento *primero = cola_.primero();
+    const Cola::Documento *primero = m_cola.primero();
     if (!primero)
         return false;
     if (primero->estado == Cola::Estado::Fallido) {
-        registro_.anotar(primero->ruta, primero->motivo);
-        cola_.retirar();
+        m_registro.anotar(primero->ruta, primero->motivo);
+        m_cola.retirar();
         return true;
     }
     return entregar(*primero);
@@ -189,7 +189,7 @@ bool Imprenta::despacharPrimero()
 
 bool Imprenta::entregar(const Cola::Documento &primero)
 {
-    const Impresora destino = *impresora_;
+    const Impresora destino = *m_impresora;
     const impresora::Entrega entrega{primero.pdf, fs::path(primero.ruta).filename().string(),
                                      primero.trabajo};
     return encargar([=](const Encargo::Decir &decir) {
@@ -206,30 +206,30 @@ bool Imprenta::entregar(const Cola::Documento &primero)
 bool Imprenta::abrirMesas()
 {
     const auto libres = static_cast<std::size_t>(std::count_if(
-        mesas_.begin(), mesas_.end(), [](const Mesa &m) { return !m.dibujante->ocupado(); }));
-    const std::size_t deseados = cola_.enEspera() + (abierta_ ? 1 : 0);
-    if (mesas_.size() >= mesasMaximas || libres >= deseados
-        || arranquesFallidos_ >= arranquesMaximos || Reloj::now() < proximoArranque_)
+        m_mesas.begin(), m_mesas.end(), [](const Mesa &m) { return !m.dibujante->ocupado(); }));
+    const std::size_t deseados = m_cola.enEspera() + (m_abierta ? 1 : 0);
+    if (m_mesas.size() >= mesasMaximas || libres >= deseados
+        || m_arranquesFallidos >= arranquesMaximos || Reloj::now() < m_proximoArranque)
         return false;
-    auto dibujante = Dibujante::nacer(dibujador_);
+    auto dibujante = Dibujante::nacer(m_dibujador);
     if (!dibujante)
         return false; // the document that needs it says so in the log
-    mesas_.push_back({std::move(dibujante), {}});
+    m_mesas.push_back({std::move(dibujante), {}});
     return true;
 }
 
 // Between batches nothing is kept in memory for long: the window may stay open for days.
 void Imprenta::cerrarMesasOciosas()
 {
-    if (!abierta_ || Reloj::now() >= ultimaActividad_ + descanso)
-        mesas_.clear();
+    if (!m_abierta || Reloj::now() >= m_ultimaActividad + descanso)
+        m_mesas.clear();
 }
 
 void Imprenta::esperar(const sigset_t &senales, Reloj::time_point mirado)
 {
     // poll passes over negative descriptors.
-    std::array<pollfd, 2> fuentes{pollfd{abierta_ ? entrada_ : -1, POLLIN, 0},
-                                  pollfd{encargo_ ? encargo_->descriptor() : -1, POLLIN, 0}};
+    std::array<pollfd, 2> fuentes{pollfd{m_abierta ? m_entrada : -1, POLLIN, 0},
+                                  pollfd{m_encargo ? m_encargo->descriptor() : -1, POLLIN, 0}};
     const auto tope = proximoTope(mirado);
     timespec plazo{};
     if (tope != Reloj::time_point::max()) {
@@ -248,8 +248,8 @@ void Imprenta::esperar(const sigset_t &senales, Reloj::time_point mirado)
 void Imprenta::leerEntrada()
 {
     std::array<char, 4096> trozo{};
-    while (abierta_) {
-        const ssize_t leidos = read(entrada_, trozo.data(), trozo.size());
+    while (m_abierta) {
+        const ssize_t leidos = read(m_entrada, trozo.data(), trozo.size());
         if (leidos < 0) {
             if (errno == EINTR)
                 continue;
@@ -257,30 +257,30 @@ void Imprenta::leerEntrada()
                 return;
         }
         if (leidos > 0) {
-            for (auto &ruta : lineas_.agregar({trozo.data(), static_cast<std::size_t>(leidos)}))
-                cola_.agregar(std::move(ruta), Reloj::now());
+            for (auto &ruta : m_lineas.agregar({trozo.data(), static_cast<std::size_t>(leidos)}))
+                m_cola.agregar(std::move(ruta), Reloj::now());
             continue;
         }
-        abierta_ = false;
+        m_abierta = false;
         // A line that has lost no more than its end is a document; one cut short is none, and the
         // log says so.
-        if (std::string ruta = lineas_.resto(); !ruta.empty())
-            cola_.agregar(std::move(ruta), Reloj::now());
+        if (std::string ruta = m_lineas.resto(); !ruta.empty())
+            m_cola.agregar(std::move(ruta), Reloj::now());
     }
 }
 
 void Imprenta::revisarMesas()
 {
     const auto ahora = Reloj::now();
-    std::erase_if(mesas_, [&](const Mesa &mesa) {
+    std::erase_if(m_mesas, [&](const Mesa &mesa) {
         const auto fin = finDe(mesa, ahora);
         if (!fin)
             return false;
         if (mesa.turno) {
-            arranquesFallidos_ = 0;
+            m_arranquesFallidos = 0;
             concluirDibujo(*mesa.turno, *fin);
         } else {
-            ++arranquesFallidos_;
+            ++m_arranquesFallidos;
         }
         return true;
     });
@@ -295,7 +295,7 @@ std::optional<Dibujante::Fin> Imprenta::finDe(const Mesa &mesa, Reloj::time_poin
         return Dibujante::Fin{"la página pidió demasiada memoria"};
     if (ahora >= mesa.dibujante->tope())
         return Dibujante::Fin{"la página no terminó de dibujarse en "
-                              + std::to_string(opciones_.plazoDibujo.count()) + " s"};
+                              + std::to_string(m_opciones.plazoDibujo.count()) + " s"};
     return {};
 }
 
@@ -306,27 +306,28 @@ void Imprenta::concluirDibujo(Cola::Turno turno, Dibujante::Fin fin)
     if (fin.motivo.empty() && (fs::file_size(pdf, sinArchivo) == 0 || sinArchivo))
         fin.motivo = "el PDF salió vacío";
     if (fin.motivo.empty()) {
-        cola_.dibujado(turno, pdf.string());
+        m_cola.dibujado(turno, pdf.string());
         return;
     }
     borrar(pdf);
-    if (!fin.murio || !cola_.redibujar(turno))
-        cola_.fallido(turno, std::move(fin.motivo));
+    if (!fin.murio || !m_cola.redibujar(turno))
+        m_cola.fallido(turno, std::move(fin.motivo));
 }
 
 void Imprenta::revisarEncargo()
 {
-    if (!encargo_)
+    if (!m_encargo)
         return;
-    const bool contestado = encargo_->leer();
-    if (!contestado && Reloj::now() < encargo_->tope())
+    const bool contestado = m_encargo->leer();
+    if (!contestado && Reloj::now() < m_encargo->tope())
         return;
-    auto dicho = impresora::leer(encargo_->respuesta());
-    encargo_.reset();
+    auto dicho = impresora::leer(m_encargo->respuesta());
+    m_encargo.reset();
     if (dicho.contenido.empty())
-        dicho.contenido = contestado ? "el servidor de impresión no contestó"
-                                     : "el servidor de impresión no contestó en "
-                                           + std::to_string(opciones_.plazoServidor.count()) + " s";
+        dicho.contenido = contestado
+                              ? "el servidor de impresión no contestó"
+                              : "el servidor de impresión no contestó en "
+                                    + std::to_string(m_opciones.plazoServidor.count()) + " s";
     concluirEncargo(dicho);
 }
 
@@ -334,28 +335,29 @@ void Imprenta::revisarEncargo()
 void Imprenta::concluirEncargo(const impresora::Contestacion &dicho)
 {
     using Clase = impresora::Contestacion::Clase;
-    if (impresora_ && dicho.empezado > 0)
-        cola_.enDuda(cola_.primero()->turno, dicho.empezado);
+    if (m_impresora && dicho.empezado > 0)
+        m_cola.enDuda(m_cola.primero()->turno, dicho.empezado);
     if (dicho.clase == Clase::Ausente) {
         faltaServidor(dicho.contenido);
         return;
     }
-    ausencia_.terminar();
-    if (!impresora_) {
+    m_ausencia.terminar();
+    if (!m_impresora) {
         if (dicho.clase == Clase::Hecho)
-            impresora_ = impresora::deTexto(dicho.contenido);
-        const Cola::Documento *documento = cola_.porDibujar();
+            m_impresora = impresora::deTexto(dicho.contenido);
+        const Cola::Documento *documento = m_cola.porDibujar();
         // Only the document that asked: the printer may be there for the next one.
-        if (!impresora_ && documento)
-            cola_.fallido(documento->turno, dicho.contenido);
+        if (!m_impresora && documento)
+            m_cola.fallido(documento->turno, dicho.contenido);
         return;
     }
-    const Cola::Documento *primero = cola_.primero();
-    registro_.anotar(primero->ruta, dicho.clase == Clase::Hecho
-                                        ? "trabajo " + dicho.contenido + " en " + impresora_->nombre
-                                        : dicho.contenido);
+    const Cola::Documento *primero = m_cola.primero();
+    m_registro.anotar(primero->ruta,
+                      dicho.clase == Clase::Hecho
+                          ? "trabajo " + dicho.contenido + " en " + m_impresora->nombre
+                          : dicho.contenido);
     borrar(primero->pdf);
-    cola_.retirar();
+    m_cola.retirar();
 }
 
 // Says so once in the log, in the name of the first document that waits; those that have waited
@@ -363,32 +365,33 @@ void Imprenta::concluirEncargo(const impresora::Contestacion &dicho)
 void Imprenta::faltaServidor(const std::string &motivo)
 {
     const auto ahora = Reloj::now();
-    if (ausencia_.notar(ahora))
-        registro_.anotar(cola_.rutaPrimera(), motivo + "; se espera hasta "
-                                                  + std::to_string(opciones_.plazoAusencia.count())
-                                                  + " s a que vuelva");
-    for (const std::string &pdf : cola_.abandonar(ausencia_.vencidos(ahora), motivo))
+    if (m_ausencia.notar(ahora))
+        m_registro.anotar(m_cola.rutaPrimera(),
+                          motivo + "; se espera hasta "
+                              + std::to_string(m_opciones.plazoAusencia.count())
+                              + " s a que vuelva");
+    for (const std::string &pdf : m_cola.abandonar(m_ausencia.vencidos(ahora), motivo))
         borrar(pdf);
 }
 
 fs::path Imprenta::pdfDe(Cola::Turno turno) const
 {
-    return carpeta_ / (std::to_string(turno) + ".pdf");
+    return m_carpeta / (std::to_string(turno) + ".pdf");
 }
 
 Imprenta::Reloj::time_point Imprenta::proximoTope(Reloj::time_point mirado) const
 {
-    auto tope = encargo_ ? encargo_->tope() : Reloj::time_point::max();
-    for (const Mesa &mesa : mesas_) {
+    auto tope = m_encargo ? m_encargo->tope() : Reloj::time_point::max();
+    for (const Mesa &mesa : m_mesas) {
         if (mesa.dibujante->ocupado())
             tope = std::min({tope, mesa.dibujante->tope(), Reloj::now() + entreMediciones});
     }
-    if (cola_.vacia() && !mesas_.empty())
-        tope = std::min(tope, ultimaActividad_ + descanso);
+    if (m_cola.vacia() && !m_mesas.empty())
+        tope = std::min(tope, m_ultimaActividad + descanso);
     // What is waited for again, as long as it lay ahead when it was last looked at: a time that has
     // come between that and now would else be waited for by nobody.
-    for (const auto espera : {ausencia_.proximoIntento(), proximoArranque_}) {
-        if (!cola_.vacia() && espera > mirado)
+    for (const auto espera : {m_ausencia.proximoIntento(), m_proximoArranque}) {
+        if (!m_cola.vacia() && espera > mirado)
             tope = std::min(tope, espera);
     }
     return tope;

@@ -66,20 +66,20 @@ private:
     std::filesystem::path pdfDe(Cola::Turno turno) const;
     Reloj::time_point proximoTope(Reloj::time_point mirado) const;
 
-    int entrada_;
-    bool abierta_ = true;
-    std::filesystem::path dibujador_;
-    std::filesystem::path carpeta_;
-    Registro registro_;
-    Opciones opciones_;
+    int m_entrada;
+    bool m_abierta = true;
+    std::filesystem::path m_dibujador;
+    std::filesystem::path m_carpeta;
+    Registro m_registro;
+    Opciones m_opciones;
 
-    Lineas lineas_;
-    Cola cola_;
-    std::vector<Mesa> mesas_;
-    int arranquesFallidos_ = 0;          // renderers in a row that ended before they had a page
-    std::unique_ptr<Encargo> encargo_;   // looking for the printer, or printing the head
-    std::optional<Impresora> impresora_; // known while a batch lasts
-    Ausencia ausencia_;                  // of the print server
-    Reloj::time_point proximoArranque_;  // of a renderer, after one that could not be started
-    Reloj::time_point ultimaActividad_;
+    Lineas m_lineas;
+    Cola m_cola;
+    std::vector<Mesa> m_mesas;
+    int m_arranquesFallidos = 0;          // renderers in a row that ended before they had a page
+    std::unique_ptr<Encargo> m_encargo;   // looking for the printer, or printing the head
+    std::optional<Impresora> m_impresora; // known while a batch lasts
+    Ausencia m_ausencia;                  // of the print server
+    Reloj::time_point m_proximoArranque;  // of a renderer, after one that could not be started
+    Reloj::time_point m_ultimaActividad;
 };

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <utility>
 
-Lineas::Lineas(std::size_t largoMaximo) : largoMaximo_(largoMaximo) {}
+Lineas::Lineas(std::size_t largoMaximo) : m_largoMaximo(largoMaximo) {}
 
 std::vector<std::string> Lineas::agregar(std::string_view bytes)
 {
@@ -12,11 +12,11 @@ std::vector<std::string> Lineas::agregar(std::string_view bytes)
     while (!bytes.empty()) {
         const auto fin = bytes.find('\n');
         const auto trozo = bytes.substr(0, fin);
-        pendiente_.append(
-            trozo.substr(0, std::min(trozo.size(), largoMaximo_ - pendiente_.size())));
+        m_pendiente.append(
+            trozo.substr(0, std::min(trozo.size(), m_largoMaximo - m_pendiente.size())));
         if (fin == std::string_view::npos)
             break;
-        if (!pendiente_.empty())
+        if (!m_pendiente.empty())
             completas.push_back(resto());
         bytes.remove_prefix(fin + 1);
     }
@@ -25,5 +25,5 @@ std::vector<std::string> Lineas::agregar(std::string_view bytes)
 
 std::string Lineas::resto()
 {
-    return std::exchange(pendiente_, {});
+    return std::exchange(m_pendiente, {});
 }

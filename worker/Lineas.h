@@ -20,6 +20,6 @@ public:
     std::string resto();
 
 private:
-    std::string pendiente_;
-    std::size_t largoMaximo_;
+    std::string m_pendiente;
+    std::size_t m_largoMaximo;
 };

@@ -100,27 +100,27 @@ fs::path registro::archivoDelUsuario()
 }
 
 Registro::Registro(fs::path archivo, std::uintmax_t bytesMaximos)
-    : archivo_(std::move(archivo)), bytesMaximos_(bytesMaximos)
+    : m_archivo(std::move(archivo)), m_bytesMaximos(bytesMaximos)
 {
 }
 
 void Registro::anotar(std::string_view ruta, std::string_view resultado)
 {
-    if (archivo_.empty())
+    if (m_archivo.empty())
         return;
     const std::string linea =
         registro::linea(std::chrono::system_clock::now(), ruta, resultado) + '\n';
 
     std::error_code sinImportancia; // see the header: a log that fails is done without
-    fs::create_directories(archivo_.parent_path(), sinImportancia);
-    const auto tamano = fs::file_size(archivo_, sinImportancia);
-    if (!sinImportancia && tamano + linea.size() > bytesMaximos_)
-        fs::rename(archivo_, archivo_.string() + ".1", sinImportancia);
+    fs::create_directories(m_archivo.parent_path(), sinImportancia);
+    const auto tamano = fs::file_size(m_archivo, sinImportancia);
+    if (!sinImportancia && tamano + linea.size() > m_bytesMaximos)
+        fs::rename(m_archivo, m_archivo.string() + ".1", sinImportancia);
 
     // One write with O_APPEND: two workers at once do not mix their lines.
     // A pipe of that name would be waited for.
     const int descriptor =
-        open(archivo_.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_NONBLOCK | O_NOCTTY | O_CLOEXEC,
+        open(m_archivo.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_NONBLOCK | O_NOCTTY | O_CLOEXEC,
              S_IRUSR | S_IWUSR);
     if (descriptor < 0)
         return;

@@ -40,6 +40,6 @@ public:
     void anotar(std::string_view ruta, std::string_view resultado);
 
 private:
-    std::filesystem::path archivo_;
-    std::uintmax_t bytesMaximos_;
+    std::filesystem::path m_archivo;
+    std::uintmax_t m_bytesMaximos;
 };

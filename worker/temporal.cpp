@@ -89,16 +89,16 @@ CarpetaTemporal::CarpetaTemporal()
 bool CarpetaTemporal::crear(const fs::path &lugar)
 {
     constexpr int intentos = 10;
-    for (int i = 0; i < intentos && cerrojo_ < 0; ++i) {
+    for (int i = 0; i < intentos && m_cerrojo < 0; ++i) {
         std::error_code sinImportancia; // it is gone already
-        fs::remove(ruta_, sinImportancia);
+        fs::remove(m_ruta, sinImportancia);
         std::string plantilla = lugar / std::string(prefijo).append(azar);
         if (!mkdtemp(plantilla.data())) {
-            ruta_.clear();
+            m_ruta.clear();
             return false;
         }
-        ruta_ = plantilla;
-        cerrojo_ = cerrar(ruta_);
+        m_ruta = plantilla;
+        m_cerrojo = cerrar(m_ruta);
     }
     return true;
 }
@@ -106,8 +106,8 @@ bool CarpetaTemporal::crear(const fs::path &lugar)
 CarpetaTemporal::~CarpetaTemporal()
 {
     std::error_code sinImportancia; // nobody is left to be told
-    if (!ruta_.empty())
-        fs::remove_all(ruta_, sinImportancia);
-    if (cerrojo_ >= 0)
-        close(cerrojo_);
+    if (!m_ruta.empty())
+        fs::remove_all(m_ruta, sinImportancia);
+    if (m_cerrojo >= 0)
+        close(m_cerrojo);
 }

@@ -15,11 +15,11 @@ public:
     CarpetaTemporal &operator=(const CarpetaTemporal &) = delete;
 
     // Empty when no folder could be made.
-    const std::filesystem::path &ruta() const { return ruta_; }
+    const std::filesystem::path &ruta() const { return m_ruta; }
 
 private:
     bool crear(const std::filesystem::path &lugar);
 
-    std::filesystem::path ruta_;
-    int cerrojo_ = -1; // the folder, open and locked
+    std::filesystem::path m_ruta;
+    int m_cerrojo = -1; // the folder, open and locked
 };

@@ -11,13 +11,13 @@ static const QByteArray destino = "/querys/tessarin/salones.php?idcolegio=123&ti
 class tst_fallas : public QObject {
     Q_OBJECT
 
-    ServicioDemo servicio;
+    ServicioDemo m_servicio;
 
 private Q_SLOTS:
     void init()
     {
-        servicio.quitarFallas();
-        servicio.olvidarPeticiones();
+        m_servicio.quitarFallas();
+        m_servicio.olvidarPeticiones();
     }
     void demora_contestaDespues();
     void muda_noContesta();
@@ -38,38 +38,38 @@ private Q_SLOTS:
 
 void tst_fallas::demora_contestaDespues()
 {
-    servicio.fallar("salones.php", {Falla::Demora, {}, 0, std::chrono::milliseconds(200)});
+    m_servicio.fallar("salones.php", {Falla::Demora, {}, 0, std::chrono::milliseconds(200)});
     QElapsedTimer reloj;
     reloj.start();
-    QCOMPARE(estadoDe(pedir(servicio.base(), destino)), QByteArray("200"));
+    QCOMPARE(estadoDe(pedir(m_servicio.base(), destino)), QByteArray("200"));
     QVERIFY(reloj.elapsed() >= 200);
 }
 
 void tst_fallas::muda_noContesta()
 {
-    servicio.fallar("salones.php", {Falla::Muda});
-    ClienteCrudo cliente(servicio.base());
+    m_servicio.fallar("salones.php", {Falla::Muda});
+    ClienteCrudo cliente(m_servicio.base());
     cliente.enviar("GET " + destino + " HTTP/1.1\r\n\r\n");
     QCOMPARE(cliente.recibir(300), QByteArray());
     QVERIFY(!cliente.fin);
-    QCOMPARE(servicio.peticiones().size(), 1);
+    QCOMPARE(m_servicio.peticiones().size(), 1);
 }
 
 void tst_fallas::retenida_contestaAlQuitarLasFallas()
 {
-    servicio.fallar("salones.php", {Falla::Retenida}, 1);
-    ClienteCrudo cliente(servicio.base());
+    m_servicio.fallar("salones.php", {Falla::Retenida}, 1);
+    ClienteCrudo cliente(m_servicio.base());
     cliente.enviar("GET " + destino + " HTTP/1.1\r\n\r\n");
     QCOMPARE(cliente.recibir(300), QByteArray());
     QVERIFY(!cliente.fin);
-    servicio.quitarFallas();
+    m_servicio.quitarFallas();
     QCOMPARE(estadoDe(cliente.recibir()), QByteArray("200"));
 }
 
 void tst_fallas::vacia_cuerpoVacio()
 {
-    servicio.fallar("salones.php", {Falla::Vacia});
-    const QByteArray respuesta = pedir(servicio.base(), destino);
+    m_servicio.fallar("salones.php", {Falla::Vacia});
+    const QByteArray respuesta = pedir(m_servicio.base(), destino);
     QCOMPARE(estadoDe(respuesta), QByteArray("200"));
     QCOMPARE(largoDe(respuesta), 0);
     QVERIFY(respuesta.endsWith("\r\n\r\n"));
@@ -80,8 +80,8 @@ void tst_fallas::cuerpo_llegaEnLugarDelOrdinario()
     QByteArray todos;
     for (int i = 0; i < 256; ++i)
         todos.append(static_cast<char>(i));
-    servicio.fallar("salones.php", {Falla::Cuerpo, todos});
-    const QByteArray respuesta = pedir(servicio.base(), destino);
+    m_servicio.fallar("salones.php", {Falla::Cuerpo, todos});
+    const QByteArray respuesta = pedir(m_servicio.base(), destino);
     QCOMPARE(estadoDe(respuesta), QByteArray("200"));
     QCOMPARE(largoDe(respuesta), 256);
     QCOMPARE(cuerpoDe(respuesta), todos);
@@ -89,16 +89,16 @@ void tst_fallas::cuerpo_llegaEnLugarDelOrdinario()
 
 void tst_fallas::estado_conSuCuerpo()
 {
-    servicio.fallar("salones.php", {Falla::Estado, "se cay\xF3 el servicio", 500});
-    const QByteArray respuesta = pedir(servicio.base(), destino);
+    m_servicio.fallar("salones.php", {Falla::Estado, "se cay\xF3 el servicio", 500});
+    const QByteArray respuesta = pedir(m_servicio.base(), destino);
     QVERIFY(respuesta.startsWith("HTTP/1.1 500 Internal Server Error\r\n"));
     QCOMPARE(cuerpoDe(respuesta), QByteArray("se cay\xF3 el servicio"));
 }
 
 void tst_fallas::cierraAntes_niUnByte()
 {
-    servicio.fallar("salones.php", {Falla::CierraAntes});
-    ClienteCrudo cliente(servicio.base());
+    m_servicio.fallar("salones.php", {Falla::CierraAntes});
+    ClienteCrudo cliente(m_servicio.base());
     cliente.enviar("GET " + destino + " HTTP/1.1\r\n\r\n");
     QCOMPARE(cliente.recibir(), QByteArray());
     QVERIFY(cliente.fin);
@@ -106,26 +106,26 @@ void tst_fallas::cierraAntes_niUnByte()
 
 void tst_fallas::cierraEnMedio_anunciaTodoYDaLaMitad()
 {
-    const QByteArray entera = cuerpoDe(pedir(servicio.base(), destino));
-    servicio.fallar("salones.php", {Falla::CierraEnMedio});
-    const QByteArray respuesta = pedir(servicio.base(), destino);
+    const QByteArray entera = cuerpoDe(pedir(m_servicio.base(), destino));
+    m_servicio.fallar("salones.php", {Falla::CierraEnMedio});
+    const QByteArray respuesta = pedir(m_servicio.base(), destino);
     QCOMPARE(largoDe(respuesta), entera.size());
     QCOMPARE(cuerpoDe(respuesta), entera.left(entera.size() / 2));
 }
 
 void tst_fallas::largoErrado_anunciaLaMitadYDaTodo()
 {
-    const QByteArray entera = cuerpoDe(pedir(servicio.base(), destino));
-    servicio.fallar("salones.php", {Falla::LargoErrado});
-    const QByteArray respuesta = pedir(servicio.base(), destino);
+    const QByteArray entera = cuerpoDe(pedir(m_servicio.base(), destino));
+    m_servicio.fallar("salones.php", {Falla::LargoErrado});
+    const QByteArray respuesta = pedir(m_servicio.base(), destino);
     QCOMPARE(largoDe(respuesta), entera.size() / 2);
     QCOMPARE(cuerpoDe(respuesta), entera);
 }
 
 void tst_fallas::basura_noEsHttp()
 {
-    servicio.fallar("salones.php", {Falla::Basura});
-    const QByteArray respuesta = pedir(servicio.base(), destino);
+    m_servicio.fallar("salones.php", {Falla::Basura});
+    const QByteArray respuesta = pedir(m_servicio.base(), destino);
     QCOMPARE(
         respuesta,
         QByteArray("\x07\x00\xFF\xFE esto no es HTTP \x16\x03\x01\x80\r\n\r\n\xC1\xD1 ruido\r\n",
@@ -144,34 +144,34 @@ void tst_fallas::redireccion_llevaDestino()
 {
     QFETCH(int, pedido);
     QFETCH(QByteArray, linea);
-    servicio.fallar("salones.php", {Falla::Redireccion, "/otro//sitio?a=1", pedido});
-    const QByteArray respuesta = pedir(servicio.base(), destino);
+    m_servicio.fallar("salones.php", {Falla::Redireccion, "/otro//sitio?a=1", pedido});
+    const QByteArray respuesta = pedir(m_servicio.base(), destino);
     QVERIFY(respuesta.startsWith(linea));
     QVERIFY(respuesta.contains("\r\nLocation: /otro//sitio?a=1\r\n"));
 }
 
 void tst_fallas::veces_seAgotan()
 {
-    servicio.fallar("salones.php", {Falla::Cuerpo, "mal"}, 2);
-    QCOMPARE(cuerpoDe(pedir(servicio.base(), destino)), QByteArray("mal"));
-    QCOMPARE(cuerpoDe(pedir(servicio.base(), destino)), QByteArray("mal"));
-    QVERIFY(cuerpoDe(pedir(servicio.base(), destino)).contains("</html>"));
+    m_servicio.fallar("salones.php", {Falla::Cuerpo, "mal"}, 2);
+    QCOMPARE(cuerpoDe(pedir(m_servicio.base(), destino)), QByteArray("mal"));
+    QCOMPARE(cuerpoDe(pedir(m_servicio.base(), destino)), QByteArray("mal"));
+    QVERIFY(cuerpoDe(pedir(m_servicio.base(), destino)).contains("</html>"));
 }
 
 void tst_fallas::reglaNueva_vaAntes()
 {
-    servicio.fallar("salones.php", {Falla::Cuerpo, "vieja"});
-    servicio.fallar("tipo=html", {Falla::Cuerpo, "nueva"}, 1);
-    QCOMPARE(cuerpoDe(pedir(servicio.base(), destino)), QByteArray("nueva"));
-    QCOMPARE(cuerpoDe(pedir(servicio.base(), destino)), QByteArray("vieja"));
-    servicio.quitarFallas();
-    QVERIFY(cuerpoDe(pedir(servicio.base(), destino)).contains("</html>"));
+    m_servicio.fallar("salones.php", {Falla::Cuerpo, "vieja"});
+    m_servicio.fallar("tipo=html", {Falla::Cuerpo, "nueva"}, 1);
+    QCOMPARE(cuerpoDe(pedir(m_servicio.base(), destino)), QByteArray("nueva"));
+    QCOMPARE(cuerpoDe(pedir(m_servicio.base(), destino)), QByteArray("vieja"));
+    m_servicio.quitarFallas();
+    QVERIFY(cuerpoDe(pedir(m_servicio.base(), destino)).contains("</html>"));
 }
 
 void tst_fallas::otroDestino_sinFalla()
 {
-    servicio.fallar("alumnos.php", {Falla::Basura});
-    QCOMPARE(estadoDe(pedir(servicio.base(), destino)), QByteArray("200"));
+    m_servicio.fallar("alumnos.php", {Falla::Basura});
+    QCOMPARE(estadoDe(pedir(m_servicio.base(), destino)), QByteArray("200"));
 }
 
 QTEST_MAIN(tst_fallas)

@@ -12,9 +12,9 @@ using namespace demo;
 class tst_paginas : public QObject {
     Q_OBJECT
 
-    const Escuela escuela = generarEscuela({2010, 3, 8, 15});
-    const QString base = u"http://127.0.0.1:4000"_s;
-    const Contexto contexto{escuela, base};
+    const Escuela m_escuela = generarEscuela({2010, 3, 8, 15});
+    const QString m_base = u"http://127.0.0.1:4000"_s;
+    const Contexto m_contexto{m_escuela, m_base};
 
     QStringList rotulos(const QString &pagina) const
     {
@@ -47,14 +47,14 @@ private Q_SLOTS:
 void tst_paginas::consolidados_soloTraenRotulosQueSeGuardan()
 {
     QSet<QString> guardados = {u"Total Fallas"_s, u"Nro Perdidas"_s, u"Promedio"_s, u"Puesto"_s};
-    for (const MateriaDemo &m : escuela.materias)
+    for (const MateriaDemo &m : m_escuela.materias)
         for (QString nombre : {m.nombre, m.area})
             guardados.insert(nombre.replace(u'-', u' '));
-    for (const SalonDemo &salon : escuela.salones) {
-        QStringList notas = rotulos(consolidadoNotas(contexto, salon));
+    for (const SalonDemo &salon : m_escuela.salones) {
+        QStringList notas = rotulos(consolidadoNotas(m_contexto, salon));
         QVERIFY(notas.contains(u"NOTA:DEFINITIVA"_s));
         notas.replaceInStrings(u"NOTA:"_s, u"NOTA"_s);
-        for (const QString &rotulo : notas + rotulos(consolidadoFallas(contexto, salon)))
+        for (const QString &rotulo : notas + rotulos(consolidadoFallas(m_contexto, salon)))
             QVERIFY2(guardados.contains(rotulo), qPrintable(rotulo));
         for (const char *fijo : {"Total Fallas", "Nro Perdidas", "Promedio", "Puesto"})
             QVERIFY(notas.contains(QLatin1String(fijo)));
@@ -63,7 +63,7 @@ void tst_paginas::consolidados_soloTraenRotulosQueSeGuardan()
 
 void tst_paginas::consolidadoFallas_noTraeRotuloDeNota()
 {
-    const QStringList fallas = rotulos(consolidadoFallas(contexto, escuela.salones.first()));
+    const QStringList fallas = rotulos(consolidadoFallas(m_contexto, m_escuela.salones.first()));
     QVERIFY(fallas.contains(u"Total Fallas"_s));
     QVERIFY(fallas.contains(u"CIENCIAS NATURALES"_s));
     QVERIFY(fallas.filter(u"NOTA"_s).isEmpty());
@@ -71,19 +71,19 @@ void tst_paginas::consolidadoFallas_noTraeRotuloDeNota()
 
 void tst_paginas::indice_enlazaCadaSalon()
 {
-    const QString pagina = indiceSalones(contexto);
-    for (const SalonDemo &salon : escuela.salones) {
+    const QString pagina = indiceSalones(m_contexto);
+    for (const SalonDemo &salon : m_escuela.salones) {
         QCOMPARE(pagina.count(u"href=\"archivos/salones/"_s + salon.id + u".html\""_s), 1);
         QVERIFY(pagina.contains(u"<h2>"_s + salon.sede + u"</h2>"_s));
     }
-    QVERIFY(pagina.contains(base + u"/images/colegios/123/logo.png"_s));
+    QVERIFY(pagina.contains(m_base + u"/images/colegios/123/logo.png"_s));
 }
 
 void tst_paginas::salon_enlazaCadaDocumento()
 {
-    const SalonDemo &salon = escuela.salones.first();
-    const QString pagina = listaSalon(contexto, salon);
-    for (const AlumnoDemo &alumno : alumnosDe(escuela, salon.id))
+    const SalonDemo &salon = m_escuela.salones.first();
+    const QString pagina = listaSalon(m_contexto, salon);
+    for (const AlumnoDemo &alumno : alumnosDe(m_escuela, salon.id))
         for (const char *carpeta : {"infoFinal", "certificados", "matriculas", "infoAlumnos"})
             QVERIFY(pagina.contains(
                 u"href=\"../%1/%2.html\""_s.arg(QLatin1String(carpeta), alumno.id)));
@@ -97,11 +97,11 @@ void tst_paginas::salon_enlazaCadaDocumento()
 
 void tst_paginas::informeFinal_traeUnSoloSello()
 {
-    for (const AlumnoDemo &alumno : escuela.alumnos)
+    for (const AlumnoDemo &alumno : m_escuela.alumnos)
         for (const int clase : {1, 2}) {
-            const QString pagina = informeFinal(contexto, alumno, clase);
-            const qsizetype si = pagina.count(base + u"/images/promovido.png"_s);
-            const qsizetype no = pagina.count(base + u"/images/reprobado.png"_s);
+            const QString pagina = informeFinal(m_contexto, alumno, clase);
+            const qsizetype si = pagina.count(m_base + u"/images/promovido.png"_s);
+            const qsizetype no = pagina.count(m_base + u"/images/reprobado.png"_s);
             QCOMPARE(si + no, 1);
             QCOMPARE(si == 1, promovido(alumno));
         }
@@ -110,39 +110,40 @@ void tst_paginas::informeFinal_traeUnSoloSello()
 void tst_paginas::certificado_traeUnFolioYLaFirma()
 {
     for (const int clase : {1, 2, 3}) {
-        const QString pagina = certificado(contexto, escuela.alumnos.first(), clase);
+        const QString pagina = certificado(m_contexto, m_escuela.alumnos.first(), clase);
         QCOMPARE(pagina.count(u"Folio: ®folio®"_s), 1);
         QCOMPARE(pagina.count(u'®'), 2);
-        QVERIFY(pagina.contains(base + u"/images/colegios/123/rector.png"_s));
+        QVERIFY(pagina.contains(m_base + u"/images/colegios/123/rector.png"_s));
     }
 }
 
 void tst_paginas::hojaMatricula_traeFotoOSilueta()
 {
-    for (const AlumnoDemo &alumno : escuela.alumnos) {
-        const QString pagina = hojaMatricula(contexto, alumno);
-        QCOMPARE(pagina.contains(base + u"/jup/images/123/"_s + alumno.id + u"-alumno.jpg"_s),
+    for (const AlumnoDemo &alumno : m_escuela.alumnos) {
+        const QString pagina = hojaMatricula(m_contexto, alumno);
+        QCOMPARE(pagina.contains(m_base + u"/jup/images/123/"_s + alumno.id + u"-alumno.jpg"_s),
                  alumno.conFoto);
-        QCOMPARE(pagina.contains(base + u"/images/default-avatar.png"_s), !alumno.conFoto);
+        QCOMPARE(pagina.contains(m_base + u"/images/default-avatar.png"_s), !alumno.conFoto);
     }
 }
 
 void tst_paginas::infoAlumno_noNombraAlServicio()
 {
-    for (const AlumnoDemo &alumno : escuela.alumnos)
-        QVERIFY(!infoAlumno(contexto, alumno).contains(u"http"_s));
+    for (const AlumnoDemo &alumno : m_escuela.alumnos)
+        QVERIFY(!infoAlumno(m_contexto, alumno).contains(u"http"_s));
 }
 
 void tst_paginas::documentos_dejanDatosAlGuion()
 {
-    const AlumnoDemo &alumno = escuela.alumnos.first();
+    const AlumnoDemo &alumno = m_escuela.alumnos.first();
     for (const QString &pagina :
-         {informeFinal(contexto, alumno, 1), informeFinal(contexto, alumno, 2),
-          certificado(contexto, alumno, 1), certificado(contexto, alumno, 2),
-          certificado(contexto, alumno, 3), hojaMatricula(contexto, alumno)}) {
+         {informeFinal(m_contexto, alumno, 1), informeFinal(m_contexto, alumno, 2),
+          certificado(m_contexto, alumno, 1), certificado(m_contexto, alumno, 2),
+          certificado(m_contexto, alumno, 3), hojaMatricula(m_contexto, alumno)}) {
         for (const char *campo : {"CDANE", "DIRECCION", "TELEFONO", "SECRETARIA", "RECTOR"}) {
             QCOMPARE(pagina.count(u"id=\"cfg%1\"></"_s.arg(QLatin1String(campo))), 1);
-            QVERIFY(!pagina.contains(escuela.ajustes.value(QLatin1String(campo)).toHtmlEscaped()));
+            QVERIFY(
+                !pagina.contains(m_escuela.ajustes.value(QLatin1String(campo)).toHtmlEscaped()));
         }
         QVERIFY(pagina.contains(u"<div class=\"colegio\" id=\"cfgMICOLEGIO\">Institución"_s));
         QVERIFY(pagina.contains(u"<div class=\"lema\" id=\"cfgSLOGAN\">Educación"_s));
@@ -152,11 +153,11 @@ void tst_paginas::documentos_dejanDatosAlGuion()
 void tst_paginas::boletin_dejaTodoAlGuionYLoTraeDelServicio()
 {
     for (const int clase : {1, 2}) {
-        const QString pagina = boletin(contexto, escuela.alumnos.first(), 2, clase);
+        const QString pagina = boletin(m_contexto, m_escuela.alumnos.first(), 2, clase);
         for (const char *campo : {"MICOLEGIO", "SLOGAN", "CDANE", "DIRECCION", "TELEFONO"})
             QCOMPARE(pagina.count(u"id=\"cfg%1\"></"_s.arg(QLatin1String(campo))), 1);
         const qsizetype biblioteca =
-            pagina.indexOf(u"<script src=\""_s + base + u"/jscript/jquery.tools.min.js\">"_s);
+            pagina.indexOf(u"<script src=\""_s + m_base + u"/jscript/jquery.tools.min.js\">"_s);
         QVERIFY(biblioteca > 0 && biblioteca < pagina.indexOf(u"</head>"_s));
         QVERIFY(!pagina.contains(u"configuracion.txt"_s));
         for (const auto &[variable, campo] : {std::pair{u"micolegio"_s, u"MICOLEGIO"_s},
@@ -164,7 +165,7 @@ void tst_paginas::boletin_dejaTodoAlGuionYLoTraeDelServicio()
                                               {u"cdane"_s, u"CDANE"_s},
                                               {u"direccion"_s, u"DIRECCION"_s},
                                               {u"telefono"_s, u"TELEFONO"_s}}) {
-            const QString valor = escuela.ajustes.value(campo);
+            const QString valor = m_escuela.ajustes.value(campo);
             QVERIFY(!valor.isEmpty());
             QVERIFY2(pagina.contains(u"var %1 = \"%2\";"_s.arg(variable, valor.toHtmlEscaped())),
                      qPrintable(variable));
@@ -175,29 +176,29 @@ void tst_paginas::boletin_dejaTodoAlGuionYLoTraeDelServicio()
 // Any other address of the service would still lead there from a stored page.
 void tst_paginas::direccionesAbsolutas_sonSoloLasQueSeReemplazan()
 {
-    const AlumnoDemo &alumno = escuela.alumnos.first();
-    const SalonDemo &salon = escuela.salones.first();
+    const AlumnoDemo &alumno = m_escuela.alumnos.first();
+    const SalonDemo &salon = m_escuela.salones.first();
     const QString colegio = u"/images/colegios/123/"_s;
     const QList<QPair<QString, QStringList>> casos = {
-        {indiceSalones(contexto), {colegio}},
-        {listaSalon(contexto, salon), {colegio}},
-        {consolidadoNotas(contexto, salon), {colegio, u"/imgTXT.php?txt="_s}},
-        {consolidadoFallas(contexto, salon), {colegio, u"/imgTXT.php?txt="_s}},
-        {informeFinal(contexto, alumno, 2),
+        {indiceSalones(m_contexto), {colegio}},
+        {listaSalon(m_contexto, salon), {colegio}},
+        {consolidadoNotas(m_contexto, salon), {colegio, u"/imgTXT.php?txt="_s}},
+        {consolidadoFallas(m_contexto, salon), {colegio, u"/imgTXT.php?txt="_s}},
+        {informeFinal(m_contexto, alumno, 2),
          {colegio, u"/images/promovido.png"_s, u"/images/reprobado.png"_s}},
-        {certificado(contexto, alumno, 2), {colegio}},
-        {hojaMatricula(contexto, alumno),
+        {certificado(m_contexto, alumno, 2), {colegio}},
+        {hojaMatricula(m_contexto, alumno),
          {colegio, u"/jup/images/123/"_s, u"/images/default-avatar.png"_s}},
-        {boletin(contexto, alumno, 1, 2), {colegio, u"/jscript/jquery.tools.min.js"_s}},
-        {pazYsalvo(contexto, alumno), {colegio}},
-        {planillaAsignatura(contexto, salon, 0), {colegio}},
-        {observador(contexto, alumno),
+        {boletin(m_contexto, alumno, 1, 2), {colegio, u"/jscript/jquery.tools.min.js"_s}},
+        {pazYsalvo(m_contexto, alumno), {colegio}},
+        {planillaAsignatura(m_contexto, salon, 0), {colegio}},
+        {observador(m_contexto, alumno),
          {colegio, u"/images/apersonal.png"_s, u"/images/aconvivencia.png"_s,
           u"/images/aacademico.png"_s}}};
     for (auto [pagina, prefijos] : casos) {
-        QVERIFY(pagina.contains(base));
+        QVERIFY(pagina.contains(m_base));
         for (const QString &prefijo : prefijos)
-            pagina.remove(base + prefijo);
+            pagina.remove(m_base + prefijo);
         QVERIFY2(!pagina.contains(u"http"_s),
                  qPrintable(pagina.mid(pagina.indexOf(u"http"_s), 80)));
     }
@@ -205,28 +206,28 @@ void tst_paginas::direccionesAbsolutas_sonSoloLasQueSeReemplazan()
 
 void tst_paginas::textos_quedanTextos()
 {
-    AlumnoDemo alumno = escuela.alumnos.first();
+    AlumnoDemo alumno = m_escuela.alumnos.first();
     alumno.nombre = u"<i>Ñ \"A\" & {{anio}} {{#salon}} {{{base}}} %1"_s;
     const QString escrito =
         u"<b>&lt;i&gt;Ñ &quot;A&quot; &amp; {{anio}} {{#salon}} {{{base}}} %1</b>"_s;
-    QCOMPARE(pazYsalvo(contexto, alumno).count(escrito), 1);
+    QCOMPARE(pazYsalvo(m_contexto, alumno).count(escrito), 1);
 }
 
 // The files are written for an editor and a browser: UTF-8, bare line feeds, an imported style.
 void tst_paginas::paginas_salenListasParaEnviar()
 {
-    for (const QString &pagina :
-         {paginaAusente(), indiceSalones(contexto), listaSalon(contexto, escuela.salones.first()),
-          consolidadoNotas(contexto, escuela.salones.first()),
-          consolidadoFallas(contexto, escuela.salones.first()),
-          infoAlumno(contexto, escuela.alumnos.first()),
-          hojaMatricula(contexto, escuela.alumnos.first()),
-          informeFinal(contexto, escuela.alumnos.first(), 1),
-          informeFinal(contexto, escuela.alumnos.first(), 2),
-          certificado(contexto, escuela.alumnos.first(), 1),
-          boletin(contexto, escuela.alumnos.first(), 2, 1),
-          planillaAsignatura(contexto, escuela.salones.first(), 0),
-          observador(contexto, escuela.alumnos.first())}) {
+    for (const QString &pagina : {paginaAusente(), indiceSalones(m_contexto),
+                                  listaSalon(m_contexto, m_escuela.salones.first()),
+                                  consolidadoNotas(m_contexto, m_escuela.salones.first()),
+                                  consolidadoFallas(m_contexto, m_escuela.salones.first()),
+                                  infoAlumno(m_contexto, m_escuela.alumnos.first()),
+                                  hojaMatricula(m_contexto, m_escuela.alumnos.first()),
+                                  informeFinal(m_contexto, m_escuela.alumnos.first(), 1),
+                                  informeFinal(m_contexto, m_escuela.alumnos.first(), 2),
+                                  certificado(m_contexto, m_escuela.alumnos.first(), 1),
+                                  boletin(m_contexto, m_escuela.alumnos.first(), 2, 1),
+                                  planillaAsignatura(m_contexto, m_escuela.salones.first(), 0),
+                                  observador(m_contexto, m_escuela.alumnos.first())}) {
         QVERIFY(pagina.startsWith(u"<!DOCTYPE html>\r\n"_s));
         QVERIFY(pagina.endsWith(u"</html>\r\n"_s));
         QCOMPARE(pagina.count(u'\n'), pagina.count(u"\r\n"_s));

@@ -13,8 +13,8 @@ using demo::Rutas;
 class tst_rutas : public QObject {
     Q_OBJECT
 
-    const Escuela escuela = generarEscuela({});
-    Rutas rutas{escuela, u"http://127.0.0.1:4000"_s};
+    const Escuela m_escuela = generarEscuela({});
+    Rutas m_rutas{m_escuela, u"http://127.0.0.1:4000"_s};
 
 private Q_SLOTS:
     void consulta_respondeExactamente_data();
@@ -81,7 +81,7 @@ void tst_rutas::consulta_respondeExactamente()
 {
     QFETCH(QByteArray, destino);
     QFETCH(QByteArray, cuerpo);
-    const Respuesta respuesta = rutas.responder(destino);
+    const Respuesta respuesta = m_rutas.responder(destino);
     QCOMPARE(respuesta.estado, 200);
     QCOMPARE(respuesta.tipo, QByteArray("text/html; charset=windows-1252"));
     QCOMPARE(respuesta.cuerpo, cuerpo);
@@ -123,7 +123,7 @@ void tst_rutas::pagina_responde()
 {
     QFETCH(QByteArray, destino);
     QFETCH(QByteArray, titulo);
-    const Respuesta respuesta = rutas.responder(destino);
+    const Respuesta respuesta = m_rutas.responder(destino);
     QCOMPARE(respuesta.estado, 200);
     QCOMPARE(respuesta.tipo, QByteArray("text/html; charset=windows-1252"));
     QVERIFY(respuesta.cuerpo.contains("<h1>" + titulo + "</h1>"));
@@ -159,7 +159,7 @@ void tst_rutas::direccionDesconocida_noEncontrada_data()
 void tst_rutas::direccionDesconocida_noEncontrada()
 {
     QFETCH(QByteArray, destino);
-    const Respuesta respuesta = rutas.responder(destino);
+    const Respuesta respuesta = m_rutas.responder(destino);
     QCOMPARE(respuesta.estado, 404);
     QVERIFY(respuesta.cuerpo.contains("P\xE1gina no encontrada"));
 }
@@ -189,17 +189,17 @@ void tst_rutas::imagen_tieneSuFormato()
     QFETCH(QByteArray, destino);
     QFETCH(QByteArray, tipo);
     QFETCH(QByteArray, inicio);
-    const Respuesta respuesta = rutas.responder(destino);
+    const Respuesta respuesta = m_rutas.responder(destino);
     QCOMPARE(respuesta.estado, 200);
     QCOMPARE(respuesta.tipo, tipo);
     QCOMPARE(respuesta.cuerpo.left(inicio.size()), inicio);
     QVERIFY(!QImage::fromData(respuesta.cuerpo).isNull());
-    QCOMPARE(rutas.responder(destino).cuerpo, respuesta.cuerpo);
+    QCOMPARE(m_rutas.responder(destino).cuerpo, respuesta.cuerpo);
 }
 
 void tst_rutas::rotulo_tieneTinta()
 {
-    const QImage imagen = QImage::fromData(rutas.responder("/imgTXT.php?txt=ESPA%D1OL").cuerpo);
+    const QImage imagen = QImage::fromData(m_rutas.responder("/imgTXT.php?txt=ESPA%D1OL").cuerpo);
     int oscuros = 0;
     for (int y = 0; y < imagen.height(); ++y)
         for (int x = 0; x < imagen.width(); ++x)
@@ -208,24 +208,24 @@ void tst_rutas::rotulo_tieneTinta()
                     ? 1
                     : 0;
     QVERIFY(oscuros > 200);
-    QVERIFY(rutas.responder("/imgTXT.php?txt=ESPA%D1OL").cuerpo
-            != rutas.responder("/imgTXT.php?txt=ESPANOL").cuerpo);
+    QVERIFY(m_rutas.responder("/imgTXT.php?txt=ESPA%D1OL").cuerpo
+            != m_rutas.responder("/imgTXT.php?txt=ESPANOL").cuerpo);
 }
 
 void tst_rutas::rotuloDeNota_seDibujaSinElPrefijo()
 {
-    const QByteArray solo = rutas.responder("/imgTXT.php?txt=DEFINITIVA").cuerpo;
-    QCOMPARE(rutas.responder("/imgTXT.php?txt=NOTA:DEFINITIVA").cuerpo, solo);
-    QCOMPARE(rutas.responder("/imgTXT.php?txt=NOTADEFINITIVA").cuerpo, solo);
+    const QByteArray solo = m_rutas.responder("/imgTXT.php?txt=DEFINITIVA").cuerpo;
+    QCOMPARE(m_rutas.responder("/imgTXT.php?txt=NOTA:DEFINITIVA").cuerpo, solo);
+    QCOMPARE(m_rutas.responder("/imgTXT.php?txt=NOTADEFINITIVA").cuerpo, solo);
 }
 
 void tst_rutas::fotoQueFalta_noEncontrada()
 {
-    for (const AlumnoDemo &alumno : escuela.alumnos) {
+    for (const AlumnoDemo &alumno : m_escuela.alumnos) {
         const QByteArray foto = "/jup/images/123/" + alumno.id.toLatin1() + "-alumno.jpg";
-        QCOMPARE(rutas.responder(foto).estado, alumno.conFoto ? 200 : 404);
+        QCOMPARE(m_rutas.responder(foto).estado, alumno.conFoto ? 200 : 404);
         QCOMPARE(
-            rutas.responder("/querys/tessarin/existe.php?azar=1&f=http://127.0.0.1:4000" + foto)
+            m_rutas.responder("/querys/tessarin/existe.php?azar=1&f=http://127.0.0.1:4000" + foto)
                 .cuerpo,
             QByteArray(alumno.conFoto ? "SI" : "NO"));
     }
@@ -263,7 +263,7 @@ void tst_rutas::guion_esElEmpaquetado()
 {
     QFETCH(QByteArray, nombre);
     QFETCH(QByteArray, contiene);
-    const Respuesta respuesta = rutas.responder("/jscript/" + nombre + "?azar=123456&");
+    const Respuesta respuesta = m_rutas.responder("/jscript/" + nombre + "?azar=123456&");
     QCOMPARE(respuesta.estado, 200);
     QVERIFY(respuesta.cuerpo.size() > 10000);
     QVERIFY(respuesta.cuerpo.contains(contiene));

@@ -84,13 +84,13 @@ Resultado conversar(SSL_CTX *contexto, const QString &base, const char *host,
 class tst_tls : public QObject {
     Q_OBJECT
 
-    ServicioDemo servicio{{}, ServicioDemo::Modo::Https};
+    ServicioDemo m_servicio{{}, ServicioDemo::Modo::Https};
 
 private Q_SLOTS:
     void init()
     {
-        servicio.quitarFallas();
-        servicio.olvidarPeticiones();
+        m_servicio.quitarFallas();
+        m_servicio.olvidarPeticiones();
     }
     void autoridad_verificaElServicio_data();
     void autoridad_verificaElServicio();
@@ -115,9 +115,9 @@ void tst_tls::autoridad_verificaElServicio_data()
 void tst_tls::autoridad_verificaElServicio()
 {
     QFETCH(QByteArray, host);
-    QVERIFY(servicio.base().startsWith("https://127.0.0.1:"_L1));
-    const Contexto contexto = clienteQueConfiaEn(servicio.autoridad());
-    const Resultado resultado = conversar(contexto.get(), servicio.base(), host.constData());
+    QVERIFY(m_servicio.base().startsWith("https://127.0.0.1:"_L1));
+    const Contexto contexto = clienteQueConfiaEn(m_servicio.autoridad());
+    const Resultado resultado = conversar(contexto.get(), m_servicio.base(), host.constData());
     QVERIFY(resultado.saludo);
     QVERIFY(resultado.finEnOrden);
     QCOMPARE(cuerpoDe(resultado.respuesta), QByteArray("305001012345"));
@@ -126,24 +126,24 @@ void tst_tls::autoridad_verificaElServicio()
 void tst_tls::otraAutoridad_noVerifica()
 {
     const ServicioDemo otro({}, ServicioDemo::Modo::Https);
-    QVERIFY(otro.autoridad() != servicio.autoridad());
+    QVERIFY(otro.autoridad() != m_servicio.autoridad());
     const Contexto contexto = clienteQueConfiaEn(otro.autoridad());
-    QVERIFY(!conversar(contexto.get(), servicio.base(), "127.0.0.1").saludo);
+    QVERIFY(!conversar(contexto.get(), m_servicio.base(), "127.0.0.1").saludo);
 }
 
 void tst_tls::otroNombre_noVerifica()
 {
-    const Contexto contexto = clienteQueConfiaEn(servicio.autoridad());
-    QVERIFY(!conversar(contexto.get(), servicio.base(), "servicio.example").saludo);
+    const Contexto contexto = clienteQueConfiaEn(m_servicio.autoridad());
+    QVERIFY(!conversar(contexto.get(), m_servicio.base(), "servicio.example").saludo);
 }
 
 void tst_tls::tls11_rechazado()
 {
-    const Contexto contexto = clienteQueConfiaEn(servicio.autoridad());
+    const Contexto contexto = clienteQueConfiaEn(m_servicio.autoridad());
     SSL_CTX_set_security_level(contexto.get(), 0);
     SSL_CTX_set_min_proto_version(contexto.get(), TLS1_VERSION);
     SSL_CTX_set_max_proto_version(contexto.get(), TLS1_1_VERSION);
-    QVERIFY(!conversar(contexto.get(), servicio.base(), "127.0.0.1").saludo);
+    QVERIFY(!conversar(contexto.get(), m_servicio.base(), "127.0.0.1").saludo);
 }
 
 void tst_tls::segundaConexion_reanudaLaSesion_data()
@@ -156,12 +156,12 @@ void tst_tls::segundaConexion_reanudaLaSesion_data()
 void tst_tls::segundaConexion_reanudaLaSesion()
 {
     QFETCH(int, version);
-    const Contexto contexto = clienteQueConfiaEn(servicio.autoridad());
+    const Contexto contexto = clienteQueConfiaEn(m_servicio.autoridad());
     SSL_CTX_set_min_proto_version(contexto.get(), version);
     SSL_CTX_set_max_proto_version(contexto.get(), version);
-    const Resultado primera = conversar(contexto.get(), servicio.base(), "127.0.0.1");
+    const Resultado primera = conversar(contexto.get(), m_servicio.base(), "127.0.0.1");
     const Resultado segunda =
-        conversar(contexto.get(), servicio.base(), "127.0.0.1", primera.sesion.get());
+        conversar(contexto.get(), m_servicio.base(), "127.0.0.1", primera.sesion.get());
     QVERIFY(!primera.reanudada);
     QVERIFY(segunda.reanudada);
     QCOMPARE(cuerpoDe(segunda.respuesta), QByteArray("305001012345"));
@@ -169,18 +169,18 @@ void tst_tls::segundaConexion_reanudaLaSesion()
 
 void tst_tls::peticion_quedaDescifrada()
 {
-    const Contexto contexto = clienteQueConfiaEn(servicio.autoridad());
-    conversar(contexto.get(), servicio.base(), "127.0.0.1");
-    QCOMPARE(servicio.peticiones().first().bytes,
+    const Contexto contexto = clienteQueConfiaEn(m_servicio.autoridad());
+    conversar(contexto.get(), m_servicio.base(), "127.0.0.1");
+    QCOMPARE(m_servicio.peticiones().first().bytes,
              QByteArray("GET /querys/tessarin/tomarValor.php?idcolegio=123&campo=CDANE "
                         "HTTP/1.1\r\nHost: x\r\n\r\n"));
 }
 
 void tst_tls::cierraEnMedio_terminaSinDespedida()
 {
-    servicio.fallar("CDANE", {Falla::CierraEnMedio});
-    const Contexto contexto = clienteQueConfiaEn(servicio.autoridad());
-    const Resultado resultado = conversar(contexto.get(), servicio.base(), "127.0.0.1");
+    m_servicio.fallar("CDANE", {Falla::CierraEnMedio});
+    const Contexto contexto = clienteQueConfiaEn(m_servicio.autoridad());
+    const Resultado resultado = conversar(contexto.get(), m_servicio.base(), "127.0.0.1");
     QVERIFY(!resultado.finEnOrden);
     QCOMPARE(largoDe(resultado.respuesta), 12);
     QCOMPARE(cuerpoDe(resultado.respuesta), QByteArray("305001"));
@@ -188,8 +188,8 @@ void tst_tls::cierraEnMedio_terminaSinDespedida()
 
 void tst_tls::textoClaro_noEsAtendido()
 {
-    pedir(servicio.base(), "/nada");
-    QCOMPARE(servicio.peticiones().size(), 0);
+    pedir(m_servicio.base(), "/nada");
+    QCOMPARE(m_servicio.peticiones().size(), 0);
 }
 
 void tst_tls::http_noTieneAutoridad()

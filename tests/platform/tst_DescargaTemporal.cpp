@@ -115,31 +115,31 @@ private:
     enum class Edad { Vieja, DeAhora };
     bool poner(const QString &nombre, Edad edad);
 
-    std::unique_ptr<CarpetaPersonal> casa;
-    std::unique_ptr<DriveC> disco;
+    std::unique_ptr<CarpetaPersonal> m_casa;
+    std::unique_ptr<DriveC> m_disco;
 };
 
 void tst_DescargaTemporal::init()
 {
-    casa = std::make_unique<CarpetaPersonal>();
-    QVERIFY(casa->hacerCarpeta(u"Quorvela"_s));
-    disco = std::make_unique<DriveC>(casa->ruta());
+    m_casa = std::make_unique<CarpetaPersonal>();
+    QVERIFY(m_casa->hacerCarpeta(u"Quorvela"_s));
+    m_disco = std::make_unique<DriveC>(m_casa->ruta());
 }
 
 void tst_DescargaTemporal::cleanup()
 {
-    disco.reset();
-    casa.reset();
+    m_disco.reset();
+    m_casa.reset();
 }
 
 QString tst_DescargaTemporal::temporal() const
 {
-    return casa->entradas(u"Quorvela"_s).filter(u".descarga-"_s).value(0);
+    return m_casa->entradas(u"Quorvela"_s).filter(u".descarga-"_s).value(0);
 }
 
 bool tst_DescargaTemporal::descargar(const QString &carpeta)
 {
-    const auto entrante = disco->recibir(u"C:\\Quorvela\\"_s + carpeta + u"a.jpg"_s);
+    const auto entrante = m_disco->recibir(u"C:\\Quorvela\\"_s + carpeta + u"a.jpg"_s);
     return entrante && entrante->dispositivo().write("foto") == 4 && entrante->publicar();
 }
 
@@ -148,9 +148,9 @@ bool tst_DescargaTemporal::poner(const QString &nombre, Edad edad)
     const QString dentro = u"Quorvela/"_s + nombre;
     const timespec vieja = {1'000'000'000, 0};
     const std::array<timespec, 2> momentos = {vieja, vieja};
-    return casa->escribir(dentro, "resto")
+    return m_casa->escribir(dentro, "resto")
            && (edad == Edad::DeAhora
-               || ::utimensat(AT_FDCWD, QFile::encodeName(casa->ruta(dentro)).constData(),
+               || ::utimensat(AT_FDCWD, QFile::encodeName(m_casa->ruta(dentro)).constData(),
                               momentos.data(), 0)
                       == 0);
 }
@@ -167,8 +167,8 @@ void tst_DescargaTemporal::nombreTomado_tomaElSiguiente_data()
 void tst_DescargaTemporal::nombreTomado_tomaElSiguiente()
 {
     QFETCH(QString, clase);
-    QVERIFY(casa->escribir(u"ajeno.txt"_s, "ajeno"));
-    auto anterior = disco->recibir(u"C:\\Quorvela\\a.jpg"_s);
+    QVERIFY(m_casa->escribir(u"ajeno.txt"_s, "ajeno"));
+    auto anterior = m_disco->recibir(u"C:\\Quorvela\\a.jpg"_s);
     QVERIFY(anterior);
     const QString usado = temporal();
     anterior.reset();
@@ -179,48 +179,48 @@ void tst_DescargaTemporal::nombreTomado_tomaElSiguiente()
     for (int siguiente = numero + 1; siguiente <= numero + 3; ++siguiente) {
         const QString nombre = prefijo + QString::number(siguiente);
         const QString dentro = u"Quorvela/"_s + nombre;
-        const QByteArray nativa = QFile::encodeName(casa->ruta(dentro));
+        const QByteArray nativa = QFile::encodeName(m_casa->ruta(dentro));
         puestos.append(nombre);
         if (clase == u"archivo") {
-            QVERIFY(casa->escribir(dentro, "puesto"));
+            QVERIFY(m_casa->escribir(dentro, "puesto"));
         } else if (clase == u"enlace a un archivo") {
-            QVERIFY(casa->enlazar(u"../ajeno.txt"_s, dentro));
+            QVERIFY(m_casa->enlazar(u"../ajeno.txt"_s, dentro));
         } else if (clase == u"enlace sin destino") {
-            QVERIFY(casa->enlazar(u"../nuevo.txt"_s, dentro));
+            QVERIFY(m_casa->enlazar(u"../nuevo.txt"_s, dentro));
         } else if (clase == u"carpeta") {
-            QVERIFY(casa->hacerCarpeta(dentro));
+            QVERIFY(m_casa->hacerCarpeta(dentro));
         } else {
             QCOMPARE(
                 ::mknod(nativa.constData(), (clase == u"tuberia" ? S_IFIFO : S_IFSOCK) | 0600, 0),
                 0);
         }
     }
-    const auto entrante = disco->recibir(u"C:\\Quorvela\\a.jpg"_s);
+    const auto entrante = m_disco->recibir(u"C:\\Quorvela\\a.jpg"_s);
     QVERIFY(entrante);
     QCOMPARE(entrante->dispositivo().write("foto"), 4);
     QVERIFY(entrante->publicar());
-    QCOMPARE(casa->leer(u"Quorvela/a.jpg"_s), QByteArray("foto"));
-    QCOMPARE(casa->entradas(u"Quorvela"_s), puestos + QStringList{u"a.jpg"_s});
-    QCOMPARE(casa->entradas(), (QStringList{u"Quorvela"_s, u"ajeno.txt"_s}));
-    QCOMPARE(casa->leer(u"ajeno.txt"_s), QByteArray("ajeno"));
+    QCOMPARE(m_casa->leer(u"Quorvela/a.jpg"_s), QByteArray("foto"));
+    QCOMPARE(m_casa->entradas(u"Quorvela"_s), puestos + QStringList{u"a.jpg"_s});
+    QCOMPARE(m_casa->entradas(), (QStringList{u"Quorvela"_s, u"ajeno.txt"_s}));
+    QCOMPARE(m_casa->leer(u"ajeno.txt"_s), QByteArray("ajeno"));
     if (clase == u"archivo")
-        QCOMPARE(casa->leer(u"Quorvela/"_s + puestos.first()), QByteArray("puesto"));
+        QCOMPARE(m_casa->leer(u"Quorvela/"_s + puestos.first()), QByteArray("puesto"));
 }
 
 // A download takes its time; the folder is somewhere else when it ends.
 void tst_DescargaTemporal::carpetaSacadaDelArchivo_noSePublica()
 {
-    QVERIFY(casa->hacerCarpeta(u"Quorvela/fotos"_s));
-    QVERIFY(casa->hacerCarpeta(u"escritorio"_s));
-    auto entrante = disco->recibir(u"C:\\Quorvela\\fotos\\a.jpg"_s);
+    QVERIFY(m_casa->hacerCarpeta(u"Quorvela/fotos"_s));
+    QVERIFY(m_casa->hacerCarpeta(u"escritorio"_s));
+    auto entrante = m_disco->recibir(u"C:\\Quorvela\\fotos\\a.jpg"_s);
     QVERIFY(entrante);
     entrante->dispositivo().write("foto");
-    QVERIFY(QFile::rename(casa->ruta(u"Quorvela/fotos"_s), casa->ruta(u"escritorio/fotos"_s)));
-    QVERIFY(casa->hacerCarpeta(u"Quorvela/fotos"_s));
+    QVERIFY(QFile::rename(m_casa->ruta(u"Quorvela/fotos"_s), m_casa->ruta(u"escritorio/fotos"_s)));
+    QVERIFY(m_casa->hacerCarpeta(u"Quorvela/fotos"_s));
     QVERIFY(!entrante->publicar());
     entrante.reset();
-    QVERIFY(casa->entradas(u"Quorvela/fotos"_s).isEmpty());
-    QVERIFY(casa->entradas(u"escritorio/fotos"_s).isEmpty());
+    QVERIFY(m_casa->entradas(u"Quorvela/fotos"_s).isEmpty());
+    QVERIFY(m_casa->entradas(u"escritorio/fotos"_s).isEmpty());
 }
 
 void tst_DescargaTemporal::deProcesoMatado_seQuitaAlEmpezarOtra_data()
@@ -233,58 +233,58 @@ void tst_DescargaTemporal::deProcesoMatado_seQuitaAlEmpezarOtra_data()
 void tst_DescargaTemporal::deProcesoMatado_seQuitaAlEmpezarOtra()
 {
     QFETCH(bool, recogido);
-    OtraDescarga otra(casa->ruta());
+    OtraDescarga otra(m_casa->ruta());
     QVERIFY(otra.empezada);
     const QString suyo = temporal();
     QVERIFY2(suyo.contains(otra.numero()), qPrintable(suyo));
     otra.matar();
     if (recogido)
         otra.recoger();
-    QCOMPARE(casa->entradas(u"Quorvela"_s), QStringList{suyo}); // nobody cleaned up behind it
-    const auto entrante = disco->recibir(u"C:\\Quorvela\\a.jpg"_s);
+    QCOMPARE(m_casa->entradas(u"Quorvela"_s), QStringList{suyo}); // nobody cleaned up behind it
+    const auto entrante = m_disco->recibir(u"C:\\Quorvela\\a.jpg"_s);
     QVERIFY(entrante);
-    QCOMPARE(casa->entradas(u"Quorvela"_s).size(), 1); // gone at the beginning, not at the end
-    QVERIFY(!casa->entradas(u"Quorvela"_s).contains(suyo));
+    QCOMPARE(m_casa->entradas(u"Quorvela"_s).size(), 1); // gone at the beginning, not at the end
+    QVERIFY(!m_casa->entradas(u"Quorvela"_s).contains(suyo));
 }
 
 void tst_DescargaTemporal::deProcesoMatado_enOtraCarpetaQueda()
 {
-    QVERIFY(casa->hacerCarpeta(u"Quorvela/fotos"_s));
+    QVERIFY(m_casa->hacerCarpeta(u"Quorvela/fotos"_s));
     const QString resto = u".descarga-"_s + sinProceso + u"-1"_s;
     QVERIFY(poner(resto, Edad::DeAhora));
     QVERIFY(poner(u"fotos/"_s + resto, Edad::DeAhora));
     QVERIFY(descargar(u"fotos\\"_s));
-    QCOMPARE(casa->entradas(u"Quorvela/fotos"_s), QStringList{u"a.jpg"_s});
-    QCOMPARE(casa->entradas(u"Quorvela"_s), (QStringList{resto, u"fotos"_s}));
+    QCOMPARE(m_casa->entradas(u"Quorvela/fotos"_s), QStringList{u"a.jpg"_s});
+    QCOMPARE(m_casa->entradas(u"Quorvela"_s), (QStringList{resto, u"fotos"_s}));
     QVERIFY(descargar());
-    QCOMPARE(casa->entradas(u"Quorvela"_s), (QStringList{u"a.jpg"_s, u"fotos"_s}));
+    QCOMPARE(m_casa->entradas(u"Quorvela"_s), (QStringList{u"a.jpg"_s, u"fotos"_s}));
 }
 
 void tst_DescargaTemporal::deOtroProcesoVivo_seQueda()
 {
-    OtraDescarga otra(casa->ruta());
+    OtraDescarga otra(m_casa->ruta());
     QVERIFY(otra.empezada);
     const QString suyo = temporal();
     QVERIFY(descargar());
     QVERIFY(descargar());
-    QCOMPARE(casa->entradas(u"Quorvela"_s), (QStringList{suyo, u"a.jpg"_s}));
+    QCOMPARE(m_casa->entradas(u"Quorvela"_s), (QStringList{suyo, u"a.jpg"_s}));
     // In the same run, as soon as it lives no longer.
     otra.matar();
     QVERIFY(descargar());
-    QCOMPARE(casa->entradas(u"Quorvela"_s), QStringList{u"a.jpg"_s});
+    QCOMPARE(m_casa->entradas(u"Quorvela"_s), QStringList{u"a.jpg"_s});
 }
 
 void tst_DescargaTemporal::deEsteProceso_seQueda()
 {
-    const auto uno = disco->recibir(u"C:\\Quorvela\\b.jpg"_s);
+    const auto uno = m_disco->recibir(u"C:\\Quorvela\\b.jpg"_s);
     QVERIFY(uno);
-    DriveC otro(casa->ruta()); // which knows nothing of the first
+    DriveC otro(m_casa->ruta()); // which knows nothing of the first
     const auto dos = otro.recibir(u"C:\\Quorvela\\c.jpg"_s);
     QVERIFY(dos);
     QVERIFY(descargar());
     QVERIFY(uno->publicar());
     QVERIFY(dos->publicar());
-    QCOMPARE(casa->entradas(u"Quorvela"_s), (QStringList{u"a.jpg"_s, u"b.jpg"_s, u"c.jpg"_s}));
+    QCOMPARE(m_casa->entradas(u"Quorvela"_s), (QStringList{u"a.jpg"_s, u"b.jpg"_s, u"c.jpg"_s}));
 }
 
 void tst_DescargaTemporal::numeroDadoAOtroProceso_seQuita_data()
@@ -304,7 +304,7 @@ void tst_DescargaTemporal::numeroDadoAOtroProceso_seQuita()
     QVERIFY(poner(viejo, Edad::Vieja));
     QVERIFY(poner(deAhora, Edad::DeAhora));
     QVERIFY(descargar());
-    QCOMPARE(casa->entradas(u"Quorvela"_s), (QStringList{deAhora, u"a.jpg"_s}));
+    QCOMPARE(m_casa->entradas(u"Quorvela"_s), (QStringList{deAhora, u"a.jpg"_s}));
 }
 
 // A process of another computer, on a shared disk, has no number here; it has its lock.
@@ -313,14 +313,14 @@ void tst_DescargaTemporal::conCandadoAjeno_seQueda()
     const QString nombre = u".descarga-"_s + sinProceso + u"-1"_s;
     QVERIFY(poner(nombre, Edad::Vieja));
     const int ajeno =
-        ::open(QFile::encodeName(casa->ruta(u"Quorvela/"_s + nombre)).constData(), O_RDONLY);
+        ::open(QFile::encodeName(m_casa->ruta(u"Quorvela/"_s + nombre)).constData(), O_RDONLY);
     QVERIFY(ajeno >= 0);
     QCOMPARE(::flock(ajeno, LOCK_EX), 0);
     QVERIFY(descargar());
-    QCOMPARE(casa->entradas(u"Quorvela"_s), (QStringList{nombre, u"a.jpg"_s}));
+    QCOMPARE(m_casa->entradas(u"Quorvela"_s), (QStringList{nombre, u"a.jpg"_s}));
     ::close(ajeno);
     QVERIFY(descargar());
-    QCOMPARE(casa->entradas(u"Quorvela"_s), QStringList{u"a.jpg"_s});
+    QCOMPARE(m_casa->entradas(u"Quorvela"_s), QStringList{u"a.jpg"_s});
 }
 
 void tst_DescargaTemporal::noEsTemporal_seQueda_data()
@@ -343,20 +343,20 @@ void tst_DescargaTemporal::noEsTemporal_seQueda()
     QFETCH(QString, nombre);
     QFETCH(QString, clase);
     const QString dentro = u"Quorvela/"_s + nombre;
-    QVERIFY(casa->escribir(u"ajeno.txt"_s, "ajeno"));
+    QVERIFY(m_casa->escribir(u"ajeno.txt"_s, "ajeno"));
     if (clase == u"archivo") {
         QVERIFY(poner(nombre, Edad::Vieja));
     } else if (clase == u"carpeta") {
-        QVERIFY(casa->hacerCarpeta(dentro));
+        QVERIFY(m_casa->hacerCarpeta(dentro));
     } else if (clase == u"enlace") {
-        QVERIFY(casa->enlazar(u"../ajeno.txt"_s, dentro));
+        QVERIFY(m_casa->enlazar(u"../ajeno.txt"_s, dentro));
     } else {
-        QCOMPARE(::mkfifo(QFile::encodeName(casa->ruta(dentro)).constData(), 0600), 0);
+        QCOMPARE(::mkfifo(QFile::encodeName(m_casa->ruta(dentro)).constData(), 0600), 0);
     }
     QVERIFY(descargar());
-    QVERIFY(casa->entradas(u"Quorvela"_s).contains(nombre));
-    QCOMPARE(casa->entradas(u"Quorvela"_s).size(), 2);
-    QCOMPARE(casa->leer(u"ajeno.txt"_s), QByteArray("ajeno"));
+    QVERIFY(m_casa->entradas(u"Quorvela"_s).contains(nombre));
+    QCOMPARE(m_casa->entradas(u"Quorvela"_s).size(), 2);
+    QCOMPARE(m_casa->leer(u"ajeno.txt"_s), QByteArray("ajeno"));
 }
 
 QTEST_GUILESS_MAIN(tst_DescargaTemporal)

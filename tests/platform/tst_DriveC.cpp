@@ -64,31 +64,31 @@ private:
     // A change of the archive by a program that is not this one.
     bool otroProceso(const QString &orden, const QStringList &argumentos) const;
 
-    std::unique_ptr<CarpetaPersonal> casa;
-    std::unique_ptr<DriveC> disco;
+    std::unique_ptr<CarpetaPersonal> m_casa;
+    std::unique_ptr<DriveC> m_disco;
 };
 
 void tst_DriveC::init()
 {
-    casa = std::make_unique<CarpetaPersonal>();
-    disco = std::make_unique<DriveC>(casa->ruta());
-    QVERIFY(disco->crearCarpeta(u"C:\\Quorvela"_s));
-    QCOMPARE(casa->entradas(), QStringList{u"Quorvela"_s});
+    m_casa = std::make_unique<CarpetaPersonal>();
+    m_disco = std::make_unique<DriveC>(m_casa->ruta());
+    QVERIFY(m_disco->crearCarpeta(u"C:\\Quorvela"_s));
+    QCOMPARE(m_casa->entradas(), QStringList{u"Quorvela"_s});
 }
 
 void tst_DriveC::cleanup()
 {
-    disco.reset();
-    casa.reset();
+    m_disco.reset();
+    m_casa.reset();
 }
 
 void tst_DriveC::esperarOtroMomento()
 {
     const auto momento = [this] {
-        casa->escribir(u".momento"_s, {});
+        m_casa->escribir(u".momento"_s, {});
         struct stat datos = {};
-        ::stat(QFile::encodeName(casa->ruta(u".momento"_s)).constData(), &datos);
-        QFile::remove(casa->ruta(u".momento"_s));
+        ::stat(QFile::encodeName(m_casa->ruta(u".momento"_s)).constData(), &datos);
+        QFile::remove(m_casa->ruta(u".momento"_s));
         return std::pair(datos.st_mtim.tv_sec, datos.st_mtim.tv_nsec);
     };
     const auto antes = momento();
@@ -102,100 +102,100 @@ bool tst_DriveC::otroProceso(const QString &orden, const QStringList &argumentos
 
 void tst_DriveC::carpetaNueva_tieneLaLetraPedida()
 {
-    QVERIFY(disco->crearCarpeta(u"c:\\quorvela\\123-2010\\"_s));
-    QVERIFY(disco->crearCarpeta(u"c:\\Quorvela\\123-2010\\Archivos"_s));
-    QCOMPARE(casa->entradas(), QStringList{u"Quorvela"_s});
-    QCOMPARE(casa->entradas(u"Quorvela/123-2010"_s), QStringList{u"Archivos"_s});
-    QVERIFY(QFileInfo(casa->ruta(u"Quorvela/123-2010/Archivos"_s)).isDir());
+    QVERIFY(m_disco->crearCarpeta(u"c:\\quorvela\\123-2010\\"_s));
+    QVERIFY(m_disco->crearCarpeta(u"c:\\Quorvela\\123-2010\\Archivos"_s));
+    QCOMPARE(m_casa->entradas(), QStringList{u"Quorvela"_s});
+    QCOMPARE(m_casa->entradas(u"Quorvela/123-2010"_s), QStringList{u"Archivos"_s});
+    QVERIFY(QFileInfo(m_casa->ruta(u"Quorvela/123-2010/Archivos"_s)).isDir());
 }
 
 void tst_DriveC::carpetaExistente_falla()
 {
-    QVERIFY(!disco->crearCarpeta(u"C:\\Quorvela"_s));
-    QVERIFY(disco->crearCarpeta(u"C:\\Quorvela\\notas"_s));
-    QVERIFY(!disco->crearCarpeta(u"C:\\Quorvela\\notas"_s));
-    QCOMPARE(casa->entradas(u"Quorvela"_s), QStringList{u"notas"_s});
+    QVERIFY(!m_disco->crearCarpeta(u"C:\\Quorvela"_s));
+    QVERIFY(m_disco->crearCarpeta(u"C:\\Quorvela\\notas"_s));
+    QVERIFY(!m_disco->crearCarpeta(u"C:\\Quorvela\\notas"_s));
+    QCOMPARE(m_casa->entradas(u"Quorvela"_s), QStringList{u"notas"_s});
 }
 
 void tst_DriveC::carpetaSinMadre_falla()
 {
-    QVERIFY(!disco->crearCarpeta(u"C:\\Quorvela\\123-2010\\archivos"_s));
-    QVERIFY(casa->entradas(u"Quorvela"_s).isEmpty());
+    QVERIFY(!m_disco->crearCarpeta(u"C:\\Quorvela\\123-2010\\archivos"_s));
+    QVERIFY(m_casa->entradas(u"Quorvela"_s).isEmpty());
 }
 
 void tst_DriveC::carpetaDondeHayArchivo_falla()
 {
-    QVERIFY(casa->escribir(u"Quorvela/notas"_s, "x"));
-    QVERIFY(!disco->crearCarpeta(u"C:\\Quorvela\\notas"_s));
-    QVERIFY(!disco->crearCarpeta(u"C:\\Quorvela\\NOTAS"_s));
-    QVERIFY(!disco->crearCarpeta(u"C:\\Quorvela\\notas\\dentro"_s));
-    QVERIFY(!disco->agregar(u"C:\\Quorvela\\notas\\dentro"_s, "y"));
-    QVERIFY(!disco->recibir(u"C:\\Quorvela\\notas\\dentro"_s));
-    QCOMPARE(casa->entradas(u"Quorvela"_s), QStringList{u"notas"_s});
-    QCOMPARE(casa->leer(u"Quorvela/notas"_s), QByteArray("x"));
+    QVERIFY(m_casa->escribir(u"Quorvela/notas"_s, "x"));
+    QVERIFY(!m_disco->crearCarpeta(u"C:\\Quorvela\\notas"_s));
+    QVERIFY(!m_disco->crearCarpeta(u"C:\\Quorvela\\NOTAS"_s));
+    QVERIFY(!m_disco->crearCarpeta(u"C:\\Quorvela\\notas\\dentro"_s));
+    QVERIFY(!m_disco->agregar(u"C:\\Quorvela\\notas\\dentro"_s, "y"));
+    QVERIFY(!m_disco->recibir(u"C:\\Quorvela\\notas\\dentro"_s));
+    QCOMPARE(m_casa->entradas(u"Quorvela"_s), QStringList{u"notas"_s});
+    QCOMPARE(m_casa->leer(u"Quorvela/notas"_s), QByteArray("x"));
 }
 
 void tst_DriveC::archivoDondeHayCarpeta_falla()
 {
-    QVERIFY(disco->crearCarpeta(u"C:\\Quorvela\\index.html"_s));
-    QVERIFY(!disco->agregar(u"C:\\Quorvela\\index.html"_s, "x"));
-    QVERIFY(!disco->agregar(u"C:\\Quorvela\\INDEX.html"_s, "x"));
-    QVERIFY(!disco->recibir(u"C:\\Quorvela\\index.html"_s));
-    QVERIFY(!disco->borrar(u"C:\\Quorvela\\index.html"_s));
-    QVERIFY(!disco->largo(u"C:\\Quorvela\\index.html"_s));
-    QCOMPARE(casa->entradas(u"Quorvela"_s), QStringList{u"index.html"_s});
-    QVERIFY(QFileInfo(casa->ruta(u"Quorvela/index.html"_s)).isDir());
+    QVERIFY(m_disco->crearCarpeta(u"C:\\Quorvela\\index.html"_s));
+    QVERIFY(!m_disco->agregar(u"C:\\Quorvela\\index.html"_s, "x"));
+    QVERIFY(!m_disco->agregar(u"C:\\Quorvela\\INDEX.html"_s, "x"));
+    QVERIFY(!m_disco->recibir(u"C:\\Quorvela\\index.html"_s));
+    QVERIFY(!m_disco->borrar(u"C:\\Quorvela\\index.html"_s));
+    QVERIFY(!m_disco->largo(u"C:\\Quorvela\\index.html"_s));
+    QCOMPARE(m_casa->entradas(u"Quorvela"_s), QStringList{u"index.html"_s});
+    QVERIFY(QFileInfo(m_casa->ruta(u"Quorvela/index.html"_s)).isDir());
 }
 
 void tst_DriveC::raizQueEsArchivo_todoFalla()
 {
-    QVERIFY(QDir().rmdir(casa->ruta(u"Quorvela"_s)));
-    QVERIFY(casa->escribir(u"Quorvela"_s, "no es carpeta"));
-    QVERIFY(!disco->crearCarpeta(u"C:\\Quorvela"_s));
-    QVERIFY(!disco->crearCarpeta(u"C:\\quorvela"_s));
-    QVERIFY(!disco->crearCarpeta(u"C:\\Quorvela\\123-2010"_s));
-    QVERIFY(!disco->agregar(u"C:\\Quorvela"_s, "x"));
-    QVERIFY(!disco->agregar(u"C:\\Quorvela\\x"_s, "x"));
-    QVERIFY(!disco->recibir(u"C:\\Quorvela"_s));
-    QVERIFY(!disco->recibir(u"C:\\Quorvela\\x"_s));
-    QVERIFY(!disco->borrar(u"C:\\Quorvela"_s));
-    QVERIFY(!disco->largo(u"C:\\Quorvela\\x"_s));
-    QVERIFY(!disco->carpetas(u"C:\\Quorvela"_s));
-    QCOMPARE(casa->entradas(), QStringList{u"Quorvela"_s});
-    QCOMPARE(casa->leer(u"Quorvela"_s), QByteArray("no es carpeta"));
+    QVERIFY(QDir().rmdir(m_casa->ruta(u"Quorvela"_s)));
+    QVERIFY(m_casa->escribir(u"Quorvela"_s, "no es carpeta"));
+    QVERIFY(!m_disco->crearCarpeta(u"C:\\Quorvela"_s));
+    QVERIFY(!m_disco->crearCarpeta(u"C:\\quorvela"_s));
+    QVERIFY(!m_disco->crearCarpeta(u"C:\\Quorvela\\123-2010"_s));
+    QVERIFY(!m_disco->agregar(u"C:\\Quorvela"_s, "x"));
+    QVERIFY(!m_disco->agregar(u"C:\\Quorvela\\x"_s, "x"));
+    QVERIFY(!m_disco->recibir(u"C:\\Quorvela"_s));
+    QVERIFY(!m_disco->recibir(u"C:\\Quorvela\\x"_s));
+    QVERIFY(!m_disco->borrar(u"C:\\Quorvela"_s));
+    QVERIFY(!m_disco->largo(u"C:\\Quorvela\\x"_s));
+    QVERIFY(!m_disco->carpetas(u"C:\\Quorvela"_s));
+    QCOMPARE(m_casa->entradas(), QStringList{u"Quorvela"_s});
+    QCOMPARE(m_casa->leer(u"Quorvela"_s), QByteArray("no es carpeta"));
 }
 
 void tst_DriveC::raizEnOtraEscritura_sirve()
 {
-    QVERIFY(QDir().rmdir(casa->ruta(u"Quorvela"_s)));
-    QVERIFY(casa->hacerCarpeta(u"QUORVELA"_s));
-    QVERIFY(!disco->crearCarpeta(u"C:\\Quorvela"_s));
-    QVERIFY(disco->agregar(u"c:\\Quorvela\\a.txt"_s, "a"));
-    QCOMPARE(casa->entradas(), QStringList{u"QUORVELA"_s});
-    QCOMPARE(casa->leer(u"QUORVELA/a.txt"_s), QByteArray("a"));
+    QVERIFY(QDir().rmdir(m_casa->ruta(u"Quorvela"_s)));
+    QVERIFY(m_casa->hacerCarpeta(u"QUORVELA"_s));
+    QVERIFY(!m_disco->crearCarpeta(u"C:\\Quorvela"_s));
+    QVERIFY(m_disco->agregar(u"c:\\Quorvela\\a.txt"_s, "a"));
+    QCOMPARE(m_casa->entradas(), QStringList{u"QUORVELA"_s});
+    QCOMPARE(m_casa->leer(u"QUORVELA/a.txt"_s), QByteArray("a"));
 }
 
 void tst_DriveC::raizAusente_nadaSeHace()
 {
-    QVERIFY(QDir().rmdir(casa->ruta(u"Quorvela"_s)));
-    QVERIFY(!disco->crearCarpeta(u"C:\\Quorvela\\123-2010"_s));
-    QVERIFY(!disco->agregar(u"C:\\Quorvela\\a.txt"_s, "a"));
-    QVERIFY(!disco->recibir(u"C:\\Quorvela\\a.txt"_s));
-    QVERIFY(!disco->borrar(u"C:\\Quorvela\\a.txt"_s));
-    QVERIFY(casa->entradas().isEmpty());
-    QVERIFY(disco->crearCarpeta(u"C:\\Quorvela"_s));
-    QVERIFY(disco->agregar(u"C:\\Quorvela\\a.txt"_s, "a"));
+    QVERIFY(QDir().rmdir(m_casa->ruta(u"Quorvela"_s)));
+    QVERIFY(!m_disco->crearCarpeta(u"C:\\Quorvela\\123-2010"_s));
+    QVERIFY(!m_disco->agregar(u"C:\\Quorvela\\a.txt"_s, "a"));
+    QVERIFY(!m_disco->recibir(u"C:\\Quorvela\\a.txt"_s));
+    QVERIFY(!m_disco->borrar(u"C:\\Quorvela\\a.txt"_s));
+    QVERIFY(m_casa->entradas().isEmpty());
+    QVERIFY(m_disco->crearCarpeta(u"C:\\Quorvela"_s));
+    QVERIFY(m_disco->agregar(u"C:\\Quorvela\\a.txt"_s, "a"));
 }
 
 // A user may keep the archive on another disk; the link's folder then is the archive root.
 void tst_DriveC::raizQueEsEnlace_sirve()
 {
     const CarpetaPersonal disquera;
-    QVERIFY(QDir().rmdir(casa->ruta(u"Quorvela"_s)));
-    QVERIFY(casa->enlazar(disquera.ruta(), u"Quorvela"_s));
-    QVERIFY(!disco->crearCarpeta(u"C:\\Quorvela"_s));
-    QVERIFY(disco->crearCarpeta(u"C:\\Quorvela\\123-2010"_s));
-    QVERIFY(disco->agregar(u"C:\\Quorvela\\123-2010\\a.txt"_s, "a"));
+    QVERIFY(QDir().rmdir(m_casa->ruta(u"Quorvela"_s)));
+    QVERIFY(m_casa->enlazar(disquera.ruta(), u"Quorvela"_s));
+    QVERIFY(!m_disco->crearCarpeta(u"C:\\Quorvela"_s));
+    QVERIFY(m_disco->crearCarpeta(u"C:\\Quorvela\\123-2010"_s));
+    QVERIFY(m_disco->agregar(u"C:\\Quorvela\\123-2010\\a.txt"_s, "a"));
     QCOMPARE(disquera.leer(u"123-2010/a.txt"_s), QByteArray("a"));
 }
 
@@ -219,32 +219,32 @@ void tst_DriveC::nombre_sinMirarLaLetra()
 {
     QFETCH(QString, enDisco);
     QFETCH(QString, pedido);
-    QVERIFY(casa->hacerCarpeta(enDisco.section(u'/', 0, 1)));
-    QVERIFY(casa->escribir(enDisco, "uno"));
+    QVERIFY(m_casa->hacerCarpeta(enDisco.section(u'/', 0, 1)));
+    QVERIFY(m_casa->escribir(enDisco, "uno"));
 
-    QCOMPARE(disco->largo(pedido), 3);
-    QCOMPARE(disco->rutaNativa(pedido), casa->ruta(enDisco));
-    QVERIFY(disco->agregar(pedido, "dos"));
-    QCOMPARE(casa->leer(enDisco), QByteArray("unodos"));
-    const auto entrante = disco->recibir(pedido);
+    QCOMPARE(m_disco->largo(pedido), 3);
+    QCOMPARE(m_disco->rutaNativa(pedido), m_casa->ruta(enDisco));
+    QVERIFY(m_disco->agregar(pedido, "dos"));
+    QCOMPARE(m_casa->leer(enDisco), QByteArray("unodos"));
+    const auto entrante = m_disco->recibir(pedido);
     QVERIFY(entrante);
     QCOMPARE(entrante->dispositivo().write("tres"), 4);
     QVERIFY(entrante->publicar());
-    QCOMPARE(casa->leer(enDisco), QByteArray("tres"));
-    QCOMPARE(casa->entradas(enDisco.section(u'/', 0, 1)), QStringList{enDisco.section(u'/', 2)});
-    QVERIFY(disco->borrar(pedido));
-    QVERIFY(casa->entradas(enDisco.section(u'/', 0, 1)).isEmpty());
+    QCOMPARE(m_casa->leer(enDisco), QByteArray("tres"));
+    QCOMPARE(m_casa->entradas(enDisco.section(u'/', 0, 1)), QStringList{enDisco.section(u'/', 2)});
+    QVERIFY(m_disco->borrar(pedido));
+    QVERIFY(m_casa->entradas(enDisco.section(u'/', 0, 1)).isEmpty());
 }
 
 void tst_DriveC::escrituraExistente_gana()
 {
-    QVERIFY(casa->escribir(u"Quorvela/Logo.PNG"_s, "a"));
-    QVERIFY(disco->agregar(u"C:\\Quorvela\\logo.png"_s, "b"));
-    QVERIFY(disco->agregar(u"C:\\Quorvela\\nuevo.PNG"_s, "c"));
-    QVERIFY(disco->agregar(u"C:\\Quorvela\\NUEVO.png"_s, "d"));
-    QCOMPARE(casa->entradas(u"Quorvela"_s), (QStringList{u"Logo.PNG"_s, u"nuevo.PNG"_s}));
-    QCOMPARE(casa->leer(u"Quorvela/Logo.PNG"_s), QByteArray("ab"));
-    QCOMPARE(casa->leer(u"Quorvela/nuevo.PNG"_s), QByteArray("cd"));
+    QVERIFY(m_casa->escribir(u"Quorvela/Logo.PNG"_s, "a"));
+    QVERIFY(m_disco->agregar(u"C:\\Quorvela\\logo.png"_s, "b"));
+    QVERIFY(m_disco->agregar(u"C:\\Quorvela\\nuevo.PNG"_s, "c"));
+    QVERIFY(m_disco->agregar(u"C:\\Quorvela\\NUEVO.png"_s, "d"));
+    QCOMPARE(m_casa->entradas(u"Quorvela"_s), (QStringList{u"Logo.PNG"_s, u"nuevo.PNG"_s}));
+    QCOMPARE(m_casa->leer(u"Quorvela/Logo.PNG"_s), QByteArray("ab"));
+    QCOMPARE(m_casa->leer(u"Quorvela/nuevo.PNG"_s), QByteArray("cd"));
 }
 
 // Letter case is all that is passed over: a letter is never taken for two others.
@@ -262,17 +262,18 @@ void tst_DriveC::nombresCasiIguales_sonDistintos()
 {
     QFETCH(QString, uno);
     QFETCH(QString, otro);
-    QVERIFY(disco->agregar(u"C:\\Quorvela\\"_s + uno, "1"));
-    QVERIFY(disco->agregar(u"C:\\Quorvela\\"_s + otro, "2"));
-    QCOMPARE(casa->leer(u"Quorvela/"_s + uno), QByteArray("1"));
-    QCOMPARE(casa->leer(u"Quorvela/"_s + otro), QByteArray("2"));
+    QVERIFY(m_disco->agregar(u"C:\\Quorvela\\"_s + uno, "1"));
+    QVERIFY(m_disco->agregar(u"C:\\Quorvela\\"_s + otro, "2"));
+    QCOMPARE(m_casa->leer(u"Quorvela/"_s + uno), QByteArray("1"));
+    QCOMPARE(m_casa->leer(u"Quorvela/"_s + otro), QByteArray("2"));
 }
 
 void tst_DriveC::nombreAcentuado_guardadoEnUtf8()
 {
-    QVERIFY(disco->crearCarpeta(u"C:\\Quorvela\\Español"_s));
-    QVERIFY(disco->agregar(u"C:\\Quorvela\\Español\\Física.png"_s, "x"));
-    const QByteArray nativa = casa->ruta().toUtf8() + "/Quorvela/Espa\xC3\xB1ol/F\xC3\xADsica.png";
+    QVERIFY(m_disco->crearCarpeta(u"C:\\Quorvela\\Español"_s));
+    QVERIFY(m_disco->agregar(u"C:\\Quorvela\\Español\\Física.png"_s, "x"));
+    const QByteArray nativa =
+        m_casa->ruta().toUtf8() + "/Quorvela/Espa\xC3\xB1ol/F\xC3\xADsica.png";
     struct stat datos = {};
     QCOMPARE(::stat(nativa.constData(), &datos), 0);
 }
@@ -291,80 +292,80 @@ void tst_DriveC::separadoresYPuntos_mismaEntrada_data()
 void tst_DriveC::separadoresYPuntos_mismaEntrada()
 {
     QFETCH(QString, ruta);
-    QVERIFY(disco->crearCarpeta(u"C:\\Quorvela\\notas"_s));
-    QVERIFY(disco->agregar(ruta, "a"));
-    QCOMPARE(disco->largo(ruta), 1);
-    QCOMPARE(casa->leer(u"Quorvela/notas/a.txt"_s), QByteArray("a"));
-    QCOMPARE(casa->entradas(u"Quorvela"_s), QStringList{u"notas"_s});
-    QCOMPARE(casa->entradas(u"Quorvela/notas"_s), QStringList{u"a.txt"_s});
+    QVERIFY(m_disco->crearCarpeta(u"C:\\Quorvela\\notas"_s));
+    QVERIFY(m_disco->agregar(ruta, "a"));
+    QCOMPARE(m_disco->largo(ruta), 1);
+    QCOMPARE(m_casa->leer(u"Quorvela/notas/a.txt"_s), QByteArray("a"));
+    QCOMPARE(m_casa->entradas(u"Quorvela"_s), QStringList{u"notas"_s});
+    QCOMPARE(m_casa->entradas(u"Quorvela/notas"_s), QStringList{u"a.txt"_s});
 }
 
 void tst_DriveC::carpetaEnOtraEscritura_dejaEnlace()
 {
-    QVERIFY(disco->crearCarpeta(u"C:\\Quorvela\\infoAlumno"_s));
-    QVERIFY(!disco->crearCarpeta(u"C:\\Quorvela\\InfoAlumno\\"_s));
-    QCOMPARE(casa->entradas(u"Quorvela"_s), (QStringList{u"InfoAlumno"_s, u"infoAlumno"_s}));
-    QCOMPARE(casa->enlace(u"Quorvela/InfoAlumno"_s), QByteArray("infoAlumno"));
-    QCOMPARE(casa->enlace(u"Quorvela/infoAlumno"_s), QByteArray());
-    QVERIFY(disco->agregar(u"C:\\Quorvela\\INFOALUMNO\\1.html"_s, "x"));
-    QCOMPARE(casa->leer(u"Quorvela/InfoAlumno/1.html"_s), QByteArray("x"));
-    QCOMPARE(casa->leer(u"Quorvela/infoAlumno/1.html"_s), QByteArray("x"));
+    QVERIFY(m_disco->crearCarpeta(u"C:\\Quorvela\\infoAlumno"_s));
+    QVERIFY(!m_disco->crearCarpeta(u"C:\\Quorvela\\InfoAlumno\\"_s));
+    QCOMPARE(m_casa->entradas(u"Quorvela"_s), (QStringList{u"InfoAlumno"_s, u"infoAlumno"_s}));
+    QCOMPARE(m_casa->enlace(u"Quorvela/InfoAlumno"_s), QByteArray("infoAlumno"));
+    QCOMPARE(m_casa->enlace(u"Quorvela/infoAlumno"_s), QByteArray());
+    QVERIFY(m_disco->agregar(u"C:\\Quorvela\\INFOALUMNO\\1.html"_s, "x"));
+    QCOMPARE(m_casa->leer(u"Quorvela/InfoAlumno/1.html"_s), QByteArray("x"));
+    QCOMPARE(m_casa->leer(u"Quorvela/infoAlumno/1.html"_s), QByteArray("x"));
 }
 
 void tst_DriveC::enlaceDeEscritura_noSeRepite()
 {
-    QVERIFY(disco->crearCarpeta(u"C:\\Quorvela\\notas"_s));
+    QVERIFY(m_disco->crearCarpeta(u"C:\\Quorvela\\notas"_s));
     for (int vez = 0; vez < 2; ++vez) {
-        QVERIFY(!disco->crearCarpeta(u"C:\\Quorvela\\Notas"_s));
-        QVERIFY(!disco->crearCarpeta(u"C:\\Quorvela\\notas"_s));
-        QVERIFY(!disco->crearCarpeta(u"C:\\Quorvela\\NOTAS"_s));
+        QVERIFY(!m_disco->crearCarpeta(u"C:\\Quorvela\\Notas"_s));
+        QVERIFY(!m_disco->crearCarpeta(u"C:\\Quorvela\\notas"_s));
+        QVERIFY(!m_disco->crearCarpeta(u"C:\\Quorvela\\NOTAS"_s));
     }
-    QCOMPARE(casa->entradas(u"Quorvela"_s), (QStringList{u"NOTAS"_s, u"Notas"_s, u"notas"_s}));
-    QCOMPARE(casa->enlace(u"Quorvela/NOTAS"_s), QByteArray("notas"));
-    QCOMPARE(casa->enlace(u"Quorvela/Notas"_s), QByteArray("notas"));
+    QCOMPARE(m_casa->entradas(u"Quorvela"_s), (QStringList{u"NOTAS"_s, u"Notas"_s, u"notas"_s}));
+    QCOMPARE(m_casa->enlace(u"Quorvela/NOTAS"_s), QByteArray("notas"));
+    QCOMPARE(m_casa->enlace(u"Quorvela/Notas"_s), QByteArray("notas"));
 }
 
 void tst_DriveC::enlaceDeEscritura_sirveDeCarpeta()
 {
-    QVERIFY(disco->crearCarpeta(u"C:\\Quorvela\\notas"_s));
-    QVERIFY(!disco->crearCarpeta(u"C:\\Quorvela\\NOTAS"_s));
-    QVERIFY(disco->crearCarpeta(u"C:\\Quorvela\\NOTAS\\p1"_s));
-    QVERIFY(disco->agregar(u"C:\\Quorvela\\NOTAS\\p1\\a.txt"_s, "a"));
-    QCOMPARE(disco->largo(u"C:\\Quorvela\\notas\\P1\\A.TXT"_s), 1);
-    QCOMPARE(casa->leer(u"Quorvela/notas/p1/a.txt"_s), QByteArray("a"));
+    QVERIFY(m_disco->crearCarpeta(u"C:\\Quorvela\\notas"_s));
+    QVERIFY(!m_disco->crearCarpeta(u"C:\\Quorvela\\NOTAS"_s));
+    QVERIFY(m_disco->crearCarpeta(u"C:\\Quorvela\\NOTAS\\p1"_s));
+    QVERIFY(m_disco->agregar(u"C:\\Quorvela\\NOTAS\\p1\\a.txt"_s, "a"));
+    QCOMPARE(m_disco->largo(u"C:\\Quorvela\\notas\\P1\\A.TXT"_s), 1);
+    QCOMPARE(m_casa->leer(u"Quorvela/notas/p1/a.txt"_s), QByteArray("a"));
 }
 
 // The link would stand beside the archive, in the home folder.
 void tst_DriveC::raizEnOtraEscritura_sinEnlace()
 {
-    QVERIFY(!disco->crearCarpeta(u"c:\\quorvela"_s));
-    QCOMPARE(casa->entradas(), QStringList{u"Quorvela"_s});
+    QVERIFY(!m_disco->crearCarpeta(u"c:\\quorvela"_s));
+    QCOMPARE(m_casa->entradas(), QStringList{u"Quorvela"_s});
 }
 
 void tst_DriveC::archivoEnOtraEscritura_sinEnlace()
 {
-    QVERIFY(disco->agregar(u"C:\\Quorvela\\a.txt"_s, "1"));
-    QVERIFY(disco->agregar(u"C:\\Quorvela\\A.txt"_s, "2"));
-    QCOMPARE(casa->entradas(u"Quorvela"_s), QStringList{u"a.txt"_s});
+    QVERIFY(m_disco->agregar(u"C:\\Quorvela\\a.txt"_s, "1"));
+    QVERIFY(m_disco->agregar(u"C:\\Quorvela\\A.txt"_s, "2"));
+    QCOMPARE(m_casa->entradas(u"Quorvela"_s), QStringList{u"a.txt"_s});
 }
 
 void tst_DriveC::borrar_quitaSoloElArchivo()
 {
-    QVERIFY(casa->escribir(u"Quorvela/a.txt"_s, "a"));
-    QVERIFY(casa->escribir(u"Quorvela/b.txt"_s, "b"));
-    QVERIFY(disco->borrar(u"C:\\Quorvela\\a.txt"_s));
-    QVERIFY(!disco->borrar(u"C:\\Quorvela\\a.txt"_s));
-    QCOMPARE(casa->entradas(u"Quorvela"_s), QStringList{u"b.txt"_s});
+    QVERIFY(m_casa->escribir(u"Quorvela/a.txt"_s, "a"));
+    QVERIFY(m_casa->escribir(u"Quorvela/b.txt"_s, "b"));
+    QVERIFY(m_disco->borrar(u"C:\\Quorvela\\a.txt"_s));
+    QVERIFY(!m_disco->borrar(u"C:\\Quorvela\\a.txt"_s));
+    QCOMPARE(m_casa->entradas(u"Quorvela"_s), QStringList{u"b.txt"_s});
 }
 
 void tst_DriveC::borrar_carpetaOEnlaceDeEscritura_falla()
 {
-    QVERIFY(disco->crearCarpeta(u"C:\\Quorvela\\notas"_s));
-    QVERIFY(!disco->crearCarpeta(u"C:\\Quorvela\\NOTAS"_s));
-    QVERIFY(!disco->borrar(u"C:\\Quorvela"_s));
-    QVERIFY(!disco->borrar(u"C:\\Quorvela\\notas"_s));
-    QVERIFY(!disco->borrar(u"C:\\Quorvela\\NOTAS"_s));
-    QCOMPARE(casa->entradas(u"Quorvela"_s), (QStringList{u"NOTAS"_s, u"notas"_s}));
+    QVERIFY(m_disco->crearCarpeta(u"C:\\Quorvela\\notas"_s));
+    QVERIFY(!m_disco->crearCarpeta(u"C:\\Quorvela\\NOTAS"_s));
+    QVERIFY(!m_disco->borrar(u"C:\\Quorvela"_s));
+    QVERIFY(!m_disco->borrar(u"C:\\Quorvela\\notas"_s));
+    QVERIFY(!m_disco->borrar(u"C:\\Quorvela\\NOTAS"_s));
+    QCOMPARE(m_casa->entradas(u"Quorvela"_s), (QStringList{u"NOTAS"_s, u"notas"_s}));
 }
 
 void tst_DriveC::largo_data()
@@ -377,77 +378,77 @@ void tst_DriveC::largo_data()
 void tst_DriveC::largo()
 {
     QFETCH(QByteArray, bytes);
-    QVERIFY(!disco->largo(u"C:\\Quorvela\\a.jpg"_s));
-    QVERIFY(casa->escribir(u"Quorvela/a.jpg"_s, bytes));
-    QCOMPARE(disco->largo(u"C:\\Quorvela\\a.jpg"_s), bytes.size());
+    QVERIFY(!m_disco->largo(u"C:\\Quorvela\\a.jpg"_s));
+    QVERIFY(m_casa->escribir(u"Quorvela/a.jpg"_s, bytes));
+    QCOMPARE(m_disco->largo(u"C:\\Quorvela\\a.jpg"_s), bytes.size());
 }
 
 void tst_DriveC::otroProcesoCrea_seVe()
 {
-    QVERIFY(!disco->largo(u"C:\\Quorvela\\foto.jpg"_s));
-    QVERIFY(disco->agregar(u"C:\\Quorvela\\propio.txt"_s, "p"));
+    QVERIFY(!m_disco->largo(u"C:\\Quorvela\\foto.jpg"_s));
+    QVERIFY(m_disco->agregar(u"C:\\Quorvela\\propio.txt"_s, "p"));
     esperarOtroMomento();
-    QVERIFY(otroProceso(u"/bin/sh"_s,
-                        {u"-c"_s, u"printf hola > \"$0/Foto.JPG\""_s, casa->ruta(u"Quorvela"_s)}));
-    QCOMPARE(disco->largo(u"C:\\Quorvela\\foto.jpg"_s), 4);
-    QVERIFY(disco->agregar(u"C:\\Quorvela\\FOTO.jpg"_s, "!"));
-    QCOMPARE(casa->entradas(u"Quorvela"_s), (QStringList{u"Foto.JPG"_s, u"propio.txt"_s}));
+    QVERIFY(otroProceso(
+        u"/bin/sh"_s, {u"-c"_s, u"printf hola > \"$0/Foto.JPG\""_s, m_casa->ruta(u"Quorvela"_s)}));
+    QCOMPARE(m_disco->largo(u"C:\\Quorvela\\foto.jpg"_s), 4);
+    QVERIFY(m_disco->agregar(u"C:\\Quorvela\\FOTO.jpg"_s, "!"));
+    QCOMPARE(m_casa->entradas(u"Quorvela"_s), (QStringList{u"Foto.JPG"_s, u"propio.txt"_s}));
 }
 
 // A change of the program's own, made without looking any name up, must not hide the other's.
 void tst_DriveC::otroProcesoCrea_seVeTrasUnCambioPropio()
 {
-    QVERIFY(disco->agregar(u"C:\\Quorvela\\propio.txt"_s, "p"));
-    QVERIFY(!disco->largo(u"C:\\Quorvela\\foto.jpg"_s));
+    QVERIFY(m_disco->agregar(u"C:\\Quorvela\\propio.txt"_s, "p"));
+    QVERIFY(!m_disco->largo(u"C:\\Quorvela\\foto.jpg"_s));
     esperarOtroMomento();
-    QVERIFY(otroProceso(u"/bin/sh"_s,
-                        {u"-c"_s, u"printf hola > \"$0/Foto.JPG\""_s, casa->ruta(u"Quorvela"_s)}));
-    QVERIFY(disco->borrar(u"C:\\Quorvela\\propio.txt"_s));
-    QCOMPARE(disco->largo(u"C:\\Quorvela\\foto.jpg"_s), 4);
+    QVERIFY(otroProceso(
+        u"/bin/sh"_s, {u"-c"_s, u"printf hola > \"$0/Foto.JPG\""_s, m_casa->ruta(u"Quorvela"_s)}));
+    QVERIFY(m_disco->borrar(u"C:\\Quorvela\\propio.txt"_s));
+    QCOMPARE(m_disco->largo(u"C:\\Quorvela\\foto.jpg"_s), 4);
 }
 
 void tst_DriveC::otroProcesoBorra_seVe()
 {
-    QVERIFY(disco->agregar(u"C:\\Quorvela\\Foto.jpg"_s, "1"));
-    QCOMPARE(disco->largo(u"C:\\Quorvela\\FOTO.jpg"_s), 1);
+    QVERIFY(m_disco->agregar(u"C:\\Quorvela\\Foto.jpg"_s, "1"));
+    QCOMPARE(m_disco->largo(u"C:\\Quorvela\\FOTO.jpg"_s), 1);
     esperarOtroMomento();
-    QVERIFY(otroProceso(u"/bin/rm"_s, {casa->ruta(u"Quorvela/Foto.jpg"_s)}));
-    QVERIFY(!disco->largo(u"C:\\Quorvela\\FOTO.jpg"_s));
+    QVERIFY(otroProceso(u"/bin/rm"_s, {m_casa->ruta(u"Quorvela/Foto.jpg"_s)}));
+    QVERIFY(!m_disco->largo(u"C:\\Quorvela\\FOTO.jpg"_s));
     // The spelling that is gone no longer counts.
-    QVERIFY(disco->agregar(u"C:\\Quorvela\\FOTO.jpg"_s, "2"));
-    QCOMPARE(casa->entradas(u"Quorvela"_s), QStringList{u"FOTO.jpg"_s});
+    QVERIFY(m_disco->agregar(u"C:\\Quorvela\\FOTO.jpg"_s, "2"));
+    QCOMPARE(m_casa->entradas(u"Quorvela"_s), QStringList{u"FOTO.jpg"_s});
 }
 
 void tst_DriveC::otroProcesoRenombra_seVe()
 {
-    QVERIFY(disco->crearCarpeta(u"C:\\Quorvela\\notas"_s));
-    QVERIFY(disco->agregar(u"C:\\Quorvela\\NOTAS\\a.txt"_s, "1"));
+    QVERIFY(m_disco->crearCarpeta(u"C:\\Quorvela\\notas"_s));
+    QVERIFY(m_disco->agregar(u"C:\\Quorvela\\NOTAS\\a.txt"_s, "1"));
     esperarOtroMomento();
     QVERIFY(otroProceso(u"/bin/mv"_s,
-                        {casa->ruta(u"Quorvela/notas"_s), casa->ruta(u"Quorvela/Notas"_s)}));
-    QVERIFY(disco->agregar(u"C:\\Quorvela\\NOTAS\\a.txt"_s, "2"));
-    QCOMPARE(casa->entradas(u"Quorvela"_s), QStringList{u"Notas"_s});
-    QCOMPARE(casa->leer(u"Quorvela/Notas/a.txt"_s), QByteArray("12"));
+                        {m_casa->ruta(u"Quorvela/notas"_s), m_casa->ruta(u"Quorvela/Notas"_s)}));
+    QVERIFY(m_disco->agregar(u"C:\\Quorvela\\NOTAS\\a.txt"_s, "2"));
+    QCOMPARE(m_casa->entradas(u"Quorvela"_s), QStringList{u"Notas"_s});
+    QCOMPARE(m_casa->leer(u"Quorvela/Notas/a.txt"_s), QByteArray("12"));
 }
 
 // As many as a large school has photos, twice, the second time in another letter.
 void tst_DriveC::muchosArchivos_todosEnSuSitio()
 {
     constexpr int cuantos = 2000;
-    QVERIFY(disco->crearCarpeta(u"C:\\Quorvela\\fotos"_s));
+    QVERIFY(m_disco->crearCarpeta(u"C:\\Quorvela\\fotos"_s));
     for (int i = 0; i < cuantos; ++i)
-        QVERIFY(disco->agregar(u"C:\\Quorvela\\fotos\\%1-Alumno.jpg"_s.arg(i), "a"));
+        QVERIFY(m_disco->agregar(u"C:\\Quorvela\\fotos\\%1-Alumno.jpg"_s.arg(i), "a"));
     for (int i = 0; i < cuantos; ++i) {
         const QString ruta = u"C:\\Quorvela\\FOTOS\\%1-alumno.JPG"_s.arg(i);
-        QCOMPARE(disco->largo(ruta), 1);
-        QVERIFY(disco->borrar(ruta));
-        QVERIFY(disco->agregar(ruta, "bb"));
+        QCOMPARE(m_disco->largo(ruta), 1);
+        QVERIFY(m_disco->borrar(ruta));
+        QVERIFY(m_disco->agregar(ruta, "bb"));
     }
-    const QStringList entradas = casa->entradas(u"Quorvela/fotos"_s);
+    const QStringList entradas = m_casa->entradas(u"Quorvela/fotos"_s);
     QCOMPARE(entradas.size(), cuantos);
     QVERIFY(entradas.contains(u"1999-alumno.JPG"_s));
     QVERIFY(!entradas.contains(u"1999-Alumno.jpg"_s));
-    QCOMPARE(casa->leer(u"Quorvela/fotos/0-alumno.JPG"_s), QByteArray("bb"));
+    QCOMPARE(m_casa->leer(u"Quorvela/fotos/0-alumno.JPG"_s), QByteArray("bb"));
 }
 
 void tst_DriveC::rutaNativa_data()
@@ -470,9 +471,9 @@ void tst_DriveC::rutaNativa()
 {
     QFETCH(QString, ruta);
     QFETCH(QString, dentro);
-    QVERIFY(casa->hacerCarpeta(u"Quorvela/123-2010"_s));
-    QVERIFY(casa->escribir(u"Quorvela/123-2010/Index.html"_s, "x"));
-    QCOMPARE(disco->rutaNativa(ruta), dentro.isEmpty() ? ruta : casa->ruta(dentro));
+    QVERIFY(m_casa->hacerCarpeta(u"Quorvela/123-2010"_s));
+    QVERIFY(m_casa->escribir(u"Quorvela/123-2010/Index.html"_s, "x"));
+    QCOMPARE(m_disco->rutaNativa(ruta), dentro.isEmpty() ? ruta : m_casa->ruta(dentro));
 }
 
 QTEST_GUILESS_MAIN(tst_DriveC)

@@ -77,70 +77,72 @@ private:
     static constexpr int vueltas = 2000;
     void todoContra(const QString &carpeta, int vuelta);
 
-    std::unique_ptr<CarpetaPersonal> casa;
-    std::unique_ptr<DriveC> disco;
+    std::unique_ptr<CarpetaPersonal> m_casa;
+    std::unique_ptr<DriveC> m_disco;
 };
 
 void tst_DriveCCarrera::init()
 {
-    casa = std::make_unique<CarpetaPersonal>();
-    QVERIFY(casa->hacerCarpeta(u"Quorvela/notas"_s));
-    QVERIFY(casa->hacerCarpeta(u"otra"_s));
-    QVERIFY(casa->escribir(u"otra/a.txt"_s, "ajeno"));
-    disco = std::make_unique<DriveC>(casa->ruta());
+    m_casa = std::make_unique<CarpetaPersonal>();
+    QVERIFY(m_casa->hacerCarpeta(u"Quorvela/notas"_s));
+    QVERIFY(m_casa->hacerCarpeta(u"otra"_s));
+    QVERIFY(m_casa->escribir(u"otra/a.txt"_s, "ajeno"));
+    m_disco = std::make_unique<DriveC>(m_casa->ruta());
 }
 
 void tst_DriveCCarrera::cleanup()
 {
-    disco.reset();
-    casa.reset();
+    m_disco.reset();
+    m_casa.reset();
 }
 
 // What comes of each depends on who was first; only where it happens is looked at.
 void tst_DriveCCarrera::todoContra(const QString &carpeta, int vuelta)
 {
     [[maybe_unused]] const bool hecha =
-        disco->crearCarpeta(carpeta + u"carpeta%1"_s.arg(vuelta % 50));
+        m_disco->crearCarpeta(carpeta + u"carpeta%1"_s.arg(vuelta % 50));
     [[maybe_unused]] const bool enOtraLetra =
-        disco->crearCarpeta(carpeta + u"CARPETA%1"_s.arg(vuelta % 50));
-    [[maybe_unused]] const bool agregado = disco->agregar(carpeta + u"a.txt"_s, "x");
-    [[maybe_unused]] const bool nuevo = disco->agregar(carpeta + u"nuevo%1.txt"_s.arg(vuelta), "x");
-    if (const auto entrante = disco->recibir(carpeta + u"a.txt"_s); entrante && vuelta % 2 == 0)
+        m_disco->crearCarpeta(carpeta + u"CARPETA%1"_s.arg(vuelta % 50));
+    [[maybe_unused]] const bool agregado = m_disco->agregar(carpeta + u"a.txt"_s, "x");
+    [[maybe_unused]] const bool nuevo =
+        m_disco->agregar(carpeta + u"nuevo%1.txt"_s.arg(vuelta), "x");
+    if (const auto entrante = m_disco->recibir(carpeta + u"a.txt"_s); entrante && vuelta % 2 == 0)
         [[maybe_unused]]
         const bool publicado = entrante->publicar();
-    [[maybe_unused]] const bool borrado = disco->borrar(carpeta + u"a.txt"_s);
+    [[maybe_unused]] const bool borrado = m_disco->borrar(carpeta + u"a.txt"_s);
 }
 
 void tst_DriveCCarrera::carpetaTrocadaPorEnlace_nadaFuera()
 {
-    QVERIFY(casa->enlazar(u"../otra"_s, u"Quorvela/enlace"_s));
+    QVERIFY(m_casa->enlazar(u"../otra"_s, u"Quorvela/enlace"_s));
     {
-        const Trueque trueque(casa->ruta(u"Quorvela/notas"_s), casa->ruta(u"Quorvela/enlace"_s));
+        const Trueque trueque(m_casa->ruta(u"Quorvela/notas"_s),
+                              m_casa->ruta(u"Quorvela/enlace"_s));
         QVERIFY(trueque.posible);
         for (int vuelta = 0; vuelta < vueltas; ++vuelta)
             todoContra(u"C:\\Quorvela\\notas\\"_s, vuelta);
         QTRY_VERIFY(trueque.veces > 0);
     }
-    QCOMPARE(casa->entradas(u"otra"_s), QStringList{u"a.txt"_s});
-    QCOMPARE(casa->leer(u"otra/a.txt"_s), QByteArray("ajeno"));
-    QCOMPARE(casa->entradas(), (QStringList{u"Quorvela"_s, u"otra"_s}));
+    QCOMPARE(m_casa->entradas(u"otra"_s), QStringList{u"a.txt"_s});
+    QCOMPARE(m_casa->leer(u"otra/a.txt"_s), QByteArray("ajeno"));
+    QCOMPARE(m_casa->entradas(), (QStringList{u"Quorvela"_s, u"otra"_s}));
 }
 
 void tst_DriveCCarrera::archivoTrocadoPorEnlace_nadaFuera()
 {
-    QVERIFY(casa->enlazar(u"../../otra/a.txt"_s, u"Quorvela/notas/enlace"_s));
-    QVERIFY(casa->escribir(u"Quorvela/notas/a.txt"_s, "propio"));
+    QVERIFY(m_casa->enlazar(u"../../otra/a.txt"_s, u"Quorvela/notas/enlace"_s));
+    QVERIFY(m_casa->escribir(u"Quorvela/notas/a.txt"_s, "propio"));
     {
-        const Trueque trueque(casa->ruta(u"Quorvela/notas/a.txt"_s),
-                              casa->ruta(u"Quorvela/notas/enlace"_s));
+        const Trueque trueque(m_casa->ruta(u"Quorvela/notas/a.txt"_s),
+                              m_casa->ruta(u"Quorvela/notas/enlace"_s));
         QVERIFY(trueque.posible);
         for (int vuelta = 0; vuelta < 5 * vueltas; ++vuelta) {
             [[maybe_unused]] const bool agregado =
-                disco->agregar(u"C:\\Quorvela\\notas\\a.txt"_s, "x");
+                m_disco->agregar(u"C:\\Quorvela\\notas\\a.txt"_s, "x");
         }
         QTRY_VERIFY(trueque.veces > 0);
     }
-    QCOMPARE(casa->leer(u"otra/a.txt"_s), QByteArray("ajeno"));
+    QCOMPARE(m_casa->leer(u"otra/a.txt"_s), QByteArray("ajeno"));
 }
 
 void tst_DriveCCarrera::archivoTrocadoPorTuberia_noEsperaNiEscribe_data()
@@ -154,17 +156,17 @@ void tst_DriveCCarrera::archivoTrocadoPorTuberia_noEsperaNiEscribe_data()
 void tst_DriveCCarrera::archivoTrocadoPorTuberia_noEsperaNiEscribe()
 {
     QFETCH(bool, conLector);
-    QVERIFY(casa->escribir(u"Quorvela/notas/a.txt"_s, "propio"));
-    const QByteArray tubo = QFile::encodeName(casa->ruta(u"Quorvela/notas/tubo"_s));
+    QVERIFY(m_casa->escribir(u"Quorvela/notas/a.txt"_s, "propio"));
+    const QByteArray tubo = QFile::encodeName(m_casa->ruta(u"Quorvela/notas/tubo"_s));
     QCOMPARE(::mkfifo(tubo.constData(), 0600), 0);
     const int lector = conLector ? ::open(tubo.constData(), O_RDWR | O_NONBLOCK | O_CLOEXEC) : -1;
     const auto cierre = qScopeGuard([lector] { ::close(lector); });
     {
-        const Trueque trueque(casa->ruta(u"Quorvela/notas/a.txt"_s), QFile::decodeName(tubo));
+        const Trueque trueque(m_casa->ruta(u"Quorvela/notas/a.txt"_s), QFile::decodeName(tubo));
         QVERIFY(trueque.posible);
         for (int vuelta = 0; vuelta < 5 * vueltas; ++vuelta) {
             [[maybe_unused]] const bool agregado =
-                disco->agregar(u"C:\\Quorvela\\notas\\a.txt"_s, "x");
+                m_disco->agregar(u"C:\\Quorvela\\notas\\a.txt"_s, "x");
         }
         QTRY_VERIFY(trueque.veces > 0);
     }

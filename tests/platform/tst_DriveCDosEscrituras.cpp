@@ -26,23 +26,23 @@ private Q_SLOTS:
     void trasBorrarElUnico_vuelveAServirOtraEscritura();
 
 private:
-    std::unique_ptr<CarpetaPersonal> casa;
-    std::unique_ptr<DriveC> disco;
+    std::unique_ptr<CarpetaPersonal> m_casa;
+    std::unique_ptr<DriveC> m_disco;
 };
 
 void tst_DriveCDosEscrituras::init()
 {
-    casa = std::make_unique<CarpetaPersonal>();
-    QVERIFY(casa->hacerCarpeta(u"Quorvela"_s));
+    m_casa = std::make_unique<CarpetaPersonal>();
+    QVERIFY(m_casa->hacerCarpeta(u"Quorvela"_s));
     for (const auto &nombre : {u"notas.html"_s, u"Notas.html"_s, u"nOTAS.html"_s})
-        QVERIFY(casa->escribir(u"Quorvela/"_s + nombre, nombre.toLatin1()));
-    disco = std::make_unique<DriveC>(casa->ruta());
+        QVERIFY(m_casa->escribir(u"Quorvela/"_s + nombre, nombre.toLatin1()));
+    m_disco = std::make_unique<DriveC>(m_casa->ruta());
 }
 
 void tst_DriveCDosEscrituras::cleanup()
 {
-    disco.reset();
-    casa.reset();
+    m_disco.reset();
+    m_casa.reset();
 }
 
 void tst_DriveCDosEscrituras::cadaOperacion_elMismoArchivo_data()
@@ -63,26 +63,26 @@ void tst_DriveCDosEscrituras::cadaOperacion_elMismoArchivo()
     const QString enDisco = u"Quorvela/"_s + elegido;
     const auto losOtros = [&] {
         for (const auto &nombre : {u"notas.html"_s, u"Notas.html"_s, u"nOTAS.html"_s}) {
-            if (nombre != elegido && casa->leer(u"Quorvela/"_s + nombre) != nombre.toLatin1())
+            if (nombre != elegido && m_casa->leer(u"Quorvela/"_s + nombre) != nombre.toLatin1())
                 return false;
         }
         return true;
     };
-    QCOMPARE(disco->rutaNativa(ruta), casa->ruta(enDisco));
-    QVERIFY(disco->agregar(ruta, "+"));
-    QCOMPARE(casa->leer(enDisco), elegido.toLatin1() + '+');
-    QCOMPARE(disco->largo(ruta), elegido.size() + 1);
-    auto entrante = disco->recibir(ruta);
+    QCOMPARE(m_disco->rutaNativa(ruta), m_casa->ruta(enDisco));
+    QVERIFY(m_disco->agregar(ruta, "+"));
+    QCOMPARE(m_casa->leer(enDisco), elegido.toLatin1() + '+');
+    QCOMPARE(m_disco->largo(ruta), elegido.size() + 1);
+    auto entrante = m_disco->recibir(ruta);
     QVERIFY(entrante);
     entrante->dispositivo().write("nuevo");
     QVERIFY(entrante->publicar());
     entrante.reset();
-    QCOMPARE(casa->leer(enDisco), QByteArray("nuevo"));
+    QCOMPARE(m_casa->leer(enDisco), QByteArray("nuevo"));
     QVERIFY(losOtros());
-    QVERIFY(disco->borrar(ruta));
-    QVERIFY(!casa->leer(enDisco));
+    QVERIFY(m_disco->borrar(ruta));
+    QVERIFY(!m_casa->leer(enDisco));
     QVERIFY(losOtros());
-    QCOMPARE(casa->entradas(u"Quorvela"_s).size(), 2);
+    QCOMPARE(m_casa->entradas(u"Quorvela"_s).size(), 2);
 }
 
 void tst_DriveCDosEscrituras::carpetas_laMisma_data()
@@ -98,16 +98,16 @@ void tst_DriveCDosEscrituras::carpetas_laMisma()
 {
     QFETCH(QString, pedida);
     QFETCH(QString, elegida);
-    QVERIFY(casa->hacerCarpeta(u"Quorvela/Fotos/de Fotos"_s));
-    QVERIFY(casa->hacerCarpeta(u"Quorvela/fotos/de fotos"_s));
+    QVERIFY(m_casa->hacerCarpeta(u"Quorvela/Fotos/de Fotos"_s));
+    QVERIFY(m_casa->hacerCarpeta(u"Quorvela/fotos/de fotos"_s));
     const QString ruta = u"C:\\Quorvela\\"_s + pedida;
-    QCOMPARE(disco->carpetas(ruta), QStringList{ruta + u"\\de "_s + elegida});
-    QVERIFY(disco->crearCarpeta(ruta + u"\\nueva"_s));
-    QVERIFY(disco->agregar(ruta + u"\\a.txt"_s, "a"));
-    QCOMPARE(casa->entradas(u"Quorvela/"_s + elegida),
+    QCOMPARE(m_disco->carpetas(ruta), QStringList{ruta + u"\\de "_s + elegida});
+    QVERIFY(m_disco->crearCarpeta(ruta + u"\\nueva"_s));
+    QVERIFY(m_disco->agregar(ruta + u"\\a.txt"_s, "a"));
+    QCOMPARE(m_casa->entradas(u"Quorvela/"_s + elegida),
              (QStringList{u"a.txt"_s, u"de "_s + elegida, u"nueva"_s}));
-    QVERIFY(!disco->crearCarpeta(ruta));
-    QCOMPARE(casa->enlace(u"Quorvela/"_s + pedida),
+    QVERIFY(!m_disco->crearCarpeta(ruta));
+    QCOMPARE(m_casa->enlace(u"Quorvela/"_s + pedida),
              pedida == elegida ? QByteArray() : elegida.toUtf8());
 }
 
@@ -129,42 +129,42 @@ void tst_DriveCDosEscrituras::trasBorrar_unArchivoPropio()
     };
     for (const bool recibido : {false, true}) {
         const QString borrado = recibido ? pedido : elegido; // the second time it is its own
-        QVERIFY(disco->borrar(ruta));
-        QVERIFY(!casa->leer(u"Quorvela/"_s + borrado));
-        QVERIFY(!disco->largo(ruta));
-        QVERIFY(!disco->borrar(ruta));
+        QVERIFY(m_disco->borrar(ruta));
+        QVERIFY(!m_casa->leer(u"Quorvela/"_s + borrado));
+        QVERIFY(!m_disco->largo(ruta));
+        QVERIFY(!m_disco->borrar(ruta));
         if (recibido) {
-            const auto entrante = disco->recibir(ruta);
+            const auto entrante = m_disco->recibir(ruta);
             QVERIFY(entrante);
             entrante->dispositivo().write("nuevo");
             QVERIFY(entrante->publicar());
         } else {
-            QVERIFY(disco->agregar(ruta, "nuevo"));
+            QVERIFY(m_disco->agregar(ruta, "nuevo"));
         }
-        QCOMPARE(casa->leer(u"Quorvela/"_s + pedido), QByteArray("nuevo"));
+        QCOMPARE(m_casa->leer(u"Quorvela/"_s + pedido), QByteArray("nuevo"));
         for (const QString &nombre : quedan())
-            QCOMPARE(casa->leer(u"Quorvela/"_s + nombre), nombre.toLatin1());
-        QCOMPARE(casa->entradas(u"Quorvela"_s).size(), 3);
+            QCOMPARE(m_casa->leer(u"Quorvela/"_s + nombre), nombre.toLatin1());
+        QCOMPARE(m_casa->entradas(u"Quorvela"_s).size(), 3);
     }
 }
 
 void tst_DriveCDosEscrituras::trasBorrar_elOtroSigueSiendoElOtro()
 {
     // Also when the folder's names are already known.
-    QVERIFY(!disco->largo(u"C:\\Quorvela\\ninguno.html"_s));
-    QVERIFY(disco->borrar(u"C:\\Quorvela\\notas.html"_s));
-    QCOMPARE(disco->largo(u"C:\\Quorvela\\Notas.html"_s), 10);
-    QCOMPARE(disco->largo(u"C:\\Quorvela\\NOTAS.html"_s), 10);
-    QVERIFY(disco->agregar(u"C:\\Quorvela\\Notas.html"_s, "+"));
-    QCOMPARE(casa->leer(u"Quorvela/Notas.html"_s), QByteArray("Notas.html+"));
+    QVERIFY(!m_disco->largo(u"C:\\Quorvela\\ninguno.html"_s));
+    QVERIFY(m_disco->borrar(u"C:\\Quorvela\\notas.html"_s));
+    QCOMPARE(m_disco->largo(u"C:\\Quorvela\\Notas.html"_s), 10);
+    QCOMPARE(m_disco->largo(u"C:\\Quorvela\\NOTAS.html"_s), 10);
+    QVERIFY(m_disco->agregar(u"C:\\Quorvela\\Notas.html"_s, "+"));
+    QCOMPARE(m_casa->leer(u"Quorvela/Notas.html"_s), QByteArray("Notas.html+"));
 }
 
 void tst_DriveCDosEscrituras::trasBorrarElUnico_vuelveAServirOtraEscritura()
 {
-    QVERIFY(casa->escribir(u"Quorvela/logo.png"_s, "1"));
-    QVERIFY(disco->borrar(u"C:\\Quorvela\\LOGO.png"_s));
-    QVERIFY(disco->agregar(u"C:\\Quorvela\\logo.png"_s, "2"));
-    QCOMPARE(disco->largo(u"C:\\Quorvela\\LOGO.png"_s), 1);
+    QVERIFY(m_casa->escribir(u"Quorvela/logo.png"_s, "1"));
+    QVERIFY(m_disco->borrar(u"C:\\Quorvela\\LOGO.png"_s));
+    QVERIFY(m_disco->agregar(u"C:\\Quorvela\\logo.png"_s, "2"));
+    QCOMPARE(m_disco->largo(u"C:\\Quorvela\\LOGO.png"_s), 1);
 }
 
 QTEST_GUILESS_MAIN(tst_DriveCDosEscrituras)

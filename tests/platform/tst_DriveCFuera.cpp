@@ -37,21 +37,21 @@ private Q_SLOTS:
     void separadorAlFinal_noEsArchivo();
 
 private:
-    std::unique_ptr<CarpetaPersonal> casa;
-    std::unique_ptr<DriveC> disco;
+    std::unique_ptr<CarpetaPersonal> m_casa;
+    std::unique_ptr<DriveC> m_disco;
 };
 
 void tst_DriveCFuera::init()
 {
-    casa = std::make_unique<CarpetaPersonal>();
-    QVERIFY(casa->hacerCarpeta(u"Quorvela"_s));
-    disco = std::make_unique<DriveC>(casa->ruta());
+    m_casa = std::make_unique<CarpetaPersonal>();
+    QVERIFY(m_casa->hacerCarpeta(u"Quorvela"_s));
+    m_disco = std::make_unique<DriveC>(m_casa->ruta());
 }
 
 void tst_DriveCFuera::cleanup()
 {
-    disco.reset();
-    casa.reset();
+    m_disco.reset();
+    m_casa.reset();
 }
 
 void tst_DriveCFuera::nombreRefusado_todoFalla_data()
@@ -67,14 +67,14 @@ void tst_DriveCFuera::nombreRefusado_todoFalla()
 {
     QFETCH(QString, nombre);
     const QString ruta = u"C:\\Quorvela\\"_s + nombre;
-    QVERIFY(!disco->crearCarpeta(ruta));
-    QVERIFY(!disco->agregar(ruta, "x"));
-    QVERIFY(!disco->recibir(ruta));
-    QVERIFY(!disco->borrar(ruta));
-    QVERIFY(!disco->largo(ruta));
-    QVERIFY(!disco->agregar(ruta + u"\\dentro.txt"_s, "x"));
-    QVERIFY(!disco->carpetas(ruta));
-    QVERIFY(casa->entradas(u"Quorvela"_s).isEmpty());
+    QVERIFY(!m_disco->crearCarpeta(ruta));
+    QVERIFY(!m_disco->agregar(ruta, "x"));
+    QVERIFY(!m_disco->recibir(ruta));
+    QVERIFY(!m_disco->borrar(ruta));
+    QVERIFY(!m_disco->largo(ruta));
+    QVERIFY(!m_disco->agregar(ruta + u"\\dentro.txt"_s, "x"));
+    QVERIFY(!m_disco->carpetas(ruta));
+    QVERIFY(m_casa->entradas(u"Quorvela"_s).isEmpty());
 }
 
 void tst_DriveCFuera::fueraDeLaRaiz_todoFalla_data()
@@ -97,21 +97,22 @@ void tst_DriveCFuera::fueraDeLaRaiz_todoFalla_data()
 void tst_DriveCFuera::fueraDeLaRaiz_todoFalla()
 {
     QFETCH(QString, carpeta);
-    QVERIFY(casa->hacerCarpeta(u"otra"_s));
-    QVERIFY(casa->hacerCarpeta(u"Quorvela2"_s));
+    QVERIFY(m_casa->hacerCarpeta(u"otra"_s));
+    QVERIFY(m_casa->hacerCarpeta(u"Quorvela2"_s));
     for (const auto &archivo : {u"a.txt"_s, u"otra/a.txt"_s, u"Quorvela2/a.txt"_s})
-        QVERIFY(casa->escribir(archivo, "ajeno"));
-    QVERIFY(!disco->crearCarpeta(carpeta + u"nueva"_s));
-    QVERIFY(!disco->agregar(carpeta + u"a.txt"_s, "x"));
-    QVERIFY(!disco->agregar(carpeta + u"nuevo.txt"_s, "x"));
-    QVERIFY(!disco->recibir(carpeta + u"a.txt"_s));
-    QVERIFY(!disco->recibir(carpeta + u"nuevo.txt"_s));
-    QVERIFY(!disco->borrar(carpeta + u"a.txt"_s));
-    QCOMPARE(casa->entradas(), (QStringList{u"Quorvela"_s, u"Quorvela2"_s, u"a.txt"_s, u"otra"_s}));
+        QVERIFY(m_casa->escribir(archivo, "ajeno"));
+    QVERIFY(!m_disco->crearCarpeta(carpeta + u"nueva"_s));
+    QVERIFY(!m_disco->agregar(carpeta + u"a.txt"_s, "x"));
+    QVERIFY(!m_disco->agregar(carpeta + u"nuevo.txt"_s, "x"));
+    QVERIFY(!m_disco->recibir(carpeta + u"a.txt"_s));
+    QVERIFY(!m_disco->recibir(carpeta + u"nuevo.txt"_s));
+    QVERIFY(!m_disco->borrar(carpeta + u"a.txt"_s));
+    QCOMPARE(m_casa->entradas(),
+             (QStringList{u"Quorvela"_s, u"Quorvela2"_s, u"a.txt"_s, u"otra"_s}));
     for (const auto &hermana : {u"otra"_s, u"Quorvela2"_s})
-        QCOMPARE(casa->entradas(hermana), QStringList{u"a.txt"_s});
+        QCOMPARE(m_casa->entradas(hermana), QStringList{u"a.txt"_s});
     for (const auto &archivo : {u"a.txt"_s, u"otra/a.txt"_s, u"Quorvela2/a.txt"_s})
-        QCOMPARE(casa->leer(archivo), QByteArray("ajeno"));
+        QCOMPARE(m_casa->leer(archivo), QByteArray("ajeno"));
 }
 
 void tst_DriveCFuera::enlaceHaciaFuera_todoFalla_data()
@@ -133,21 +134,21 @@ void tst_DriveCFuera::enlaceHaciaFuera_todoFalla()
 {
     QFETCH(QString, destino);
     QFETCH(QString, ruta);
-    QVERIFY(casa->hacerCarpeta(u"otra"_s));
-    QVERIFY(casa->hacerCarpeta(u"Quorvela2"_s));
+    QVERIFY(m_casa->hacerCarpeta(u"otra"_s));
+    QVERIFY(m_casa->hacerCarpeta(u"Quorvela2"_s));
     for (const auto &archivo : {u"a.txt"_s, u"otra/a.txt"_s, u"Quorvela2/a.txt"_s})
-        QVERIFY(casa->escribir(archivo, "ajeno"));
-    QVERIFY(casa->enlazar(destino, u"Quorvela/e"_s));
-    QVERIFY(!disco->crearCarpeta(ruta));
-    QVERIFY(!disco->agregar(ruta, "x"));
-    QVERIFY(!disco->recibir(ruta));
-    QVERIFY(!disco->borrar(ruta));
-    QVERIFY(!disco->largo(ruta));
-    QCOMPARE(casa->enlace(u"Quorvela/e"_s), destino.toUtf8());
+        QVERIFY(m_casa->escribir(archivo, "ajeno"));
+    QVERIFY(m_casa->enlazar(destino, u"Quorvela/e"_s));
+    QVERIFY(!m_disco->crearCarpeta(ruta));
+    QVERIFY(!m_disco->agregar(ruta, "x"));
+    QVERIFY(!m_disco->recibir(ruta));
+    QVERIFY(!m_disco->borrar(ruta));
+    QVERIFY(!m_disco->largo(ruta));
+    QCOMPARE(m_casa->enlace(u"Quorvela/e"_s), destino.toUtf8());
     for (const auto &hermana : {u"otra"_s, u"Quorvela2"_s})
-        QCOMPARE(casa->entradas(hermana), QStringList{u"a.txt"_s});
+        QCOMPARE(m_casa->entradas(hermana), QStringList{u"a.txt"_s});
     for (const auto &archivo : {u"a.txt"_s, u"otra/a.txt"_s, u"Quorvela2/a.txt"_s})
-        QCOMPARE(casa->leer(archivo), QByteArray("ajeno"));
+        QCOMPARE(m_casa->leer(archivo), QByteArray("ajeno"));
 }
 
 void tst_DriveCFuera::enlaceHaciaDentro_sirve_data()
@@ -163,49 +164,50 @@ void tst_DriveCFuera::enlaceHaciaDentro_sirve_data()
 void tst_DriveCFuera::enlaceHaciaDentro_sirve()
 {
     QFETCH(QString, destino);
-    QVERIFY(casa->hacerCarpeta(u"Quorvela/notas/sub"_s));
-    QVERIFY(casa->enlazar(casa->ruta(u"Quorvela/notas"_s), u"Quorvela/segundo"_s));
-    QVERIFY(casa->enlazar(destino.contains(u"%1"_s) ? destino.arg(casa->ruta()) : destino,
-                          u"Quorvela/corto"_s));
-    QVERIFY(disco->agregar(u"C:\\Quorvela\\corto\\a.txt"_s, "a"));
-    QCOMPARE(casa->leer(u"Quorvela/notas/a.txt"_s), QByteArray("a"));
-    QVERIFY(disco->agregar(u"C:\\Quorvela\\CORTO\\Sub\\b.txt"_s, "b"));
-    QCOMPARE(casa->leer(u"Quorvela/notas/sub/b.txt"_s), QByteArray("b"));
-    const auto entrante = disco->recibir(u"C:\\Quorvela\\corto\\c.jpg"_s);
+    QVERIFY(m_casa->hacerCarpeta(u"Quorvela/notas/sub"_s));
+    QVERIFY(m_casa->enlazar(m_casa->ruta(u"Quorvela/notas"_s), u"Quorvela/segundo"_s));
+    QVERIFY(m_casa->enlazar(destino.contains(u"%1"_s) ? destino.arg(m_casa->ruta()) : destino,
+                            u"Quorvela/corto"_s));
+    QVERIFY(m_disco->agregar(u"C:\\Quorvela\\corto\\a.txt"_s, "a"));
+    QCOMPARE(m_casa->leer(u"Quorvela/notas/a.txt"_s), QByteArray("a"));
+    QVERIFY(m_disco->agregar(u"C:\\Quorvela\\CORTO\\Sub\\b.txt"_s, "b"));
+    QCOMPARE(m_casa->leer(u"Quorvela/notas/sub/b.txt"_s), QByteArray("b"));
+    const auto entrante = m_disco->recibir(u"C:\\Quorvela\\corto\\c.jpg"_s);
     QVERIFY(entrante);
     QVERIFY(entrante->publicar());
-    QCOMPARE(casa->entradas(u"Quorvela/notas"_s), (QStringList{u"a.txt"_s, u"c.jpg"_s, u"sub"_s}));
-    QVERIFY(disco->borrar(u"C:\\Quorvela\\corto\\a.txt"_s));
-    QVERIFY(disco->borrar(u"C:\\Quorvela\\corto\\c.jpg"_s));
-    QCOMPARE(casa->entradas(u"Quorvela/notas"_s), QStringList{u"sub"_s});
+    QCOMPARE(m_casa->entradas(u"Quorvela/notas"_s),
+             (QStringList{u"a.txt"_s, u"c.jpg"_s, u"sub"_s}));
+    QVERIFY(m_disco->borrar(u"C:\\Quorvela\\corto\\a.txt"_s));
+    QVERIFY(m_disco->borrar(u"C:\\Quorvela\\corto\\c.jpg"_s));
+    QCOMPARE(m_casa->entradas(u"Quorvela/notas"_s), QStringList{u"sub"_s});
 }
 
 void tst_DriveCFuera::enlacesEnRueda_todoFalla()
 {
-    QVERIFY(casa->enlazar(u"b"_s, u"Quorvela/a"_s));
-    QVERIFY(casa->enlazar(u"a"_s, u"Quorvela/b"_s));
-    QVERIFY(!disco->crearCarpeta(u"C:\\Quorvela\\a\\x"_s));
-    QVERIFY(!disco->agregar(u"C:\\Quorvela\\a\\x"_s, "x"));
-    QVERIFY(!disco->agregar(u"C:\\Quorvela\\a"_s, "x"));
-    QVERIFY(!disco->recibir(u"C:\\Quorvela\\a"_s));
-    QVERIFY(!disco->borrar(u"C:\\Quorvela\\a"_s));
-    QVERIFY(!disco->largo(u"C:\\Quorvela\\a"_s));
+    QVERIFY(m_casa->enlazar(u"b"_s, u"Quorvela/a"_s));
+    QVERIFY(m_casa->enlazar(u"a"_s, u"Quorvela/b"_s));
+    QVERIFY(!m_disco->crearCarpeta(u"C:\\Quorvela\\a\\x"_s));
+    QVERIFY(!m_disco->agregar(u"C:\\Quorvela\\a\\x"_s, "x"));
+    QVERIFY(!m_disco->agregar(u"C:\\Quorvela\\a"_s, "x"));
+    QVERIFY(!m_disco->recibir(u"C:\\Quorvela\\a"_s));
+    QVERIFY(!m_disco->borrar(u"C:\\Quorvela\\a"_s));
+    QVERIFY(!m_disco->largo(u"C:\\Quorvela\\a"_s));
 }
 
 void tst_DriveCFuera::enlaceAUnArchivo_sirve()
 {
-    QVERIFY(casa->hacerCarpeta(u"Quorvela/notas"_s));
-    QVERIFY(casa->escribir(u"Quorvela/a.txt"_s, "a"));
-    QVERIFY(casa->enlazar(u"../a.txt"_s, u"Quorvela/notas/e.txt"_s));
-    QVERIFY(disco->agregar(u"C:\\Quorvela\\notas\\E.txt"_s, "b"));
-    QCOMPARE(disco->largo(u"C:\\Quorvela\\notas\\e.txt"_s), 2);
-    QCOMPARE(casa->leer(u"Quorvela/a.txt"_s), QByteArray("ab"));
+    QVERIFY(m_casa->hacerCarpeta(u"Quorvela/notas"_s));
+    QVERIFY(m_casa->escribir(u"Quorvela/a.txt"_s, "a"));
+    QVERIFY(m_casa->enlazar(u"../a.txt"_s, u"Quorvela/notas/e.txt"_s));
+    QVERIFY(m_disco->agregar(u"C:\\Quorvela\\notas\\E.txt"_s, "b"));
+    QCOMPARE(m_disco->largo(u"C:\\Quorvela\\notas\\e.txt"_s), 2);
+    QCOMPARE(m_casa->leer(u"Quorvela/a.txt"_s), QByteArray("ab"));
     // The link itself is deleted, and what is written afterwards is a file.
-    QVERIFY(disco->borrar(u"C:\\Quorvela\\notas\\e.txt"_s));
-    QVERIFY(disco->agregar(u"C:\\Quorvela\\notas\\e.txt"_s, "c"));
-    QCOMPARE(casa->leer(u"Quorvela/a.txt"_s), QByteArray("ab"));
-    QCOMPARE(casa->leer(u"Quorvela/notas/e.txt"_s), QByteArray("c"));
-    QCOMPARE(casa->enlace(u"Quorvela/notas/e.txt"_s), QByteArray());
+    QVERIFY(m_disco->borrar(u"C:\\Quorvela\\notas\\e.txt"_s));
+    QVERIFY(m_disco->agregar(u"C:\\Quorvela\\notas\\e.txt"_s, "c"));
+    QCOMPARE(m_casa->leer(u"Quorvela/a.txt"_s), QByteArray("ab"));
+    QCOMPARE(m_casa->leer(u"Quorvela/notas/e.txt"_s), QByteArray("c"));
+    QCOMPARE(m_casa->enlace(u"Quorvela/notas/e.txt"_s), QByteArray());
 }
 
 void tst_DriveCFuera::noEsArchivo_todoFalla_data()
@@ -227,46 +229,46 @@ void tst_DriveCFuera::noEsArchivo_todoFalla()
     QFETCH(int, clase);
     QFETCH(bool, porEnlace);
     QFETCH(bool, conLector);
-    const QByteArray nativa = QFile::encodeName(casa->ruta(u"Quorvela/raro"_s));
+    const QByteArray nativa = QFile::encodeName(m_casa->ruta(u"Quorvela/raro"_s));
     QCOMPARE(::mknod(nativa.constData(), static_cast<mode_t>(clase) | 0600, 0), 0);
-    QVERIFY(casa->enlazar(u"raro"_s, u"Quorvela/enlace"_s));
+    QVERIFY(m_casa->enlazar(u"raro"_s, u"Quorvela/enlace"_s));
     const int lector = conLector ? ::open(nativa.constData(), O_RDWR | O_CLOEXEC) : -1;
     const auto cierre = qScopeGuard([lector] { ::close(lector); });
     const QString ruta = porEnlace ? u"C:\\Quorvela\\enlace"_s : u"C:\\Quorvela\\Raro"_s;
-    QVERIFY(!disco->largo(ruta));
-    QVERIFY(!disco->agregar(ruta, "x"));
-    QVERIFY(!disco->recibir(ruta));
-    QVERIFY(!disco->borrar(ruta));
-    QVERIFY(!disco->crearCarpeta(ruta));
-    QCOMPARE(casa->entradas(u"Quorvela"_s).filter(u"raro"_s), QStringList{u"raro"_s});
-    QCOMPARE(casa->enlace(u"Quorvela/enlace"_s), QByteArray("raro"));
+    QVERIFY(!m_disco->largo(ruta));
+    QVERIFY(!m_disco->agregar(ruta, "x"));
+    QVERIFY(!m_disco->recibir(ruta));
+    QVERIFY(!m_disco->borrar(ruta));
+    QVERIFY(!m_disco->crearCarpeta(ruta));
+    QCOMPARE(m_casa->entradas(u"Quorvela"_s).filter(u"raro"_s), QStringList{u"raro"_s});
+    QCOMPARE(m_casa->enlace(u"Quorvela/enlace"_s), QByteArray("raro"));
 }
 
 // Nothing tells where a file's other names stand.
 void tst_DriveCFuera::archivoConOtroNombreFuera_noCambia()
 {
     const auto juntar = [this] {
-        return ::link(QFile::encodeName(casa->ruta(u"ajeno.txt"_s)).constData(),
-                      QFile::encodeName(casa->ruta(u"Quorvela/a.txt"_s)).constData())
+        return ::link(QFile::encodeName(m_casa->ruta(u"ajeno.txt"_s)).constData(),
+                      QFile::encodeName(m_casa->ruta(u"Quorvela/a.txt"_s)).constData())
                == 0;
     };
-    QVERIFY(casa->escribir(u"ajeno.txt"_s, "ajeno"));
+    QVERIFY(m_casa->escribir(u"ajeno.txt"_s, "ajeno"));
     QVERIFY(juntar());
-    QVERIFY(!disco->agregar(u"C:\\Quorvela\\a.txt"_s, "x"));
-    QCOMPARE(casa->leer(u"ajeno.txt"_s), QByteArray("ajeno"));
-    QCOMPARE(disco->largo(u"C:\\Quorvela\\a.txt"_s), 5);
+    QVERIFY(!m_disco->agregar(u"C:\\Quorvela\\a.txt"_s, "x"));
+    QCOMPARE(m_casa->leer(u"ajeno.txt"_s), QByteArray("ajeno"));
+    QCOMPARE(m_disco->largo(u"C:\\Quorvela\\a.txt"_s), 5);
     // Taking the one name away, or giving it to another file, leaves the other as it is.
-    QVERIFY(disco->borrar(u"C:\\Quorvela\\a.txt"_s));
-    QVERIFY(disco->agregar(u"C:\\Quorvela\\a.txt"_s, "x"));
-    QCOMPARE(casa->leer(u"Quorvela/a.txt"_s), QByteArray("x"));
-    QVERIFY(disco->borrar(u"C:\\Quorvela\\a.txt"_s));
+    QVERIFY(m_disco->borrar(u"C:\\Quorvela\\a.txt"_s));
+    QVERIFY(m_disco->agregar(u"C:\\Quorvela\\a.txt"_s, "x"));
+    QCOMPARE(m_casa->leer(u"Quorvela/a.txt"_s), QByteArray("x"));
+    QVERIFY(m_disco->borrar(u"C:\\Quorvela\\a.txt"_s));
     QVERIFY(juntar());
-    const auto entrante = disco->recibir(u"C:\\Quorvela\\a.txt"_s);
+    const auto entrante = m_disco->recibir(u"C:\\Quorvela\\a.txt"_s);
     QVERIFY(entrante);
     entrante->dispositivo().write("y");
     QVERIFY(entrante->publicar());
-    QCOMPARE(casa->leer(u"Quorvela/a.txt"_s), QByteArray("y"));
-    QCOMPARE(casa->leer(u"ajeno.txt"_s), QByteArray("ajeno"));
+    QCOMPARE(m_casa->leer(u"Quorvela/a.txt"_s), QByteArray("y"));
+    QCOMPARE(m_casa->leer(u"ajeno.txt"_s), QByteArray("ajeno"));
 }
 
 void tst_DriveCFuera::separadorAlFinal_noEsArchivo_data()
@@ -280,21 +282,21 @@ void tst_DriveCFuera::separadorAlFinal_noEsArchivo_data()
 void tst_DriveCFuera::separadorAlFinal_noEsArchivo()
 {
     QFETCH(QString, cola);
-    QVERIFY(casa->hacerCarpeta(u"Quorvela/labels"_s));
-    QVERIFY(casa->escribir(u"Quorvela/labels/MAT"_s, "foto"));
+    QVERIFY(m_casa->hacerCarpeta(u"Quorvela/labels"_s));
+    QVERIFY(m_casa->escribir(u"Quorvela/labels/MAT"_s, "foto"));
     for (const auto &nombre : {u"MAT"_s, u"nueva"_s, u""_s}) {
         const QString ruta = u"C:\\Quorvela\\labels\\"_s + nombre + cola;
-        QVERIFY(!disco->borrar(ruta));
-        QVERIFY(!disco->largo(ruta));
-        QVERIFY(!disco->agregar(ruta, "x"));
-        QVERIFY(!disco->recibir(ruta));
+        QVERIFY(!m_disco->borrar(ruta));
+        QVERIFY(!m_disco->largo(ruta));
+        QVERIFY(!m_disco->agregar(ruta, "x"));
+        QVERIFY(!m_disco->recibir(ruta));
     }
-    QCOMPARE(casa->entradas(u"Quorvela/labels"_s), QStringList{u"MAT"_s});
-    QCOMPARE(casa->leer(u"Quorvela/labels/MAT"_s), QByteArray("foto"));
+    QCOMPARE(m_casa->entradas(u"Quorvela/labels"_s), QStringList{u"MAT"_s});
+    QCOMPARE(m_casa->leer(u"Quorvela/labels/MAT"_s), QByteArray("foto"));
     // The paths of folders end so.
-    QVERIFY(disco->crearCarpeta(u"C:\\Quorvela\\labels\\carpeta"_s + cola));
-    QVERIFY(QFileInfo(casa->ruta(u"Quorvela/labels/carpeta"_s)).isDir());
-    QCOMPARE(disco->carpetas(u"C:\\Quorvela\\labels\\"_s),
+    QVERIFY(m_disco->crearCarpeta(u"C:\\Quorvela\\labels\\carpeta"_s + cola));
+    QVERIFY(QFileInfo(m_casa->ruta(u"Quorvela/labels/carpeta"_s)).isDir());
+    QCOMPARE(m_disco->carpetas(u"C:\\Quorvela\\labels\\"_s),
              QStringList{u"C:\\Quorvela\\labels\\carpeta"_s});
 }
 

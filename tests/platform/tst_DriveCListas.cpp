@@ -31,34 +31,34 @@ private Q_SLOTS:
     void lista_ausente_nada();
 
 private:
-    std::unique_ptr<CarpetaPersonal> casa;
-    std::unique_ptr<DriveC> disco;
+    std::unique_ptr<CarpetaPersonal> m_casa;
+    std::unique_ptr<DriveC> m_disco;
 };
 
 void tst_DriveCListas::init()
 {
-    casa = std::make_unique<CarpetaPersonal>();
-    QVERIFY(casa->hacerCarpeta(u"Quorvela"_s));
-    disco = std::make_unique<DriveC>(casa->ruta());
+    m_casa = std::make_unique<CarpetaPersonal>();
+    QVERIFY(m_casa->hacerCarpeta(u"Quorvela"_s));
+    m_disco = std::make_unique<DriveC>(m_casa->ruta());
 }
 
 void tst_DriveCListas::cleanup()
 {
-    disco.reset();
-    casa.reset();
+    m_disco.reset();
+    m_casa.reset();
 }
 
 void tst_DriveCListas::lista_porNombreSinMirarLaLetra()
 {
     for (const auto &nombre : {u"9-2010"_s, u"10-2010"_s, u"beta"_s, u"Alfa"_s, u"ALFIL"_s,
                                u"Ñandú"_s, u"ñame"_s, u"zeta"_s})
-        QVERIFY(casa->hacerCarpeta(u"Quorvela/"_s + nombre));
-    QVERIFY(casa->escribir(u"Quorvela/archivo.txt"_s, "no es carpeta"));
+        QVERIFY(m_casa->hacerCarpeta(u"Quorvela/"_s + nombre));
+    QVERIFY(m_casa->escribir(u"Quorvela/archivo.txt"_s, "no es carpeta"));
     const QStringList esperadas = {u"C:\\Quorvela\\10-2010"_s, u"C:\\Quorvela\\9-2010"_s,
                                    u"C:\\Quorvela\\Alfa"_s,    u"C:\\Quorvela\\ALFIL"_s,
                                    u"C:\\Quorvela\\beta"_s,    u"C:\\Quorvela\\zeta"_s,
                                    u"C:\\Quorvela\\ñame"_s,    u"C:\\Quorvela\\Ñandú"_s};
-    QCOMPARE(disco->carpetas(u"C:\\Quorvela"_s), esperadas);
+    QCOMPARE(m_disco->carpetas(u"C:\\Quorvela"_s), esperadas);
 }
 
 void tst_DriveCListas::lista_empiezaComoSePidio_data()
@@ -76,21 +76,21 @@ void tst_DriveCListas::lista_empiezaComoSePidio()
 {
     QFETCH(QString, ruta);
     QFETCH(QStringList, lista);
-    QVERIFY(casa->hacerCarpeta(u"Quorvela/Uno-2010"_s));
-    QCOMPARE(disco->carpetas(ruta), lista);
+    QVERIFY(m_casa->hacerCarpeta(u"Quorvela/Uno-2010"_s));
+    QCOMPARE(m_disco->carpetas(ruta), lista);
 }
 
 void tst_DriveCListas::lista_pasaPorAltoOtrasEscrituras()
 {
-    QVERIFY(disco->crearCarpeta(u"C:\\Quorvela\\notas"_s));
-    QVERIFY(!disco->crearCarpeta(u"C:\\Quorvela\\Notas"_s));
-    QVERIFY(!disco->crearCarpeta(u"C:\\Quorvela\\NOTAS"_s));
+    QVERIFY(m_disco->crearCarpeta(u"C:\\Quorvela\\notas"_s));
+    QVERIFY(!m_disco->crearCarpeta(u"C:\\Quorvela\\Notas"_s));
+    QVERIFY(!m_disco->crearCarpeta(u"C:\\Quorvela\\NOTAS"_s));
     // Another name for a folder is an entry of its own.
-    QVERIFY(casa->enlazar(u"notas"_s, u"Quorvela/viejas"_s));
-    QCOMPARE(disco->carpetas(u"C:\\Quorvela"_s),
+    QVERIFY(m_casa->enlazar(u"notas"_s, u"Quorvela/viejas"_s));
+    QCOMPARE(m_disco->carpetas(u"C:\\Quorvela"_s),
              (QStringList{u"C:\\Quorvela\\notas"_s, u"C:\\Quorvela\\viejas"_s}));
-    QCOMPARE(disco->carpetas(casa->ruta(u"Quorvela"_s)),
-             (QStringList{casa->ruta(u"Quorvela/notas"_s), casa->ruta(u"Quorvela/viejas"_s)}));
+    QCOMPARE(m_disco->carpetas(m_casa->ruta(u"Quorvela"_s)),
+             (QStringList{m_casa->ruta(u"Quorvela/notas"_s), m_casa->ruta(u"Quorvela/viejas"_s)}));
 }
 
 void tst_DriveCListas::lista_fueraDeLaUnidad_rutasNativas()
@@ -100,16 +100,16 @@ void tst_DriveCListas::lista_fueraDeLaUnidad_rutasNativas()
         QVERIFY(fuera.hacerCarpeta(nombre));
     QVERIFY(fuera.escribir(u"archivo"_s, "x"));
     const QStringList esperadas = {fuera.ruta(u"A"_s), fuera.ruta(u"b"_s), fuera.ruta(u"c d"_s)};
-    QCOMPARE(disco->carpetas(fuera.ruta()), esperadas);
-    QCOMPARE(disco->carpetas(fuera.ruta() + u'/'), esperadas);
+    QCOMPARE(m_disco->carpetas(fuera.ruta()), esperadas);
+    QCOMPARE(m_disco->carpetas(fuera.ruta() + u'/'), esperadas);
 }
 
 // A dot at the beginning hides nothing on Windows.
 void tst_DriveCListas::lista_nombreConPunto_soloEnLaUnidad()
 {
-    QVERIFY(casa->hacerCarpeta(u"Quorvela/.1-2010"_s));
-    QCOMPARE(disco->carpetas(u"C:\\Quorvela"_s), QStringList{u"C:\\Quorvela\\.1-2010"_s});
-    QCOMPARE(disco->carpetas(casa->ruta(u"Quorvela"_s)), QStringList());
+    QVERIFY(m_casa->hacerCarpeta(u"Quorvela/.1-2010"_s));
+    QCOMPARE(m_disco->carpetas(u"C:\\Quorvela"_s), QStringList{u"C:\\Quorvela\\.1-2010"_s});
+    QCOMPARE(m_disco->carpetas(m_casa->ruta(u"Quorvela"_s)), QStringList());
 }
 
 void tst_DriveCListas::deLaLista_esaMismaCarpeta_data()
@@ -133,28 +133,28 @@ void tst_DriveCListas::deLaLista_esaMismaCarpeta()
 {
     QFETCH(QString, nombre);
     QFETCH(QString, vecina);
-    QVERIFY(casa->hacerCarpeta(u"Quorvela/"_s + vecina));
-    QVERIFY(casa->escribir(u"Quorvela/"_s + vecina + u"/index.html"_s, "vecina"));
-    QVERIFY(QDir(casa->ruta(u"Quorvela"_s)).mkdir(nombre));
-    QVERIFY(casa->escribir(u"Quorvela/"_s + nombre + u"/Index.HTML"_s, "elegida"));
+    QVERIFY(m_casa->hacerCarpeta(u"Quorvela/"_s + vecina));
+    QVERIFY(m_casa->escribir(u"Quorvela/"_s + vecina + u"/index.html"_s, "vecina"));
+    QVERIFY(QDir(m_casa->ruta(u"Quorvela"_s)).mkdir(nombre));
+    QVERIFY(m_casa->escribir(u"Quorvela/"_s + nombre + u"/Index.HTML"_s, "elegida"));
     const QString renglon = u"C:\\Quorvela\\"_s + nombre;
-    const auto lista = disco->carpetas(u"C:\\Quorvela"_s);
+    const auto lista = m_disco->carpetas(u"C:\\Quorvela"_s);
     QVERIFY(lista && lista->contains(renglon));
-    QCOMPARE(disco->rutaNativa(renglon + u"/index.html"_s),
-             casa->ruta(u"Quorvela/"_s + nombre + u"/Index.HTML"_s));
-    QCOMPARE(disco->rutaNativa(renglon + u"/falta.html"_s),
-             casa->ruta(u"Quorvela/"_s + nombre + u"/falta.html"_s));
+    QCOMPARE(m_disco->rutaNativa(renglon + u"/index.html"_s),
+             m_casa->ruta(u"Quorvela/"_s + nombre + u"/Index.HTML"_s));
+    QCOMPARE(m_disco->rutaNativa(renglon + u"/falta.html"_s),
+             m_casa->ruta(u"Quorvela/"_s + nombre + u"/falta.html"_s));
 }
 
 void tst_DriveCListas::deLaLista_enlaceODosEscrituras()
 {
-    QVERIFY(casa->hacerCarpeta(u"fuera"_s));
-    QVERIFY(casa->enlazar(u"../fuera"_s, u"Quorvela/nul"_s));
-    QVERIFY(casa->hacerCarpeta(u"Quorvela/AUX"_s));
-    QVERIFY(casa->hacerCarpeta(u"Quorvela/aux"_s));
+    QVERIFY(m_casa->hacerCarpeta(u"fuera"_s));
+    QVERIFY(m_casa->enlazar(u"../fuera"_s, u"Quorvela/nul"_s));
+    QVERIFY(m_casa->hacerCarpeta(u"Quorvela/AUX"_s));
+    QVERIFY(m_casa->hacerCarpeta(u"Quorvela/aux"_s));
     for (const auto &nombre : {u"nul"_s, u"AUX"_s, u"aux"_s})
-        QCOMPARE(disco->rutaNativa(u"C:\\Quorvela\\"_s + nombre + u"/index.html"_s),
-                 casa->ruta(u"Quorvela/"_s + nombre + u"/index.html"_s));
+        QCOMPARE(m_disco->rutaNativa(u"C:\\Quorvela\\"_s + nombre + u"/index.html"_s),
+                 m_casa->ruta(u"Quorvela/"_s + nombre + u"/index.html"_s));
 }
 
 void tst_DriveCListas::noEstaEnLaLista_comoSiempre_data()
@@ -173,21 +173,21 @@ void tst_DriveCListas::noEstaEnLaLista_comoSiempre()
 {
     QFETCH(QString, ruta);
     QFETCH(QString, dentro);
-    QVERIFY(casa->hacerCarpeta(u"Quorvela/Notas"_s));
-    QVERIFY(casa->hacerCarpeta(u"otra/aux"_s));
-    QVERIFY(casa->escribir(u"Quorvela/nul"_s, "no es carpeta"));
-    QCOMPARE(disco->rutaNativa(ruta), dentro.isEmpty() ? ruta : casa->ruta(dentro));
+    QVERIFY(m_casa->hacerCarpeta(u"Quorvela/Notas"_s));
+    QVERIFY(m_casa->hacerCarpeta(u"otra/aux"_s));
+    QVERIFY(m_casa->escribir(u"Quorvela/nul"_s, "no es carpeta"));
+    QCOMPARE(m_disco->rutaNativa(ruta), dentro.isEmpty() ? ruta : m_casa->ruta(dentro));
 }
 
 void tst_DriveCListas::nombreRefusado_seListaPeroNoSeEscribe()
 {
     for (const auto &nombre : {u"con"_s, u"punto."_s, u"a:b"_s}) {
-        QVERIFY(casa->hacerCarpeta(u"Quorvela/"_s + nombre));
+        QVERIFY(m_casa->hacerCarpeta(u"Quorvela/"_s + nombre));
         const QString archivo = u"C:\\Quorvela\\"_s + nombre + u"/index.html"_s;
-        QVERIFY(!disco->agregar(archivo, "x"));
-        QVERIFY(!disco->recibir(archivo));
-        QVERIFY(!disco->crearCarpeta(archivo));
-        QVERIFY(casa->entradas(u"Quorvela/"_s + nombre).isEmpty());
+        QVERIFY(!m_disco->agregar(archivo, "x"));
+        QVERIFY(!m_disco->recibir(archivo));
+        QVERIFY(!m_disco->crearCarpeta(archivo));
+        QVERIFY(m_casa->entradas(u"Quorvela/"_s + nombre).isEmpty());
     }
 }
 
@@ -205,8 +205,8 @@ void tst_DriveCListas::lista_ausente_nada_data()
 void tst_DriveCListas::lista_ausente_nada()
 {
     QFETCH(QString, ruta);
-    QVERIFY(casa->escribir(u"Quorvela/a.txt"_s, "x"));
-    QVERIFY(!disco->carpetas(ruta));
+    QVERIFY(m_casa->escribir(u"Quorvela/a.txt"_s, "x"));
+    QVERIFY(!m_disco->carpetas(ruta));
 }
 
 QTEST_GUILESS_MAIN(tst_DriveCListas)

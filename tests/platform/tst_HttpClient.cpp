@@ -85,8 +85,8 @@ private Q_SLOTS:
     void autoridadesAusentes_noAtanenAHttp();
 
 private:
-    std::unique_ptr<ServicioDemo> servicio = std::make_unique<ServicioDemo>();
-    QByteArray base() const { return servicio->base().toLatin1(); }
+    std::unique_ptr<ServicioDemo> m_servicio = std::make_unique<ServicioDemo>();
+    QByteArray base() const { return m_servicio->base().toLatin1(); }
 };
 
 void tst_HttpClient::initTestCase()
@@ -96,16 +96,16 @@ void tst_HttpClient::initTestCase()
 
 void tst_HttpClient::init()
 {
-    servicio->quitarFallas();
-    servicio->olvidarPeticiones();
+    m_servicio->quitarFallas();
+    m_servicio->olvidarPeticiones();
 }
 
 void tst_HttpClient::peticionDeTexto_bytesExactos()
 {
     HttpClient http;
     QCOMPARE(http.get(base() + consulta, cabecerasTexto), valor);
-    QCOMPARE(servicio->peticiones().size(), 1);
-    QCOMPARE(servicio->peticiones().first().bytes,
+    QCOMPARE(m_servicio->peticiones().size(), 1);
+    QCOMPARE(m_servicio->peticiones().first().bytes,
              QByteArray("GET /querys/tessarin/tomarValor.php?idcolegio=123&campo=CDANE HTTP/1.1\r\n"
                         "Host: "
                         + base().mid(7)
@@ -126,8 +126,8 @@ void tst_HttpClient::descarga_bytesExactos()
     destino.open(QIODevice::WriteOnly);
     QVERIFY(http.getArchivo(base() + consulta, destino));
     QCOMPARE(destino.data(), valor);
-    QCOMPARE(servicio->peticiones().size(), 1);
-    QCOMPARE(servicio->peticiones().first().bytes,
+    QCOMPARE(m_servicio->peticiones().size(), 1);
+    QCOMPARE(m_servicio->peticiones().first().bytes,
              QByteArray("GET /querys/tessarin/tomarValor.php?idcolegio=123&campo=CDANE HTTP/1.1\r\n"
                         "Host: "
                         + base().mid(7)
@@ -144,9 +144,9 @@ void tst_HttpClient::cabeceras_enSuOrdenYLetra()
     QVERIFY(http.get(base() + consulta, {{"x-SEGUNDA", "2"}, {"X-primera", "a b;c"}}));
     // A handle that has been used keeps nothing of its last request.
     QVERIFY(http.get(base() + consulta, {{"x-Tercera", "3"}}));
-    QVERIFY(servicio->peticiones().first().bytes.endsWith(
+    QVERIFY(m_servicio->peticiones().first().bytes.endsWith(
         "Accept-Encoding: gzip, deflate\r\nx-SEGUNDA: 2\r\nX-primera: a b;c\r\n\r\n"));
-    QVERIFY(servicio->peticiones().last().bytes.endsWith(
+    QVERIFY(m_servicio->peticiones().last().bytes.endsWith(
         "Accept-Encoding: gzip, deflate\r\nx-Tercera: 3\r\n\r\n"));
 }
 
@@ -188,9 +188,9 @@ void tst_HttpClient::destino_enLinea()
     QBuffer destino;
     destino.open(QIODevice::WriteOnly);
     http.getArchivo(base() + pedido, destino); // most of these the school does not have
-    QCOMPARE(servicio->peticiones().size(), 2);
-    QCOMPARE(servicio->peticiones().first().destino, enLinea);
-    QCOMPARE(servicio->peticiones().last().destino, enLinea);
+    QCOMPARE(m_servicio->peticiones().size(), 2);
+    QCOMPARE(m_servicio->peticiones().first().destino, enLinea);
+    QCOMPARE(m_servicio->peticiones().last().destino, enLinea);
 }
 
 void tst_HttpClient::direccionSinRuta_pideLaRaiz_data()
@@ -208,7 +208,7 @@ void tst_HttpClient::direccionSinRuta_pideLaRaiz()
     QFETCH(QByteArray, enLinea);
     HttpClient http;
     QVERIFY(http.get(base() + resto, {}));
-    QCOMPARE(servicio->peticiones().first().destino, enLinea);
+    QCOMPARE(m_servicio->peticiones().first().destino, enLinea);
 }
 
 void tst_HttpClient::falla_deTexto_data()
@@ -238,9 +238,9 @@ void tst_HttpClient::falla_deTexto()
     HttpClient::Limites limites;
     limites.silencio = falla.clase == Falla::Muda ? 200ms : 120s;
     HttpClient http(HttpClient::autoridadesDelSistema(), limites);
-    servicio->fallar("CDANE", falla, 1);
+    m_servicio->fallar("CDANE", falla, 1);
     QCOMPARE(http.get(base() + consulta, cabecerasTexto), cuerpo);
-    QCOMPARE(servicio->peticiones().size(), 1); // no request is repeated
+    QCOMPARE(m_servicio->peticiones().size(), 1); // no request is repeated
     // The client has come to no harm.
     QCOMPARE(http.get(base() + consulta, cabecerasTexto), valor);
 }
@@ -274,11 +274,11 @@ void tst_HttpClient::falla_deDescarga()
     HttpClient::Limites limites;
     limites.silencio = falla.clase == Falla::Muda ? 200ms : 120s;
     HttpClient http(HttpClient::autoridadesDelSistema(), limites);
-    servicio->fallar("CDANE", falla);
+    m_servicio->fallar("CDANE", falla);
     QBuffer destino;
     destino.open(QIODevice::WriteOnly);
     QCOMPARE(http.getArchivo(base() + consulta, destino), llega);
-    QCOMPARE(servicio->peticiones().size(), 1);
+    QCOMPARE(m_servicio->peticiones().size(), 1);
     if (llega)
         QCOMPARE(destino.data(), cuerpo);
 }
@@ -300,7 +300,7 @@ void tst_HttpClient::falla_descargaEnArchivo()
     HttpClient::Limites limites;
     limites.silencio = falla.clase == Falla::Muda ? 200ms : 120s;
     HttpClient http(HttpClient::autoridadesDelSistema(), limites);
-    servicio->fallar("CDANE", falla);
+    m_servicio->fallar("CDANE", falla);
     {
         const auto entrante = disco.recibir(u"C:\\Quorvela\\foto.jpg"_s);
         QVERIFY(entrante);
@@ -323,10 +323,10 @@ void tst_HttpClient::estado_deTexto_data()
 void tst_HttpClient::estado_deTexto()
 {
     QFETCH(int, estado);
-    servicio->fallar("CDANE", {Falla::Estado, "cuerpo", estado});
+    m_servicio->fallar("CDANE", {Falla::Estado, "cuerpo", estado});
     HttpClient http;
     QCOMPARE(http.get(base() + consulta, cabecerasTexto), QByteArray("cuerpo"));
-    QCOMPARE(servicio->peticiones().size(), 1);
+    QCOMPARE(m_servicio->peticiones().size(), 1);
 }
 
 void tst_HttpClient::destinoQueNoCabe_descargaFalla_data()
@@ -346,7 +346,7 @@ void tst_HttpClient::destinoQueNoCabe_descargaFalla()
     HttpClient http;
     DispositivoLleno destino(cabida);
     QCOMPARE(http.getArchivo(base() + consulta, destino), llega);
-    QCOMPARE(servicio->peticiones().size(), 1);
+    QCOMPARE(m_servicio->peticiones().size(), 1);
 }
 
 void tst_HttpClient::galletas_compartidasPorTextoYDescarga()

@@ -74,7 +74,7 @@ private Q_SLOTS:
     void servidorMudo_elProgramaTermina();
 
 private:
-    std::unique_ptr<ServidorMudo> mudo;
+    std::unique_ptr<ServidorMudo> m_mudo;
 };
 
 void tst_HttpNombres::initTestCase()
@@ -82,8 +82,8 @@ void tst_HttpNombres::initTestCase()
     if (!motivoSinRed.isEmpty())
         QSKIP(qPrintable(motivoSinRed));
     sinProxy();
-    mudo = std::make_unique<ServidorMudo>();
-    QVERIFY(mudo->abierto());
+    m_mudo = std::make_unique<ServidorMudo>();
+    QVERIFY(m_mudo->abierto());
 }
 
 void tst_HttpNombres::servidorMudo_elBucleGira()
@@ -104,7 +104,7 @@ void tst_HttpNombres::servidorMudo_elBucleGira()
         mayorHueco = std::max(mayorHueco, reloj.restart()); // the giving up,
     }
     mayorHueco = std::max(mayorHueco, reloj.elapsed()); // and the client's end
-    QVERIFY(mudo->preguntado());
+    QVERIFY(m_mudo->preguntado());
     QVERIFY2(vueltas >= 20, qPrintable(QString::number(vueltas)));
     QVERIFY2(mayorHueco < std::chrono::milliseconds(muchoMenos).count(),
              qPrintable(QString::number(mayorHueco)));

@@ -134,18 +134,18 @@ private Q_SLOTS:
     void pocosDescriptores_terminaSiempre();
 
 private:
-    QTemporaryDir carpeta;
-    ServicioDemo servicio{{}, ServicioDemo::Modo::Https};
-    QString autoridad = carpeta.filePath(u"autoridad.pem"_s);
+    QTemporaryDir m_carpeta;
+    ServicioDemo m_servicio{{}, ServicioDemo::Modo::Https};
+    QString m_autoridad = m_carpeta.filePath(u"autoridad.pem"_s);
 };
 
 void tst_HttpProceso::initTestCase()
 {
     sinProxy();
     std::signal(SIGPIPE, SIG_IGN); // of clients that end in the middle of a greeting
-    QFile archivo(autoridad);
+    QFile archivo(m_autoridad);
     QVERIFY(archivo.open(QIODevice::WriteOnly));
-    QCOMPARE(archivo.write(servicio.autoridad()), servicio.autoridad().size());
+    QCOMPARE(archivo.write(m_servicio.autoridad()), m_servicio.autoridad().size());
 }
 
 void tst_HttpProceso::limiteDeTexto_loAcordado()
@@ -197,11 +197,11 @@ void tst_HttpProceso::respuestaSinMedida_acotada()
 // A file with the keys of every connection would let others read along.
 void tst_HttpProceso::archivoDeLlaves_noSeEscribe()
 {
-    const QString llaves = carpeta.filePath(u"llaves"_s);
+    const QString llaves = m_carpeta.filePath(u"llaves"_s);
     QProcessEnvironment entorno = QProcessEnvironment::systemEnvironment();
     entorno.insert(u"SSLKEYLOGFILE"_s, llaves);
     const Salida salida = correr(
-        {u"--cifrado"_s, servicio.base() + QString::fromLatin1(consulta), autoridad}, entorno);
+        {u"--cifrado"_s, m_servicio.base() + QString::fromLatin1(consulta), m_autoridad}, entorno);
     QVERIFY(salida.termino);
     QCOMPARE(salida.lineas.value(0), QByteArray("305001012345")); // over TLS
     QVERIFY(!QFile::exists(llaves));
@@ -221,12 +221,12 @@ void tst_HttpProceso::pocosDescriptores_terminaSiempre()
     QSKIP("The sanitizer needs descriptors of its own to look at an object.");
 #endif
     QFETCH(QString, desdeCuando);
-    const QString direccion = QString(servicio.base()).replace(u"127.0.0.1"_s, u"localhost"_s)
+    const QString direccion = QString(m_servicio.base()).replace(u"127.0.0.1"_s, u"localhost"_s)
                               + QString::fromLatin1(consulta);
     QByteArray ultima;
     for (int cuantos = 0; cuantos <= 16; ++cuantos) {
         const Salida salida = correr(
-            {u"--descriptores"_s, direccion, autoridad, QString::number(cuantos), desdeCuando});
+            {u"--descriptores"_s, direccion, m_autoridad, QString::number(cuantos), desdeCuando});
         QVERIFY2(salida.termino, qPrintable(QString::number(cuantos)));
         ultima = salida.lineas.value(0);
         if (cuantos == 0)

@@ -113,16 +113,16 @@ private Q_SLOTS:
 private:
     QString archivoDe(const QByteArray &pem, const QString &nombre) const;
 
-    QTemporaryDir carpeta;
-    ServicioDemo servicio{{}, ServicioDemo::Modo::Https};
-    QByteArray base = servicio.base().toLatin1();
-    int puerto = QUrl(servicio.base()).port();
-    QString autoridad;
+    QTemporaryDir m_carpeta;
+    ServicioDemo m_servicio{{}, ServicioDemo::Modo::Https};
+    QByteArray m_base = m_servicio.base().toLatin1();
+    int m_puerto = QUrl(m_servicio.base()).port();
+    QString m_autoridad;
 };
 
 QString tst_HttpsClient::archivoDe(const QByteArray &pem, const QString &nombre) const
 {
-    QFile archivo(carpeta.filePath(nombre));
+    QFile archivo(m_carpeta.filePath(nombre));
     if (!archivo.open(QIODevice::WriteOnly) || archivo.write(pem) != pem.size())
         qFatal("no file of authorities");
     return archivo.fileName();
@@ -130,14 +130,14 @@ QString tst_HttpsClient::archivoDe(const QByteArray &pem, const QString &nombre)
 
 void tst_HttpsClient::initTestCase()
 {
-    autoridad = archivoDe(servicio.autoridad(), u"autoridad.pem"_s);
+    m_autoridad = archivoDe(m_servicio.autoridad(), u"autoridad.pem"_s);
 }
 
 void tst_HttpsClient::init()
 {
     sinProxy();
-    servicio.quitarFallas();
-    servicio.olvidarPeticiones();
+    m_servicio.quitarFallas();
+    m_servicio.olvidarPeticiones();
 }
 
 void tst_HttpsClient::autoridadPropia_verificada_data()
@@ -151,28 +151,28 @@ void tst_HttpsClient::autoridadPropia_verificada_data()
 void tst_HttpsClient::autoridadPropia_verificada()
 {
     QFETCH(QByteArray, servidor);
-    HttpClient http(autoridad);
+    HttpClient http(m_autoridad);
     const QByteArray direccion =
-        "https://" + servidor + ':' + QByteArray::number(puerto) + consulta;
+        "https://" + servidor + ':' + QByteArray::number(m_puerto) + consulta;
     QCOMPARE(http.get(direccion, cabecerasTexto), valor);
     QBuffer destino;
     destino.open(QIODevice::WriteOnly);
     QVERIFY(http.getArchivo(direccion, destino));
     QCOMPARE(destino.data(), valor);
-    QCOMPARE(servicio.peticiones().size(), 2);
+    QCOMPARE(m_servicio.peticiones().size(), 2);
 }
 
 void tst_HttpsClient::peticion_bytesExactos()
 {
-    HttpClient http(autoridad);
-    QVERIFY(http.get(base
+    HttpClient http(m_autoridad);
+    QVERIFY(http.get(m_base
                          + "/querys/tessarin/login.php?azar=1&user=ni\xF1"
                            "a b&pwd=#",
                      cabecerasTexto));
-    QCOMPARE(servicio.peticiones().first().bytes,
+    QCOMPARE(m_servicio.peticiones().first().bytes,
              QByteArray("GET /querys/tessarin/login.php?azar=1&user=ni%F1a%20b&pwd=%23 HTTP/1.1\r\n"
                         "Host: "
-                        + base.mid(8)
+                        + m_base.mid(8)
                         + "\r\n"
                           "User-Agent: Parvanel/4.0\r\n"
                           "Accept: */*\r\n"
@@ -191,7 +191,7 @@ void tst_HttpsClient::otraAutoridad_rechazada_data()
     QTest::newRow("las del sistema") << HttpClient::autoridadesDelSistema();
     QTest::newRow("ninguna") << archivoDe({}, u"vacio.pem"_s);
     QTest::newRow("no es PEM") << archivoDe("hola", u"hola.pem"_s);
-    QTest::newRow("no existe") << carpeta.filePath(u"nada.pem"_s);
+    QTest::newRow("no existe") << m_carpeta.filePath(u"nada.pem"_s);
     QTest::newRow("sin nombre") << QString();
 }
 
@@ -199,11 +199,11 @@ void tst_HttpsClient::otraAutoridad_rechazada()
 {
     QFETCH(QString, archivo);
     HttpClient http(archivo);
-    QCOMPARE(http.get(base + consulta, cabecerasTexto), std::nullopt);
+    QCOMPARE(http.get(m_base + consulta, cabecerasTexto), std::nullopt);
     QBuffer destino;
     destino.open(QIODevice::WriteOnly);
-    QVERIFY(!http.getArchivo(base + consulta, destino));
-    QCOMPARE(servicio.peticiones().size(), 0); // not a byte of the request was given away
+    QVERIFY(!http.getArchivo(m_base + consulta, destino));
+    QCOMPARE(m_servicio.peticiones().size(), 0); // not a byte of the request was given away
 }
 
 void tst_HttpsClient::certificadoFueraDeFecha_rechazado_data()
@@ -232,20 +232,21 @@ void tst_HttpsClient::certificadoFueraDeFecha_rechazado()
 // Parsing the system's bundle takes longer than a whole request.
 void tst_HttpsClient::variasPeticiones_autoridadesAbiertasUnaVez()
 {
-    servicio.fallar("externa", {Falla::Demora, {}, 0, 100ms});
+    m_servicio.fallar("externa", {Falla::Demora, {}, 0, 100ms});
     // Closings are watched too: the system makes one of two equal events in a row.
     const int vista = ::inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
-    QVERIFY(::inotify_add_watch(vista, QFile::encodeName(autoridad).constData(), IN_OPEN | IN_CLOSE)
-            >= 0);
-    HttpClient http(autoridad);
-    QTimer::singleShot(0, this, [&] { http.get(base + consulta, cabecerasTexto); });
-    QCOMPARE(http.get(base + consulta + "&externa", cabecerasTexto), valor);
+    QVERIFY(
+        ::inotify_add_watch(vista, QFile::encodeName(m_autoridad).constData(), IN_OPEN | IN_CLOSE)
+        >= 0);
+    HttpClient http(m_autoridad);
+    QTimer::singleShot(0, this, [&] { http.get(m_base + consulta, cabecerasTexto); });
+    QCOMPARE(http.get(m_base + consulta + "&externa", cabecerasTexto), valor);
     for (int i = 0; i < 3; ++i) {
         QBuffer destino;
         destino.open(QIODevice::WriteOnly);
-        QVERIFY(http.getArchivo(base + consulta, destino));
+        QVERIFY(http.getArchivo(m_base + consulta, destino));
     }
-    QCOMPARE(servicio.peticiones().size(), 5);
+    QCOMPARE(m_servicio.peticiones().size(), 5);
     int aperturas = 0;
     alignas(inotify_event) std::array<char, 16384> sucesos;
     const ssize_t leidos = ::read(vista, sucesos.data(), sucesos.size());
@@ -263,35 +264,35 @@ void tst_HttpsClient::entorno_noApagaLaVerificacion()
     const ServicioDemo otro({}, ServicioDemo::Modo::Https);
     const QString ajena = archivoDe(otro.autoridad(), u"ajena.pem"_s);
     const QList<QPair<const char *, QByteArray>> variables = {
-        {"SSL_CERT_FILE", autoridad.toLocal8Bit()},
-        {"SSL_CERT_DIR", carpeta.path().toLocal8Bit()},
-        {"CURL_CA_BUNDLE", autoridad.toLocal8Bit()}};
+        {"SSL_CERT_FILE", m_autoridad.toLocal8Bit()},
+        {"SSL_CERT_DIR", m_carpeta.path().toLocal8Bit()},
+        {"CURL_CA_BUNDLE", m_autoridad.toLocal8Bit()}};
     for (const auto &[nombre, contenido] : variables)
         qputenv(nombre, contenido);
     HttpClient http(ajena);
-    const auto respuesta = http.get(base + consulta, cabecerasTexto);
+    const auto respuesta = http.get(m_base + consulta, cabecerasTexto);
     for (const auto &[nombre, contenido] : variables)
         qunsetenv(nombre);
     QCOMPARE(respuesta, std::nullopt);
-    QCOMPARE(servicio.peticiones().size(), 0);
+    QCOMPARE(m_servicio.peticiones().size(), 0);
 }
 
 void tst_HttpsClient::otroNombre_rechazado()
 {
-    const Tunel tunel(puerto);
+    const Tunel tunel(m_puerto);
     qputenv("https_proxy", tunel.direccion());
-    HttpClient http(autoridad);
+    HttpClient http(m_autoridad);
     for (const QByteArray nombre :
          {"servicio.example", "127.0.0.2", "localhost.example", "x.localhost"})
         QCOMPARE(http.get("https://" + nombre + consulta, cabecerasTexto), std::nullopt);
-    QCOMPARE(servicio.peticiones().size(), 0);
+    QCOMPARE(m_servicio.peticiones().size(), 0);
 }
 
 void tst_HttpsClient::porTunel_verificaElNombrePedido()
 {
-    const Tunel tunel(puerto);
+    const Tunel tunel(m_puerto);
     qputenv("https_proxy", tunel.direccion());
-    HttpClient http(autoridad);
+    HttpClient http(m_autoridad);
     QCOMPARE(http.get("https://localhost" + consulta, cabecerasTexto), valor);
     QTRY_COMPARE(tunel.pasos().size(), 1);
     QCOMPARE(tunel.pasos().first().peticion, QByteArray("CONNECT localhost:443 HTTP/1.1\r\n"
@@ -302,14 +303,14 @@ void tst_HttpsClient::porTunel_verificaElNombrePedido()
     // Nobody on the way reads what is asked.
     QVERIFY(!tunel.pasos().first().delCliente.contains("tomarValor"));
     QVERIFY(!tunel.pasos().first().delServidor.contains(valor));
-    QVERIFY(servicio.peticiones().first().bytes.contains("\r\nHost: localhost\r\n"));
+    QVERIFY(m_servicio.peticiones().first().bytes.contains("\r\nHost: localhost\r\n"));
 }
 
 void tst_HttpsClient::saludo_ofreceSoloLoPermitido()
 {
-    const Tunel tunel(puerto);
+    const Tunel tunel(m_puerto);
     qputenv("https_proxy", tunel.direccion());
-    HttpClient http(autoridad);
+    HttpClient http(m_autoridad);
     QCOMPARE(http.get("https://localhost" + consulta, cabecerasTexto), valor);
     QTRY_COMPARE(tunel.pasos().size(), 1);
     const auto ofrecidas = extensiones(tunel.pasos().first().delCliente);
@@ -321,9 +322,9 @@ void tst_HttpsClient::saludo_ofreceSoloLoPermitido()
 
 void tst_HttpsClient::segundaPeticion_reanudaLaSesion()
 {
-    const Tunel tunel(puerto);
+    const Tunel tunel(m_puerto);
     qputenv("https_proxy", tunel.direccion());
-    HttpClient http(autoridad);
+    HttpClient http(m_autoridad);
     QCOMPARE(http.get("https://localhost" + consulta, cabecerasTexto), valor);
     QTRY_COMPARE(tunel.pasos().size(), 1);
     QBuffer destino;
@@ -338,9 +339,9 @@ void tst_HttpsClient::segundaPeticion_reanudaLaSesion()
 
 void tst_HttpsClient::muchasPeticiones_todasReanudan()
 {
-    const Tunel tunel(puerto);
+    const Tunel tunel(m_puerto);
     qputenv("https_proxy", tunel.direccion());
-    HttpClient http(autoridad);
+    HttpClient http(m_autoridad);
     constexpr int cuantas = 20;
     for (int i = 0; i < cuantas; ++i)
         QCOMPARE(http.get("https://localhost" + consulta, cabecerasTexto), valor);
@@ -355,12 +356,12 @@ void tst_HttpsClient::muchasPeticiones_todasReanudan()
 // session just being renewed by the other; without a shared one none ever finds it.
 void tst_HttpsClient::anidada_reanudaLaMismaSesion()
 {
-    servicio.fallar("externa", {Falla::Demora, {}, 0, 100ms});
+    m_servicio.fallar("externa", {Falla::Demora, {}, 0, 100ms});
     bool reanudadas = false;
     for (int vez = 0; vez < 5 && !reanudadas; ++vez) {
-        const Tunel tunel(puerto);
+        const Tunel tunel(m_puerto);
         qputenv("https_proxy", tunel.direccion());
-        HttpClient http(autoridad);
+        HttpClient http(m_autoridad);
         QCOMPARE(http.get("https://localhost" + consulta, cabecerasTexto), valor);
         QTRY_COMPARE(tunel.pasos().size(), 1);
         std::optional<QByteArray> interna;
@@ -395,11 +396,11 @@ void tst_HttpsClient::falla_comoSinCifrar()
     QFETCH(std::optional<QByteArray>, cuerpo);
     HttpClient::Limites limites;
     limites.silencio = falla.clase == Falla::Muda ? 500ms : 120s;
-    HttpClient http(autoridad, limites);
-    servicio.fallar("CDANE", falla, 1);
-    QCOMPARE(http.get(base + consulta, cabecerasTexto), cuerpo);
+    HttpClient http(m_autoridad, limites);
+    m_servicio.fallar("CDANE", falla, 1);
+    QCOMPARE(http.get(m_base + consulta, cabecerasTexto), cuerpo);
     if (falla.clase != Falla::Muda) // which may be given up before the greeting is over
-        QCOMPARE(servicio.peticiones().size(), 1);
+        QCOMPARE(m_servicio.peticiones().size(), 1);
 }
 
 void tst_HttpsClient::servidorSinTls_falla()
@@ -410,21 +411,21 @@ void tst_HttpsClient::servidorSinTls_falla()
         charla.terminar();
         charla.clienteCierra();
     });
-    HttpClient http(autoridad);
+    HttpClient http(m_autoridad);
     QCOMPARE(http.get("https://127.0.0.1:" + QByteArray::number(claro.puerto()) + '/', {}),
              std::nullopt);
-    QCOMPARE(http.get("http://127.0.0.1:" + QByteArray::number(puerto) + consulta, {}),
+    QCOMPARE(http.get("http://127.0.0.1:" + QByteArray::number(m_puerto) + consulta, {}),
              std::nullopt);
-    QCOMPARE(servicio.peticiones().size(), 0);
+    QCOMPARE(m_servicio.peticiones().size(), 0);
 }
 
 void tst_HttpsClient::anidada_ambasLlegan()
 {
-    servicio.fallar("externa", {Falla::Demora, {}, 0, 100ms});
-    HttpClient http(autoridad);
+    m_servicio.fallar("externa", {Falla::Demora, {}, 0, 100ms});
+    HttpClient http(m_autoridad);
     std::optional<QByteArray> interna;
-    QTimer::singleShot(0, this, [&] { interna = http.get(base + consulta, cabecerasTexto); });
-    QCOMPARE(http.get(base + consulta + "&externa", cabecerasTexto), valor);
+    QTimer::singleShot(0, this, [&] { interna = http.get(m_base + consulta, cabecerasTexto); });
+    QCOMPARE(http.get(m_base + consulta + "&externa", cabecerasTexto), valor);
     QCOMPARE(interna, valor);
 }
 
@@ -439,29 +440,29 @@ void tst_HttpsClient::deHttpsAHttp_rechazada()
 {
     QFETCH(QByteArray, inicio);
     const ServidorGuion claro("HTTP/1.1 200 OK\r\n\r\nhola");
-    servicio.fallar("/vieja", {Falla::Redireccion, claro.base() + "/nueva"});
-    HttpClient http(autoridad);
-    QCOMPARE(http.get(inicio + base.mid(8) + "/vieja", cabecerasTexto), std::nullopt);
+    m_servicio.fallar("/vieja", {Falla::Redireccion, claro.base() + "/nueva"});
+    HttpClient http(m_autoridad);
+    QCOMPARE(http.get(inicio + m_base.mid(8) + "/vieja", cabecerasTexto), std::nullopt);
     QBuffer destino;
     destino.open(QIODevice::WriteOnly);
-    QVERIFY(!http.getArchivo(inicio + base.mid(8) + "/vieja", destino));
-    QCOMPARE(servicio.peticiones().size(), 2);
+    QVERIFY(!http.getArchivo(inicio + m_base.mid(8) + "/vieja", destino));
+    QCOMPARE(m_servicio.peticiones().size(), 2);
     QCOMPARE(claro.conexiones(), 0);
 }
 
 void tst_HttpsClient::deHttpsAHttps_seSigue()
 {
-    servicio.fallar("/vieja", {Falla::Redireccion, base + consulta});
-    servicio.fallar("/mayuscula", {Falla::Redireccion, "HTTPS://" + base.mid(8) + consulta});
-    HttpClient http(autoridad);
-    QCOMPARE(http.get(base + "/vieja", cabecerasTexto), valor);
-    QCOMPARE(http.get(base + "/mayuscula", cabecerasTexto), valor);
+    m_servicio.fallar("/vieja", {Falla::Redireccion, m_base + consulta});
+    m_servicio.fallar("/mayuscula", {Falla::Redireccion, "HTTPS://" + m_base.mid(8) + consulta});
+    HttpClient http(m_autoridad);
+    QCOMPARE(http.get(m_base + "/vieja", cabecerasTexto), valor);
+    QCOMPARE(http.get(m_base + "/mayuscula", cabecerasTexto), valor);
 }
 
 void tst_HttpsClient::deHttpAHttps_seSigue()
 {
-    const ServidorGuion claro("HTTP/1.1 301 Otra\r\nLocation: " + base + consulta + "\r\n\r\n");
-    HttpClient http(autoridad);
+    const ServidorGuion claro("HTTP/1.1 301 Otra\r\nLocation: " + m_base + consulta + "\r\n\r\n");
+    HttpClient http(m_autoridad);
     QCOMPARE(http.get(claro.base() + "/vieja", cabecerasTexto), valor);
 }
 
@@ -469,11 +470,11 @@ void tst_HttpsClient::deHttpAHttps_seSigue()
 void tst_HttpsClient::deHttpAHttpsAHttp_rechazada()
 {
     const ServidorGuion fin("HTTP/1.1 200 OK\r\n\r\nhola");
-    servicio.fallar("/medio", {Falla::Redireccion, fin.base() + "/"});
-    const ServidorGuion principio("HTTP/1.1 302 Otra\r\nLocation: " + base + "/medio\r\n\r\n");
-    HttpClient http(autoridad);
+    m_servicio.fallar("/medio", {Falla::Redireccion, fin.base() + "/"});
+    const ServidorGuion principio("HTTP/1.1 302 Otra\r\nLocation: " + m_base + "/medio\r\n\r\n");
+    HttpClient http(m_autoridad);
     QCOMPARE(http.get(principio.base() + "/", cabecerasTexto), std::nullopt);
-    QCOMPARE(servicio.peticiones().size(), 1);
+    QCOMPARE(m_servicio.peticiones().size(), 1);
     QCOMPARE(fin.conexiones(), 0);
 }
 
@@ -493,14 +494,14 @@ void tst_HttpsClient::haciaHttpsIlegible_noVaSinCifrar()
     const ServidorGuion claro("HTTP/1.1 200 OK\r\nContent-Length: 4\r\n\r\nhola");
     // Stands in the way of whatever goes out in plain HTTP, whoever it is meant for.
     qputenv("http_proxy", claro.base());
-    servicio.fallar("/vieja", {Falla::Redireccion,
-                               lugar.replace("PUERTO", QByteArray::number(claro.puerto()))});
-    HttpClient http(autoridad);
-    QCOMPARE(http.get(base + "/vieja", cabecerasTexto), std::nullopt);
+    m_servicio.fallar("/vieja", {Falla::Redireccion,
+                                 lugar.replace("PUERTO", QByteArray::number(claro.puerto()))});
+    HttpClient http(m_autoridad);
+    QCOMPARE(http.get(m_base + "/vieja", cabecerasTexto), std::nullopt);
     QBuffer destino;
     destino.open(QIODevice::WriteOnly);
-    QVERIFY(!http.getArchivo(base + "/vieja", destino));
-    QCOMPARE(servicio.peticiones().size(), 2);
+    QVERIFY(!http.getArchivo(m_base + "/vieja", destino));
+    QCOMPARE(m_servicio.peticiones().size(), 2);
     QCOMPARE(claro.conexiones(), 0);
 }
 
@@ -508,7 +509,7 @@ void tst_HttpsClient::direccionHttpsIlegible_noVaSinCifrar()
 {
     const ServidorGuion claro("HTTP/1.1 200 OK\r\nContent-Length: 4\r\n\r\nhola");
     qputenv("http_proxy", claro.base());
-    HttpClient http(autoridad);
+    HttpClient http(m_autoridad);
     for (const QByteArray protocolo : {"https:", "HTTPS:"}) {
         QCOMPARE(http.get(protocolo + QByteArray::number(claro.puerto()) + "/x", {}), std::nullopt);
         QCOMPARE(http.get(protocolo + "servicio/x", {}), std::nullopt);

@@ -153,21 +153,21 @@ private:
     bool terminados() const;
     QList<qint64> hijos() const; // that this test has started
 
-    std::unique_ptr<QTemporaryDir> carpeta;
-    QByteArray caminos = qgetenv("PATH");
-    QList<qint64> hijosDeAntes; // a worker outlives the Verbos that started it
+    std::unique_ptr<QTemporaryDir> m_carpeta;
+    QByteArray m_caminos = qgetenv("PATH");
+    QList<qint64> m_hijosDeAntes; // a worker outlives the Verbos that started it
 };
 
 void tst_Verbos::init()
 {
     QVERIFY2(!QFileInfo::exists(QCoreApplication::applicationDirPath() + u"/parvanel-print"_s),
              "a worker beside the test would be taken for the test's own");
-    carpeta = std::make_unique<QTemporaryDir>();
-    hijosDeAntes = todosLosHijos();
+    m_carpeta = std::make_unique<QTemporaryDir>();
+    m_hijosDeAntes = todosLosHijos();
     for (const auto &una : {u"bin"_s, u"lado"_s, u"registro"_s, u"documentos"_s})
-        QVERIFY(QDir(carpeta->path()).mkdir(una));
-    qputenv("PATH", QFile::encodeName(carpeta->filePath(u"bin"_s)) + ':' + caminos);
-    qputenv("REGISTRO", QFile::encodeName(carpeta->filePath(u"registro"_s)));
+        QVERIFY(QDir(m_carpeta->path()).mkdir(una));
+    qputenv("PATH", QFile::encodeName(m_carpeta->filePath(u"bin"_s)) + ':' + m_caminos);
+    qputenv("REGISTRO", QFile::encodeName(m_carpeta->filePath(u"registro"_s)));
 }
 
 void tst_Verbos::cleanup()
@@ -175,26 +175,26 @@ void tst_Verbos::cleanup()
     dejarSeguir();
     for (const Inicio &inicio : inicios())
         QTRY_VERIFY(haTerminado(inicio.pid));
-    carpeta.reset();
-    qputenv("PATH", caminos);
+    m_carpeta.reset();
+    qputenv("PATH", m_caminos);
 }
 
 void tst_Verbos::ponerPrograma(const QString &nombre, const QByteArray &guion,
                                const QString &donde) const
 {
     // Complete before it can be found.
-    const QString entero = carpeta->filePath(donde + u"/nuevo"_s);
+    const QString entero = m_carpeta->filePath(donde + u"/nuevo"_s);
     QFile archivo(entero);
     QVERIFY(archivo.open(QIODevice::WriteOnly));
     QCOMPARE(archivo.write(guion), guion.size());
     archivo.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     archivo.close();
-    QVERIFY(QFile::rename(entero, carpeta->filePath(donde + u'/' + nombre)));
+    QVERIFY(QFile::rename(entero, m_carpeta->filePath(donde + u'/' + nombre)));
 }
 
 QString tst_Verbos::documento(const QString &nombre) const
 {
-    const QString ruta = carpeta->filePath(u"documentos/"_s + nombre);
+    const QString ruta = m_carpeta->filePath(u"documentos/"_s + nombre);
     QFile archivo(ruta);
     if (!archivo.open(QIODevice::WriteOnly))
         qFatal("no document to print");
@@ -211,20 +211,20 @@ QStringList tst_Verbos::documentos(int cuantos) const
 
 void tst_Verbos::dejarSeguir() const
 {
-    QFile permiso(carpeta->filePath(u"registro/sigue"_s));
+    QFile permiso(m_carpeta->filePath(u"registro/sigue"_s));
     QVERIFY(permiso.open(QIODevice::WriteOnly));
 }
 
 bool tst_Verbos::correrCopia(const QString &verbo, const QString &cual) const
 {
-    const QString copia = carpeta->filePath(u"lado/copia"_s);
+    const QString copia = m_carpeta->filePath(u"lado/copia"_s);
     return QFile::copy(QCoreApplication::applicationFilePath(), copia)
            && QProcess::execute(copia, {u"--encargo"_s, verbo, cual}) == 0;
 }
 
 QList<Inicio> tst_Verbos::inicios() const
 {
-    const QDir registro(carpeta->filePath(u"registro"_s));
+    const QDir registro(m_carpeta->filePath(u"registro"_s));
     QList<Inicio> lista;
     for (const QString &nombre : registro.entryList({u"*.inicio"_s}, QDir::Files)) {
         const QList<QByteArray> campos = lineasDe(registro.filePath(nombre));
@@ -245,7 +245,7 @@ qint64 tst_Verbos::otroQue(const QList<qint64> &vistos) const
 
 QList<QByteArray> tst_Verbos::lineas(qint64 pid) const
 {
-    return lineasDe(carpeta->filePath(u"registro/%1.lineas"_s.arg(pid)));
+    return lineasDe(m_carpeta->filePath(u"registro/%1.lineas"_s.arg(pid)));
 }
 
 QList<QByteArray> tst_Verbos::lineas() const
@@ -256,7 +256,7 @@ QList<QByteArray> tst_Verbos::lineas() const
 
 bool tst_Verbos::terminados() const
 {
-    const QDir registro(carpeta->filePath(u"registro"_s));
+    const QDir registro(m_carpeta->filePath(u"registro"_s));
     const auto cuantos = registro.entryList({u"*.inicio"_s}, QDir::Files).size();
     return cuantos > 0 && registro.entryList({u"*.fin"_s}, QDir::Files).size() == cuantos;
 }
@@ -264,7 +264,7 @@ bool tst_Verbos::terminados() const
 QList<qint64> tst_Verbos::hijos() const
 {
     QList<qint64> pids = todosLosHijos();
-    pids.removeIf([this](qint64 pid) { return hijosDeAntes.contains(pid); });
+    pids.removeIf([this](qint64 pid) { return m_hijosDeAntes.contains(pid); });
     return pids;
 }
 
@@ -311,7 +311,7 @@ void tst_Verbos::abrir_noEspera()
 
 void tst_Verbos::abrir_sinPrograma_calla()
 {
-    qputenv("PATH", QFile::encodeName(carpeta->filePath(u"bin"_s)));
+    qputenv("PATH", QFile::encodeName(m_carpeta->filePath(u"bin"_s)));
     Verbos verbos;
     verbos.abrir(u"/a.html"_s);
     QVERIFY(inicios().isEmpty());
@@ -326,7 +326,7 @@ void tst_Verbos::imprimir_unaLineaPorDocumento()
     Verbos verbos;
     for (const QString &ruta : rutas)
         verbos.imprimir(ruta);
-    const QByteArray donde = carpeta->filePath(u"documentos"_s).toUtf8();
+    const QByteArray donde = m_carpeta->filePath(u"documentos"_s).toUtf8();
     QTRY_COMPARE(lineas(),
                  (QList<QByteArray>{donde + "/uno.html", donde + "/dos  con blancos .html",
                                     donde
@@ -351,7 +351,7 @@ void tst_Verbos::imprimir_unSoloObrero_sinArgumentosYEnSuSesion()
     QTRY_VERIFY(terminados());
     QCOMPARE(inicios().size(), 1);
     const Inicio obrero = inicios().first();
-    QCOMPARE(obrero.programa, carpeta->filePath(u"bin/parvanel-print"_s).toUtf8());
+    QCOMPARE(obrero.programa, m_carpeta->filePath(u"bin/parvanel-print"_s).toUtf8());
     QCOMPARE(obrero.cuantos, QByteArray("0"));
     QCOMPARE(obrero.sesion, QByteArray::number(obrero.pid));
     QVERIFY(obrero.sesion != QByteArray::number(::getsid(0)));
@@ -365,11 +365,11 @@ void tst_Verbos::imprimir_documentoAusente_seSalta()
     const QString ruta = documento(u"uno.html"_s);
     {
         Verbos verbos;
-        verbos.imprimir(carpeta->filePath(u"documentos/nada.html"_s));
-        verbos.imprimir(carpeta->filePath(u"documentos"_s)); // a folder
+        verbos.imprimir(m_carpeta->filePath(u"documentos/nada.html"_s));
+        verbos.imprimir(m_carpeta->filePath(u"documentos"_s)); // a folder
         verbos.imprimir(QString());
         verbos.imprimir(ruta);
-        verbos.imprimir(carpeta->filePath(u"documentos/nada.html"_s));
+        verbos.imprimir(m_carpeta->filePath(u"documentos/nada.html"_s));
     }
     QTRY_VERIFY(terminados());
     QCOMPARE(lineas(), QList<QByteArray>{ruta.toUtf8()});
@@ -389,11 +389,11 @@ void tst_Verbos::imprimir_sinPrograma_calla()
 {
     QFETCH(QByteArray, guion);
     QFETCH(bool, ejecutable);
-    qputenv("PATH", QFile::encodeName(carpeta->filePath(u"bin"_s)));
+    qputenv("PATH", QFile::encodeName(m_carpeta->filePath(u"bin"_s)));
     if (!guion.isEmpty())
         ponerPrograma(u"parvanel-print"_s, guion);
     if (!ejecutable)
-        QFile::setPermissions(carpeta->filePath(u"bin/parvanel-print"_s), QFile::ReadOwner);
+        QFile::setPermissions(m_carpeta->filePath(u"bin/parvanel-print"_s), QFile::ReadOwner);
     Verbos verbos;
     for (const QString &ruta : documentos(5)) {
         verbos.imprimir(ruta);
@@ -494,7 +494,7 @@ void tst_Verbos::obreroQueTerminaSiempre_trasElDescansoSePrueba()
     verbos.imprimir(documento(u"uno.html"_s));
     QTRY_COMPARE(inicios().size(), 3);
     QTRY_VERIFY(hijos().isEmpty());
-    QVERIFY(QFile::remove(carpeta->filePath(u"bin/parvanel-print"_s)));
+    QVERIFY(QFile::remove(m_carpeta->filePath(u"bin/parvanel-print"_s)));
     ponerPrograma(u"parvanel-print"_s, anota + leeTodo);
     const QString ruta = documento(u"dos.html"_s);
     verbos.imprimir(ruta);
@@ -652,7 +652,7 @@ void tst_Verbos::otroPrograma_obreroASuLado()
     QVERIFY(correrCopia(u"imprimir"_s, ruta));
     QTRY_VERIFY(terminados());
     QCOMPARE(inicios().size(), 1);
-    QCOMPARE(inicios().first().programa, carpeta->filePath(u"lado/parvanel-print"_s).toUtf8());
+    QCOMPARE(inicios().first().programa, m_carpeta->filePath(u"lado/parvanel-print"_s).toUtf8());
     QCOMPARE(lineas(), QList<QByteArray>{ruta.toUtf8()});
 }
 
@@ -660,7 +660,7 @@ void tst_Verbos::otroPrograma_obreroASuLado()
 void tst_Verbos::otroPrograma_obreroEnSuLibexec()
 {
     ponerPrograma(u"parvanel-print"_s, anota + leeTodo);
-    QVERIFY(QDir(carpeta->path()).mkpath(u"libexec/parvanel"_s));
+    QVERIFY(QDir(m_carpeta->path()).mkpath(u"libexec/parvanel"_s));
     ponerPrograma(u"parvanel-print"_s, anota + leeTodo, u"libexec/parvanel"_s);
     const QString ruta = documento(u"uno.html"_s);
     QVERIFY(correrCopia(u"imprimir"_s, ruta)); // the copy is in lado/, as a program in bin/

@@ -190,15 +190,15 @@ private:
     void cambiar(const QString &espacio, const QString &clave, uint valor);
     void empezarPortal();
 
-    std::unique_ptr<QProcess> portal;
-    QPalette clara;
+    std::unique_ptr<QProcess> m_portal;
+    QPalette m_clara;
 };
 
 void tst_paleta::initTestCase()
 {
     if (!hayBus)
         QSKIP("no dbus-daemon to talk to");
-    clara = QGuiApplication::palette();
+    m_clara = QGuiApplication::palette();
     QVERIFY(claridad() > 128);
 }
 
@@ -209,18 +209,18 @@ void tst_paleta::init()
 
 void tst_paleta::cleanup()
 {
-    portal->closeWriteChannel();
-    QVERIFY(portal->waitForFinished());
-    portal.reset();
+    m_portal->closeWriteChannel();
+    QVERIFY(m_portal->waitForFinished());
+    m_portal.reset();
     QGuiApplication::setPalette(QPalette());
 }
 
 void tst_paleta::empezarPortal()
 {
-    portal = std::make_unique<QProcess>();
-    portal->start(QCoreApplication::applicationFilePath(), {u"--portal"_s});
-    QVERIFY(portal->waitForReadyRead());
-    QCOMPARE(portal->readAllStandardOutput(), QByteArray("listo\n"));
+    m_portal = std::make_unique<QProcess>();
+    m_portal->start(QCoreApplication::applicationFilePath(), {u"--portal"_s});
+    QVERIFY(m_portal->waitForReadyRead());
+    QCOMPARE(m_portal->readAllStandardOutput(), QByteArray("listo\n"));
 }
 
 void tst_paleta::poner(uint valor, bool envuelto)
@@ -283,7 +283,7 @@ void tst_paleta::alEmpezar()
     QCOMPARE(claridad() < 128, oscura);
     QCOMPARE(claridadTexto() > 128, oscura);
     if (!oscura)
-        QCOMPARE(QGuiApplication::palette(), clara);
+        QCOMPARE(QGuiApplication::palette(), m_clara);
 }
 
 void tst_paleta::cambio_vaYVuelve()
@@ -297,7 +297,7 @@ void tst_paleta::cambio_vaYVuelve()
         QVERIFY(claridadTexto() > 128);
         cambiar(apariencia, esquema, vuelta);
         entregar();
-        QCOMPARE(QGuiApplication::palette(), clara);
+        QCOMPARE(QGuiApplication::palette(), m_clara);
     }
 }
 
@@ -332,7 +332,7 @@ void tst_paleta::sinPortal_seDeja()
     const PaletaEscritorio paleta;
     empezarPortal(); // one that starts later still tells of changes
     entregar();
-    QCOMPARE(QGuiApplication::palette(), clara);
+    QCOMPARE(QGuiApplication::palette(), m_clara);
     cambiar(apariencia, esquema, 1);
     entregar();
     QVERIFY(claridad() < 128);
@@ -345,7 +345,7 @@ void tst_paleta::destruida_noSigue()
     paleta.reset();
     cambiar(apariencia, esquema, 1);
     entregar();
-    QCOMPARE(QGuiApplication::palette(), clara);
+    QCOMPARE(QGuiApplication::palette(), m_clara);
 }
 
 int main(int argc, char *argv[])

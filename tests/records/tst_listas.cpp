@@ -13,15 +13,15 @@ using namespace Qt::StringLiterals;
 class tst_listas : public QObject {
     Q_OBJECT
 private:
-    std::unique_ptr<Escenario> e;
+    std::unique_ptr<Escenario> m_e;
 
 private Q_SLOTS:
-    void init() { e = std::make_unique<Escenario>(); }
-    void cleanup() { e.reset(); }
+    void init() { m_e = std::make_unique<Escenario>(); }
+    void cleanup() { m_e.reset(); }
 
     void dosSalones_danDosRegistrosYDosLineas()
     {
-        tcSalones salones(e->entorno);
+        tcSalones salones(m_e->entorno);
         QSignalSpy lineas(&salones, &tcSalones::nuevaLinea);
         salones.Fcargar(u"5,QUINTO A®6,SEXTO B"_s);
         QCOMPARE(salones.Count(), 2);
@@ -35,7 +35,7 @@ private Q_SLOTS:
 
     void itemPorClaveYPorPosicion_esElMismoRegistro()
     {
-        tcSalones salones(e->entorno);
+        tcSalones salones(m_e->entorno);
         salones.Fcargar(u"5,QUINTO A®6,SEXTO B"_s);
         QCOMPARE(salones.Item(u"5"_s), salones.Item(1));
         QVERIFY(salones.Remove(u"5"_s));
@@ -49,7 +49,7 @@ private Q_SLOTS:
 
     void idConSalto_pierdeElSaltoPeroLaLineaLoConserva()
     {
-        tcSalones salones(e->entorno);
+        tcSalones salones(m_e->entorno);
         QSignalSpy lineas(&salones, &tcSalones::nuevaLinea);
         salones.Fcargar(u"7\r\n,SEPTIMO"_s);
         QCOMPARE(salones.Item(1)->id, u"7"_s);
@@ -59,7 +59,7 @@ private Q_SLOTS:
 
     void blancosAlrededor_seConservan()
     {
-        tcAlumnos alumnos(e->entorno);
+        tcAlumnos alumnos(m_e->entorno);
         alumnos.Fcargar(u" 8, PEDRO"_s);
         QCOMPARE(alumnos.Item(u" 8"_s)->nombre, u" PEDRO"_s);
         QVERIFY(!alumnos.Item(u"8"_s));
@@ -67,7 +67,7 @@ private Q_SLOTS:
 
     void columnaDeMas_seIgnora()
     {
-        tcAlumnos alumnos(e->entorno);
+        tcAlumnos alumnos(m_e->entorno);
         alumnos.Fcargar(u"9,LUIS,X"_s);
         QCOMPARE(alumnos.Count(), 1);
         QCOMPARE(alumnos.Item(1)->nombre, u"LUIS"_s);
@@ -75,7 +75,7 @@ private Q_SLOTS:
 
     void salonDeUnSoloCampo_daNombreVacioYSuLinea()
     {
-        tcSalones salones(e->entorno);
+        tcSalones salones(m_e->entorno);
         QSignalSpy lineas(&salones, &tcSalones::nuevaLinea);
         salones.Fcargar(u"5"_s);
         QCOMPARE(salones.Item(1)->salon, QString());
@@ -84,7 +84,7 @@ private Q_SLOTS:
 
     void filaVacia_noDaRegistroNiLinea()
     {
-        tcSalones salones(e->entorno);
+        tcSalones salones(m_e->entorno);
         QSignalSpy lineas(&salones, &tcSalones::nuevaLinea);
         salones.Fcargar(QString());
         salones.Fcargar(u"5,A®"_s);
@@ -94,7 +94,7 @@ private Q_SLOTS:
 
     void textoDeError_seLeeComoUnaFila()
     {
-        tcSalones salones(e->entorno);
+        tcSalones salones(m_e->entorno);
         salones.Fcargar(u"ERROR"_s);
         QCOMPARE(salones.Count(), 1);
         QCOMPARE(salones.Item(1)->id, u"ERROR"_s);
@@ -102,7 +102,7 @@ private Q_SLOTS:
 
     void filaDeSoloUnSalto_daRegistroConIdVacio()
     {
-        tcAlumnos alumnos(e->entorno);
+        tcAlumnos alumnos(m_e->entorno);
         alumnos.Fcargar(u"1,ANA®\r\n"_s);
         QCOMPARE(alumnos.Count(), 2);
         QCOMPARE(alumnos.Item(2)->id, QString());
@@ -110,7 +110,7 @@ private Q_SLOTS:
 
     void claveRepetida_dejaElPrimeroPeroSuLineaSale()
     {
-        tcSalones salones(e->entorno);
+        tcSalones salones(m_e->entorno);
         QSignalSpy lineas(&salones, &tcSalones::nuevaLinea);
         salones.Fcargar(u"a1,PRIMERO®A1,SEGUNDO"_s);
         QCOMPARE(salones.Count(), 1);
@@ -120,7 +120,7 @@ private Q_SLOTS:
 
     void claveConOtraLetraAcentuada_esLaMisma()
     {
-        tcAlumnos alumnos(e->entorno);
+        tcAlumnos alumnos(m_e->entorno);
         alumnos.Fcargar(u"Ñ1,UNO®ñ1,DOS®ß,TRES®ss,CUATRO"_s);
         QCOMPARE(alumnos.Count(), 3);
         QCOMPARE(alumnos.Item(u"ñ1"_s)->nombre, u"UNO"_s);
@@ -128,7 +128,7 @@ private Q_SLOTS:
 
     void addDeClaveRepetida_devuelveElRegistroRechazado()
     {
-        tcAlumnos alumnos(e->entorno);
+        tcAlumnos alumnos(m_e->entorno);
         alumnos.Add(u"1"_s, u"ANA"_s, u"1"_s);
         const auto otro = alumnos.Add(u"1"_s, u"EVA"_s, u"1"_s);
         QCOMPARE(otro->nombre, u"EVA"_s);
@@ -137,7 +137,7 @@ private Q_SLOTS:
 
     void cargarDosVeces_sumaLosRegistros()
     {
-        tcAlumnos alumnos(e->entorno);
+        tcAlumnos alumnos(m_e->entorno);
         alumnos.Fcargar(u"1,ANA"_s);
         alumnos.Fcargar(u"1,OTRA®2,EVA"_s);
         QCOMPARE(alumnos.Count(), 2);
@@ -146,7 +146,7 @@ private Q_SLOTS:
 
     void recorrido_vaEnElOrdenDeEntrada()
     {
-        tcMaterias materias(e->entorno);
+        tcMaterias materias(m_e->entorno);
         materias.Fcargar(u"z,ZOO,B®a,ARTE,A®m"_s);
         QStringList textos;
         const auto registros = materias.NewEnum();
@@ -157,7 +157,7 @@ private Q_SLOTS:
 
     void lineaDelSalon_saleAntesQueSuRegistro()
     {
-        tcSalones salones(e->entorno);
+        tcSalones salones(m_e->entorno);
         QList<int> alSalir;
         connect(&salones, &tcSalones::nuevaLinea, this, [&] { alSalir.append(salones.Count()); });
         salones.Fcargar(u"5,A®5,OTRA VEZ®6,B"_s);
@@ -166,7 +166,7 @@ private Q_SLOTS:
 
     void soloLasMaterias_cedenTrasCadaRegistro()
     {
-        tcMaterias materias(e->entorno);
+        tcMaterias materias(m_e->entorno);
         QList<int> alCeder;
         {
             const Turnos turnos([&] { alCeder.append(materias.Count()); });
@@ -175,14 +175,14 @@ private Q_SLOTS:
         QCOMPARE(alCeder, QList<int>({1, 2, 2, 3}));
         int otros = 0;
         const Turnos turnos([&] { ++otros; });
-        tcSalones(e->entorno).Fcargar(u"5,A®6,B"_s);
-        tcAlumnos(e->entorno).Fcargar(u"1,ANA®2,EVA"_s);
+        tcSalones(m_e->entorno).Fcargar(u"5,A®6,B"_s);
+        tcAlumnos(m_e->entorno).Fcargar(u"1,ANA®2,EVA"_s);
         QCOMPARE(otros, 0);
     }
 
     void cargar_noAnunciaDescargas()
     {
-        tcSalones salones(e->entorno);
+        tcSalones salones(m_e->entorno);
         QSignalSpy avisos(&salones, &tcLista::nuevaDescarga);
         salones.Fcargar(u"5,A®6,B"_s);
         QCOMPARE(avisos.size(), 0);

@@ -33,16 +33,16 @@ public:
         std::array<int, 2> tubo{};
         if (pipe(tubo.data()) != 0)
             qFatal("no pipe");
-        for (pid_t &pid : pids_) {
+        for (pid_t &pid : m_pids) {
             pid = fork();
             if (pid == 0) {
-                setpgid(0, pids_.front());
+                setpgid(0, m_pids.front());
                 std::memset(deAmbos ? deAmbos : pedir(bytes, MAP_PRIVATE), 1, bytes);
                 [[maybe_unused]] const auto escrito = write(tubo[1], "x", 1);
                 for (;;)
                     pause();
             }
-            setpgid(pid, pids_.front()); // whoever comes first
+            setpgid(pid, m_pids.front()); // whoever comes first
         }
         char listo = 0;
         for (int i = 0; i < 2; ++i) {
@@ -56,12 +56,12 @@ public:
     }
     ~Pareja()
     {
-        for (const pid_t pid : pids_) {
+        for (const pid_t pid : m_pids) {
             kill(pid, SIGKILL);
             waitpid(pid, nullptr, 0);
         }
     }
-    pid_t grupo() const { return pids_.front(); }
+    pid_t grupo() const { return m_pids.front(); }
 
 private:
     static void *pedir(std::size_t bytes, int de)
@@ -71,7 +71,7 @@ private:
             qFatal("no memory");
         return memoria;
     }
-    std::array<pid_t, 2> pids_{};
+    std::array<pid_t, 2> m_pids{};
 };
 
 } // namespace

@@ -27,7 +27,7 @@ private Q_SLOTS:
 private:
     void crear(const QString &relativa);
 
-    QTemporaryDir carpeta_;
+    QTemporaryDir m_carpeta;
 };
 
 void TstRutaLocal::initTestCase()
@@ -36,15 +36,15 @@ void TstRutaLocal::initTestCase()
                                  "Archivos/Images/Ñandú 100%#1.PNG", "Archivos/x\\y.png",
                                  "Otra/Foto.jpg", "Archivos2/Foto.jpg"})
         crear(QString::fromUtf8(relativa));
-    QVERIFY(QFile::link("../Otra/Foto.jpg", carpeta_.filePath("Archivos/enlace.jpg")));
-    QVERIFY(QFile::link("../Otra", carpeta_.filePath("Archivos/salida")));
-    QVERIFY(QFile::link("Images", carpeta_.filePath("Archivos/Figuras")));
-    QVERIFY(QFile::link("Archivos", carpeta_.filePath("disco")));
+    QVERIFY(QFile::link("../Otra/Foto.jpg", m_carpeta.filePath("Archivos/enlace.jpg")));
+    QVERIFY(QFile::link("../Otra", m_carpeta.filePath("Archivos/salida")));
+    QVERIFY(QFile::link("Images", m_carpeta.filePath("Archivos/Figuras")));
+    QVERIFY(QFile::link("Archivos", m_carpeta.filePath("disco")));
 }
 
 void TstRutaLocal::crear(const QString &relativa)
 {
-    const QString ruta = carpeta_.filePath(relativa);
+    const QString ruta = m_carpeta.filePath(relativa);
     QVERIFY(QDir().mkpath(QFileInfo(ruta).path()));
     QFile archivo(ruta);
     QVERIFY(archivo.open(QIODevice::WriteOnly));
@@ -75,8 +75,8 @@ void TstRutaLocal::path_findsTheExistingFile()
 {
     QFETCH(QString, pedida);
     QFETCH(QString, hallada);
-    QCOMPARE(rutaLocal::existente(carpeta_.filePath(pedida)),
-             hallada.isEmpty() ? QString() : carpeta_.filePath(hallada));
+    QCOMPARE(rutaLocal::existente(m_carpeta.filePath(pedida)),
+             hallada.isEmpty() ? QString() : m_carpeta.filePath(hallada));
 }
 
 void TstRutaLocal::address_isTurnedIntoTheFiles_data()
@@ -97,19 +97,19 @@ void TstRutaLocal::address_isTurnedIntoTheFiles()
 {
     QFETCH(QString, final);
     QFETCH(QString, archivo);
-    const QUrl pedido("file://" + carpeta_.path() + '/' + final);
-    QCOMPARE(rutaLocal::destino(pedido, carpeta_.path()),
-             QUrl::fromLocalFile(carpeta_.filePath(archivo)));
+    const QUrl pedido("file://" + m_carpeta.path() + '/' + final);
+    QCOMPARE(rutaLocal::destino(pedido, m_carpeta.path()),
+             QUrl::fromLocalFile(m_carpeta.filePath(archivo)));
 }
 
 void TstRutaLocal::address_withoutAFile_isRefused_data()
 {
     QTest::addColumn<QUrl>("direccion");
     QTest::newRow("missing") << QUrl("file:///nada/de/esto.png");
-    QTest::newRow("folder") << QUrl::fromLocalFile(carpeta_.path());
+    QTest::newRow("folder") << QUrl::fromLocalFile(m_carpeta.path());
     QTest::newRow("device") << QUrl("file:///dev/zero");
     QTest::newRow("another machine")
-        << QUrl("file://servidor" + carpeta_.path() + "/Otra/Foto.jpg");
+        << QUrl("file://servidor" + m_carpeta.path() + "/Otra/Foto.jpg");
     QTest::newRow("a host") << QUrl("http://servidor/Otra/Foto.jpg");
     QTest::newRow("nothing") << QUrl();
 }
@@ -138,24 +138,24 @@ void TstRutaLocal::address_outsideTheRoot_isRefused_data()
 void TstRutaLocal::address_outsideTheRoot_isRefused()
 {
     QFETCH(QString, final);
-    const QUrl pedido("file://" + carpeta_.path() + '/' + final);
-    QCOMPARE(rutaLocal::destino(pedido, carpeta_.filePath("Archivos")), QUrl());
+    const QUrl pedido("file://" + m_carpeta.path() + '/' + final);
+    QCOMPARE(rutaLocal::destino(pedido, m_carpeta.filePath("Archivos")), QUrl());
 }
 
 void TstRutaLocal::root_mayBeALink()
 {
-    const QUrl logo = QUrl::fromLocalFile(carpeta_.filePath("disco/Images/Logo.png"));
-    QCOMPARE(rutaLocal::destino(logo, carpeta_.filePath("disco")), logo);
+    const QUrl logo = QUrl::fromLocalFile(m_carpeta.filePath("disco/Images/Logo.png"));
+    QCOMPARE(rutaLocal::destino(logo, m_carpeta.filePath("disco")), logo);
     // A link within the archive that stays in it is as good as what it leads to.
-    const QUrl dentro = QUrl::fromLocalFile(carpeta_.filePath("Archivos/Figuras/Logo.png"));
-    QCOMPARE(rutaLocal::destino(dentro, carpeta_.filePath("disco")), dentro);
+    const QUrl dentro = QUrl::fromLocalFile(m_carpeta.filePath("Archivos/Figuras/Logo.png"));
+    QCOMPARE(rutaLocal::destino(dentro, m_carpeta.filePath("disco")), dentro);
 }
 
 void TstRutaLocal::missingRoot_hasNothingBelowIt()
 {
-    const QUrl foto = QUrl::fromLocalFile(carpeta_.filePath("Otra/Foto.jpg"));
-    QCOMPARE(rutaLocal::destino(foto, carpeta_.path()), foto);
-    for (const QString &raiz : {QString(), carpeta_.filePath("nada")})
+    const QUrl foto = QUrl::fromLocalFile(m_carpeta.filePath("Otra/Foto.jpg"));
+    QCOMPARE(rutaLocal::destino(foto, m_carpeta.path()), foto);
+    for (const QString &raiz : {QString(), m_carpeta.filePath("nada")})
         QCOMPARE(rutaLocal::destino(foto, raiz), QUrl());
 }
 

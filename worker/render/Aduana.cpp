@@ -8,7 +8,7 @@
 using namespace Qt::StringLiterals;
 
 Aduana::Aduana(QString raiz, std::optional<Origen> origen, QObject *parent)
-    : QWebEngineUrlRequestInterceptor(parent), raiz_(std::move(raiz)), origen_(std::move(origen))
+    : QWebEngineUrlRequestInterceptor(parent), m_raiz(std::move(raiz)), m_origen(std::move(origen))
 {
 }
 
@@ -19,10 +19,10 @@ void Aduana::interceptRequest(QWebEngineUrlRequestInfo &pedido)
     if (esquema == "data"_L1 || esquema == "blob"_L1)
         return;
     if (esquema != "file"_L1) {
-        pedido.block(!origen_ || !origen_->tiene(direccion));
+        pedido.block(!m_origen || !m_origen->tiene(direccion));
         return;
     }
-    const QUrl destino = rutaLocal::destino(direccion, raiz_);
+    const QUrl destino = rutaLocal::destino(direccion, m_raiz);
     if (destino.isEmpty())
         pedido.block(true);
     else if (destino.toLocalFile() != direccion.toLocalFile())

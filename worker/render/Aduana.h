@@ -21,6 +21,6 @@ public:
     void interceptRequest(QWebEngineUrlRequestInfo &pedido) override;
 
 private:
-    QString raiz_;
-    std::optional<Origen> origen_;
+    QString m_raiz;
+    std::optional<Origen> m_origen;
 };

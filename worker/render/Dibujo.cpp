@@ -71,26 +71,26 @@ constexpr auto imponerPapel = R"js(
 } // namespace
 
 Dibujo::Dibujo(QWebEngineProfile *perfil, std::chrono::milliseconds plazo, QObject *parent)
-    : QObject(parent), pagina_(perfil)
+    : QObject(parent), m_pagina(perfil)
 {
     // Half the time is for fetching. What is left after it is for what the page makes of the answer
     // that nothing more comes (its scripts go on, its load ends), and the last quarter for the PDF.
-    corte_.setSingleShot(true);
-    corte_.setInterval(plazo / 2);
-    connect(&corte_, &QTimer::timeout, this, &Dibujo::agotado);
-    detencion_.setSingleShot(true);
-    detencion_.setInterval(plazo * 3 / 4);
-    connect(&detencion_, &QTimer::timeout, this, &Dibujo::detener);
-    pregunta_.setSingleShot(true);
-    pregunta_.setInterval(entrePreguntas);
-    connect(&pregunta_, &QTimer::timeout, this, &Dibujo::preguntarSiLista);
-    connect(&pagina_, &QWebEnginePage::loadFinished, this, &Dibujo::cargada);
-    connect(&pagina_, &QWebEnginePage::pdfPrintingFinished, this,
+    m_corte.setSingleShot(true);
+    m_corte.setInterval(plazo / 2);
+    connect(&m_corte, &QTimer::timeout, this, &Dibujo::agotado);
+    m_detencion.setSingleShot(true);
+    m_detencion.setInterval(plazo * 3 / 4);
+    connect(&m_detencion, &QTimer::timeout, this, &Dibujo::detener);
+    m_pregunta.setSingleShot(true);
+    m_pregunta.setInterval(entrePreguntas);
+    connect(&m_pregunta, &QTimer::timeout, this, &Dibujo::preguntarSiLista);
+    connect(&m_pagina, &QWebEnginePage::loadFinished, this, &Dibujo::cargada);
+    connect(&m_pagina, &QWebEnginePage::pdfPrintingFinished, this,
             [this](const QString &, bool bien) {
                 Q_EMIT
                 terminado(bien ? salida::hecho : salida::sinPdf);
             });
-    connect(&pagina_, &QWebEnginePage::renderProcessTerminated, this, [this] {
+    connect(&m_pagina, &QWebEnginePage::renderProcessTerminated, this, [this] {
         Q_EMIT
         terminado(salida::motorCaido);
     });
@@ -98,36 +98,36 @@ Dibujo::Dibujo(QWebEngineProfile *perfil, std::chrono::milliseconds plazo, QObje
 
 void Dibujo::calentar()
 {
-    calentando_ = true;
-    pagina_.load(QUrl(u"about:blank"_s));
+    m_calentando = true;
+    m_pagina.load(QUrl(u"about:blank"_s));
 }
 
 void Dibujo::dibujar(const QString &html, const QString &pdf, const QPageLayout &hoja)
 {
-    html_ = html;
-    pdf_ = pdf;
-    hoja_ = hoja;
-    corte_.start();
-    detencion_.start();
-    if (!calentando_)
-        pagina_.abrir(html_);
+    m_html = html;
+    m_pdf = pdf;
+    m_hoja = hoja;
+    m_corte.start();
+    m_detencion.start();
+    if (!m_calentando)
+        m_pagina.abrir(m_html);
 }
 
 void Dibujo::cargada(bool bien)
 {
-    if (calentando_) {
-        calentando_ = false;
-        if (!html_.isEmpty())
-            pagina_.abrir(html_);
+    if (m_calentando) {
+        m_calentando = false;
+        if (!m_html.isEmpty())
+            m_pagina.abrir(m_html);
         return;
     }
-    if (html_.isEmpty() || preguntando_ || imprimiendo_)
+    if (m_html.isEmpty() || m_preguntando || m_imprimiendo)
         return;
     // A document that asks for a program of another kind, or to be closed, is reported as failed
     // although it is there: whether there is one shows when it is to be printed.
-    fallida_ = !bien;
-    preguntando_ = true;
-    desdeCarga_.start();
+    m_fallida = !bien;
+    m_preguntando = true;
+    m_desdeCarga.start();
     preguntarSiLista();
 }
 
@@ -135,34 +135,33 @@ void Dibujo::cargada(bool bien)
 void Dibujo::detener()
 {
     imprimir();
-    pagina_.triggerAction(QWebEnginePage::Stop);
+    m_pagina.triggerAction(QWebEnginePage::Stop);
 }
 
 void Dibujo::preguntarSiLista()
 {
-    pagina_.runJavaScript(
-        QString::fromLatin1(preguntaLista), QWebEngineScript::ApplicationWorld,
-        [this](const QVariant &lista) {
-            if (lista.toBool()
-                || ((fallida_ || pagina_.retenida()) && desdeCarga_.hasExpired(paciencia.count())))
-                imprimir();
-            else
-                pregunta_.start();
-        });
+    m_pagina.runJavaScript(QString::fromLatin1(preguntaLista), QWebEngineScript::ApplicationWorld,
+                           [this](const QVariant &lista) {
+                               if (lista.toBool()
+                                   || ((m_fallida || m_pagina.retenida())
+                                       && m_desdeCarga.hasExpired(paciencia.count())))
+                                   imprimir();
+                               else
+                                   m_pregunta.start();
+                           });
 }
 
 void Dibujo::imprimir()
 {
-    if (imprimiendo_)
+    if (m_imprimiendo)
         return;
-    imprimiendo_ = true;
-    const QSizeF papel = hoja_.pageSize().size(QPageSize::Millimeter);
-    pagina_.runJavaScript(QString::fromLatin1(imponerPapel).arg(papel.width()).arg(papel.height()),
-                          QWebEngineScript::ApplicationWorld, [this](const QVariant &hayDocumento) {
-                              if (hayDocumento.toBool())
-                                  pagina_.printToPdf(pdf_, hoja_);
-                              else
-                                  Q_EMIT
-                              terminado(salida::sinPagina);
-                          });
+    m_imprimiendo = true;
+    const QSizeF papel = m_hoja.pageSize().size(QPageSize::Millimeter);
+    const QString guion = QString::fromLatin1(imponerPapel).arg(papel.width()).arg(papel.height());
+    m_pagina.runJavaScript(guion, QWebEngineScript::ApplicationWorld, [this](const QVariant &hay) {
+        if (hay.toBool())
+            m_pagina.printToPdf(m_pdf, m_hoja);
+        else
+            terminado(salida::sinPagina);
+    });
 }

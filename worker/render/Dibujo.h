@@ -35,16 +35,16 @@ private:
     void detener();
     void imprimir();
 
-    Pagina pagina_;
-    QString html_; // empty until dibujar()
-    QString pdf_;
-    QPageLayout hoja_;
-    QElapsedTimer desdeCarga_;
-    QTimer pregunta_;
-    QTimer corte_;
-    QTimer detencion_;
-    bool calentando_ = false;
-    bool preguntando_ = false;
-    bool fallida_ = false;
-    bool imprimiendo_ = false;
+    Pagina m_pagina;
+    QString m_html; // empty until dibujar()
+    QString m_pdf;
+    QPageLayout m_hoja;
+    QElapsedTimer m_desdeCarga;
+    QTimer m_pregunta;
+    QTimer m_corte;
+    QTimer m_detencion;
+    bool m_calentando = false;
+    bool m_preguntando = false;
+    bool m_fallida = false;
+    bool m_imprimiendo = false;
 };

@@ -24,23 +24,23 @@ std::optional<Origen> Origen::de(const QByteArray &texto)
     if (!direccion.isValid() || (esquema != "https"_L1 && esquema != "http"_L1))
         return {};
     Origen origen;
-    origen.esquema_ = esquema;
-    origen.host_ = hostDe(direccion);
-    origen.puerto_ = puertoDe(direccion);
+    origen.m_esquema = esquema;
+    origen.m_host = hostDe(direccion);
+    origen.m_puerto = puertoDe(direccion);
     const bool sola = direccion.userInfo().isEmpty() && direccion.path().isEmpty()
                       && !direccion.hasQuery() && !direccion.hasFragment();
-    if (origen.host_.isEmpty() || origen.puerto_ <= 0 || !sola)
+    if (origen.m_host.isEmpty() || origen.m_puerto <= 0 || !sola)
         return {};
     return origen;
 }
 
 bool Origen::tiene(const QUrl &direccion) const
 {
-    return direccion.scheme() == esquema_ && hostDe(direccion) == host_
-           && puertoDe(direccion) == puerto_;
+    return direccion.scheme() == m_esquema && hostDe(direccion) == m_host
+           && puertoDe(direccion) == m_puerto;
 }
 
 bool Origen::cifrado() const
 {
-    return esquema_ == "https"_L1;
+    return m_esquema == "https"_L1;
 }

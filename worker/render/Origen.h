@@ -17,12 +17,12 @@ public:
     // Whether the address belongs to it; a port that is not written is the scheme's own.
     bool tiene(const QUrl &direccion) const;
 
-    QString host() const { return host_; } // in the form that goes into look-ups
-    int puerto() const { return puerto_; }
+    QString host() const { return m_host; } // in the form that goes into look-ups
+    int puerto() const { return m_puerto; }
     bool cifrado() const; // whether it speaks TLS
 
 private:
-    QString esquema_;
-    QString host_;
-    int puerto_ = 0;
+    QString m_esquema;
+    QString m_host;
+    int m_puerto = 0;
 };

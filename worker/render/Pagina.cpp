@@ -45,8 +45,8 @@ void Pagina::callarImpresion()
 
 void Pagina::abrir(const QString &archivo)
 {
-    documento_ = QUrl::fromLocalFile(archivo);
-    load(documento_);
+    m_documento = QUrl::fromLocalFile(archivo);
+    load(m_documento);
 }
 
 bool Pagina::acceptNavigationRequest(const QUrl &direccion, NavigationType clase,
@@ -56,8 +56,8 @@ bool Pagina::acceptNavigationRequest(const QUrl &direccion, NavigationType clase
         return true; // frames fetch what the interceptor lets through
     // Neither elsewhere nor round and round: a script that reloads its page would never be done.
     const bool suya =
-        clase == NavigationTypeTyped && (documento_.isEmpty() || direccion == documento_);
-    retenida_ = retenida_ || !suya;
+        clase == NavigationTypeTyped && (m_documento.isEmpty() || direccion == m_documento);
+    m_retenida = m_retenida || !suya;
     return suya;
 }
 

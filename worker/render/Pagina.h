@@ -16,7 +16,7 @@ public:
 
     // Whether the document tried to go elsewhere and was held back. The engine reports its load as
     // failed then, although it is there.
-    bool retenida() const { return retenida_; }
+    bool retenida() const { return m_retenida; }
 
 protected:
     bool acceptNavigationRequest(const QUrl &direccion, NavigationType clase,
@@ -34,6 +34,6 @@ protected:
 private:
     void callarImpresion();
 
-    QUrl documento_;
-    bool retenida_ = false;
+    QUrl m_documento;
+    bool m_retenida = false;
 };

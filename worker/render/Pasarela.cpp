@@ -147,21 +147,21 @@ int oyenteLocal(std::uint16_t &puerto)
 Pasarela::Pasarela(const std::optional<Origen> &origen)
 {
     if (origen) {
-        host_ = origen->host().toStdString();
-        puertoServicio_ = static_cast<std::uint16_t>(origen->puerto());
-        cifrado_ = origen->cifrado();
+        m_host = origen->host().toStdString();
+        m_puertoServicio = static_cast<std::uint16_t>(origen->puerto());
+        m_cifrado = origen->cifrado();
     }
     curl_global_init(CURL_GLOBAL_DEFAULT);
-    const int oyente = oyenteLocal(puerto_);
+    const int oyente = oyenteLocal(m_puerto);
     if (oyente >= 0)
         std::thread(&Pasarela::escuchar, this, oyente).detach();
 }
 
 void Pasarela::cortar()
 {
-    const std::lock_guard guardia(cerrojo_);
-    cortada_ = true;
-    for (const int cliente : clientes_)
+    const std::lock_guard guardia(m_cerrojo);
+    m_cortada = true;
+    for (const int cliente : m_clientes)
         shutdown(cliente, SHUT_RDWR);
 }
 
@@ -190,13 +190,13 @@ void Pasarela::atender(int cliente)
 {
     bool admitido = false;
     {
-        const std::lock_guard guardia(cerrojo_);
-        admitido = !cortada_ && clientes_.insert(cliente).second;
+        const std::lock_guard guardia(m_cerrojo);
+        admitido = !m_cortada && m_clientes.insert(cliente).second;
     }
     if (admitido)
         transportar(cliente);
-    const std::lock_guard guardia(cerrojo_);
-    clientes_.erase(cliente);
+    const std::lock_guard guardia(m_cerrojo);
+    m_clientes.erase(cliente);
     close(cliente);
 }
 
@@ -205,11 +205,11 @@ void Pasarela::transportar(int cliente)
     const auto destino = socks::pedido(cliente);
     if (!destino)
         return;
-    if (host_.empty() || destino->host != host_ || destino->puerto != puertoServicio_) {
+    if (m_host.empty() || destino->host != m_host || destino->puerto != m_puertoServicio) {
         socks::responder(cliente, socks::Respuesta::Prohibido);
         return;
     }
-    const Servicio servicio = conectado(host_, puertoServicio_, cifrado_);
+    const Servicio servicio = conectado(m_host, m_puertoServicio, m_cifrado);
     if (!servicio) {
         socks::responder(cliente, socks::Respuesta::Inalcanzable);
         return;

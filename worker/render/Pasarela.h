@@ -23,7 +23,7 @@ public:
     Pasarela &operator=(const Pasarela &) = delete;
 
     // Its port on 127.0.0.1; 0 when it could not be had, and then there is no way out.
-    std::uint16_t puerto() const { return puerto_; }
+    std::uint16_t puerto() const { return m_puerto; }
 
     // Breaks off all that goes through it, and lets nothing more through.
     void cortar();
@@ -34,11 +34,11 @@ private:
     void atender(int cliente);
     void transportar(int cliente);
 
-    std::string host_; // empty: none is let through
-    std::uint16_t puertoServicio_ = 0;
-    bool cifrado_ = false;
-    std::uint16_t puerto_ = 0;
-    std::mutex cerrojo_; // guards the two below
-    bool cortada_ = false;
-    std::set<int> clientes_; // open connections of the engine
+    std::string m_host; // empty: none is let through
+    std::uint16_t m_puertoServicio = 0;
+    bool m_cifrado = false;
+    std::uint16_t m_puerto = 0;
+    std::mutex m_cerrojo; // guards the two below
+    bool m_cortada = false;
+    std::set<int> m_clientes; // open connections of the engine
 };
