@@ -13,7 +13,8 @@ class DirListBox : public QListWidget {
 public:
     explicit DirListBox(QWidget *padre = nullptr);
 
-    // Where folders are read from; at first the list shows the process's current folder.
+    // Where folders are read from, borrowed: it must outlive the list. At first the list shows the
+    // process's current folder.
     void ponerDisco(const DriveC *disco);
 
     // Points the list at a folder. One that does not exist leaves it as it was.

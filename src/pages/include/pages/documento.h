@@ -13,6 +13,7 @@ class frmCargador;
 struct Entorno;
 struct Module1;
 
+// All that it refers to is constant data of the program and lives as long.
 struct FilaDocumento {
     std::span<const Plantilla> carpetas{}; // created in this order
     Plantilla salida{};                    // their folder, with "\" at its end

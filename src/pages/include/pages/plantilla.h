@@ -47,7 +47,7 @@ constexpr std::optional<Lugar> deNombre(QStringView nombre)
 
 } // namespace lugares
 
-// One such text, a literal.
+// One such text: a view of a literal, which lives as long as the program.
 class Plantilla {
 public:
     constexpr Plantilla() = default;

@@ -33,5 +33,6 @@ extern const std::array<FilaTrabajo, 6> filasTrabajo;
 inline constexpr QStringView nombreMatriculas = u"Hoja Matricula";
 
 // Runs the job of the kind, if there is one, to its end. Its checks show their messages on the
-// panel; every other failure is passed over and the next document follows.
+// panel; every other failure is passed over and the next document follows. What is handed in is
+// borrowed for the call, during which the window's other handlers run.
 void correrTrabajo(const QString &tipo, Entorno &entorno, PanelImpresion &panel, Verbos &verbos);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // An ordered collection of records with keyed access: insertion order is kept, keys are unique
-// without regard to letter case.
+// without regard to letter case. Records are shared: one that a caller holds outlives its removal
+// and the collection.
 #pragma once
 
 #include "platform/codepage.h"

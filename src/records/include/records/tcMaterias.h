@@ -10,6 +10,7 @@ struct Entorno;
 class tcMaterias : public tcListaDe<tcUnaMateria> {
     Q_OBJECT
 public:
+    // Borrowed: `entorno` must outlive the list.
     explicit tcMaterias(Entorno &entorno) : m_entorno(entorno) {}
 
     // Adds a record under the key `sKey` and returns it, also when the key is already there and

@@ -14,6 +14,8 @@
 class frmCargador : public QObject {
     Q_OBJECT
 public:
+    // `entorno` is borrowed and must outlive the loader, which one procedure makes for itself and
+    // which must outlive each of its own requests.
     explicit frmCargador(Entorno &entorno);
 
     // Sends one GET and returns the body of the reply as text, one character for each byte of

@@ -27,7 +27,8 @@ class Form1 : public QWidget {
     Q_OBJECT
 public:
     // `terminar` ends the process; it is called when the window is closed and does not return
-    // in the program itself.
+    // in the program itself. `entorno` and `verbos` are borrowed and must outlive the window,
+    // which writes itself into `entorno.progreso` and so must outlive what runs with it.
     Form1(Entorno &entorno, Verbos &verbos, std::function<void()> terminar);
     ~Form1() override;
 
