@@ -14,21 +14,21 @@ namespace {
 
 // What the panel shows for a kind; the last row is for every other kind.
 struct FilaTipo {
-    QString tipo;
-    QString titulo; // of Label7_2
+    QStringView tipo;
+    QStringView titulo; // of Label7_2
     bool conPeriodo;
 };
 
-const QList<FilaTipo> filasTipo = {
-    {u"Boletines"_s, u"Imprimir Boletines del Periodo"_s, true},
-    {u"Informe Final"_s, u"Imprimir Informes Finales del Salon"_s, false},
-    {u"Certificado Final"_s, u"Imprimir Certificados Finales del Salon"_s, false},
-    {u"Paz Y Salvos"_s, u"Imprimir Paz y salvos"_s, false},
+constexpr FilaTipo filasTipo[] = {
+    {u"Boletines", u"Imprimir Boletines del Periodo", true},
+    {u"Informe Final", u"Imprimir Informes Finales del Salon", false},
+    {u"Certificado Final", u"Imprimir Certificados Finales del Salon", false},
+    {u"Paz Y Salvos", u"Imprimir Paz y salvos", false},
 };
 
 // Observer reports, enrolment sheets and work sheets have no caption of their own, although they
 // can be printed.
-const FilaTipo otroTipo = {QString(), u"Seleccione que Imprimir"_s, false};
+constexpr FilaTipo otroTipo = {u"", u"Seleccione que Imprimir", false};
 
 class PanelDeForm1 : public PanelImpresion {
 public:
@@ -74,7 +74,7 @@ void Form1::ComboTipo_Click()
         if (fila.tipo == ui->ComboTipo->currentText())
             elegida = fila;
     }
-    ui->Label7_2->setText(elegida.titulo);
+    ui->Label7_2->setText(elegida.titulo.toString());
     ui->Combo1->setVisible(elegida.conPeriodo);
 }
 
