@@ -19,7 +19,8 @@ double media(int sumaDecimas, qsizetype cuantas)
     if (cuantas == 0)
         return 0;
     const int n = static_cast<int>(cuantas);
-    return ((2 * sumaDecimas + n) / (2 * n)) / 10.0;
+    const int decimas = (2 * sumaDecimas + n) / (2 * n);
+    return decimas / 10.0;
 }
 
 } // namespace

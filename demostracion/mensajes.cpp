@@ -137,7 +137,7 @@ QByteArray basura()
 {
     static constexpr char bytes[] =
         "\x07\x00\xFF\xFE esto no es HTTP \x16\x03\x01\x80\r\n\r\n\xC1\xD1 ruido\r\n";
-    return QByteArray(bytes, sizeof bytes - 1);
+    return {bytes, sizeof bytes - 1};
 }
 
 } // namespace demo

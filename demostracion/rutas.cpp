@@ -71,7 +71,7 @@ QByteArray tipoDe(const QString &nombre)
 struct DocumentoAlumno {
     QStringView familia;
     QStringView clase;
-    QString (*pagina)(const Contexto &, const AlumnoDemo &);
+    QString (*pagina)(const Contexto &, const AlumnoDemo &) = nullptr;
 };
 
 template <int n>

@@ -23,7 +23,7 @@ QByteArray demo::aWindows1252(const QString &texto)
             bytes.append(static_cast<char>(c));
             continue;
         }
-        const auto hallado = std::find(altos.begin(), altos.end(), c);
+        const auto *const hallado = std::find(altos.begin(), altos.end(), c);
         bytes.append(hallado == altos.end() ? '?'
                                             : static_cast<char>(0x80 + (hallado - altos.begin())));
     }

@@ -2,11 +2,11 @@
 #include "worker/Registro.h"
 
 #include <array>
-#include <cstdio>
 #include <cstdlib>
 #include <ctime>
 #include <fcntl.h>
 #include <pwd.h>
+#include <string_view>
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
@@ -18,9 +18,10 @@ namespace {
 
 void agregarEscapado(std::string &salida, unsigned char byte)
 {
-    std::array<char, 5> hex{};
-    std::snprintf(hex.data(), hex.size(), "\\x%02X", static_cast<unsigned>(byte));
-    salida += hex.data();
+    constexpr std::string_view cifras = "0123456789ABCDEF";
+    salida += "\\x";
+    salida += cifras[byte / cifras.size()];
+    salida += cifras[byte % cifras.size()];
 }
 
 // The length of the printable UTF-8 character at the start of `texto`, or 0 when its first byte
@@ -84,7 +85,9 @@ std::string registro::linea(std::chrono::system_clock::time_point cuando, std::s
     std::tm local{};
     localtime_r(&segundos, &local);
     std::array<char, 40> hora{};
-    std::strftime(hora.data(), hora.size(), "%Y-%m-%dT%H:%M:%S%z", &local);
+    // It always fits.
+    [[maybe_unused]] const std::size_t largo =
+        std::strftime(hora.data(), hora.size(), "%Y-%m-%dT%H:%M:%S%z", &local);
     return std::string(hora.data()) + '\t' + limpio(ruta) + '\t' + limpio(resultado);
 }
 

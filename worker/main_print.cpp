@@ -12,6 +12,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
+#include <iostream>
 #include <string>
 #include <sys/prctl.h>
 #include <system_error>
@@ -21,7 +22,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::uintmax_t bytesDelRegistro = 256 * 1024;
+constexpr std::uintmax_t bytesDelRegistro = std::uintmax_t(256) * 1024;
 
 volatile std::sig_atomic_t interrumpido = 0;
 
@@ -73,9 +74,8 @@ int main(int argc, char **argv)
 {
     const auto opciones = leerOpciones({argv + 1, argv + argc});
     if (!opciones) {
-        std::fputs("uso: parvanel-print [--plazo-dibujo SEGUNDOS] [--plazo-servidor SEGUNDOS]"
-                   " [--plazo-ausencia SEGUNDOS]\n",
-                   stderr);
+        std::cerr << "uso: parvanel-print [--plazo-dibujo SEGUNDOS] [--plazo-servidor SEGUNDOS]"
+                     " [--plazo-ausencia SEGUNDOS]\n";
         return 2;
     }
     const sigset_t senales = prepararSenales();
@@ -87,7 +87,7 @@ int main(int argc, char **argv)
 
     const CarpetaTemporal carpeta;
     if (carpeta.ruta().empty()) {
-        std::fputs("parvanel-print: no hay carpeta temporal\n", stderr);
+        std::cerr << "parvanel-print: no hay carpeta temporal\n";
         return 1;
     }
     // What renderers leave about when they are killed goes with the folder.

@@ -21,8 +21,8 @@
 
 #include <array>
 #include <csignal>
-#include <cstdio>
 #include <cstdlib>
+#include <iostream>
 #include <optional>
 #include <sys/prctl.h>
 #include <unistd.h>
@@ -118,9 +118,8 @@ int main(int argc, char **argv)
     const bool espera = argumentos == QList<QByteArray>{"--espera"};
     const auto pedida = espera ? std::nullopt : deArgumentos(argumentos);
     if (!espera && !pedida) {
-        std::fputs("uso: parvanel-print-render [--papel ANCHOxALTO]"
-                   " [--margenes IZQ,ARRIBA,DER,ABAJO] IN.html OUT.pdf\n",
-                   stderr);
+        std::cerr << "uso: parvanel-print-render [--papel ANCHOxALTO]"
+                     " [--margenes IZQ,ARRIBA,DER,ABAJO] IN.html OUT.pdf\n";
         return salida::malUso;
     }
     if (espera)

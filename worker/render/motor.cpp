@@ -15,8 +15,6 @@
 
 using namespace Qt::StringLiterals;
 
-extern char **environ;
-
 namespace {
 
 QString carpetaDelUsuario()
