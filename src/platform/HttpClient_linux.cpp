@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "HttpClientSistema.h"
 #include "platform/HttpClient.h"
+#include "senales.h"
 
 #include <cerrno>
-#include <csignal>
 #include <cstdlib>
 #include <system_error>
 #include <thread>
@@ -72,7 +72,9 @@ namespace HttpClientSistema {
 
 void preparar()
 {
-    std::signal(SIGPIPE, SIG_IGN);
+    // The library ignores the signal by itself only where it may set timers by signals as well, and
+    // TLS writes once more to a connection that is closed.
+    senales::sinTuberiaRota();
     ::unsetenv("SSLKEYLOGFILE");
 }
 

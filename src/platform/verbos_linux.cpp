@@ -3,6 +3,7 @@
 
 #include "Obrero.h"
 #include "herencia.h"
+#include "senales.h"
 
 #include <QByteArray>
 #include <QCoreApplication>
@@ -16,7 +17,6 @@
 #include <QTimer>
 
 #include <chrono>
-#include <csignal>
 #include <utility>
 #include <vector>
 
@@ -57,7 +57,7 @@ public:
     Interno(const EntornoImpresion &entorno, PlazosImpresion plazos)
         : m_entorno(entorno), m_plazos(plazos)
     {
-        std::signal(SIGPIPE, SIG_IGN); // a worker that is gone is an error of the write
+        senales::sinTuberiaRota(); // a worker that is gone is replaced
         m_atasco.setSingleShot(true);
         connect(&m_atasco, &QTimer::timeout, this, &Interno::atascado);
     }

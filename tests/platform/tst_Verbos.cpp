@@ -9,6 +9,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <csignal>
 #include <memory>
 
 #include <poll.h>
@@ -129,6 +130,8 @@ private Q_SLOTS:
     void programaAbiertoDespues_noGuardaLaTuberia();
 
     void descriptorAbierto_noSeHereda();
+    void tuberiaRota_noTerminaElPrograma();
+    void tuberiaRota_terminaLoAbierto();
 
     void otroPrograma_obreroASuLado();
     void otroPrograma_obreroEnSuLibexec();
@@ -642,6 +645,26 @@ void tst_Verbos::descriptorAbierto_noSeHereda()
     pollfd espera = {tuberia[0], POLLIN, 0};
     QCOMPARE(::poll(&espera, 1, 0), 1);
     ::close(tuberia[0]);
+}
+
+void tst_Verbos::tuberiaRota_noTerminaElPrograma()
+{
+    std::signal(SIGPIPE, SIG_DFL);
+    const Verbos verbos;
+    int tuberia[2] = {-1, -1};
+    QCOMPARE(::pipe(tuberia), 0);
+    ::close(tuberia[0]);
+    QCOMPARE(::write(tuberia[1], "x", 1), ssize_t(-1));
+    ::close(tuberia[1]);
+}
+
+// A script that writes into a closed pipe without end would keep the processor busy for ever.
+void tst_Verbos::tuberiaRota_terminaLoAbierto()
+{
+    ponerPrograma(u"xdg-open"_s, anota + "sh -c 'kill -PIPE $$'\n[ $? -gt 128 ] && : > $yo.fin\n");
+    Verbos verbos;
+    verbos.abrir(u"/a.html"_s);
+    QTRY_VERIFY(terminados());
 }
 
 void tst_Verbos::otroPrograma_obreroASuLado()
