@@ -32,7 +32,8 @@ bool esSegura(const QByteArray &direccion)
 }
 
 // Escaped before the library reads it, which would write some bytes in another way ("+" for a
-// blank).
+// blank). The address that it tells by itself after a reply (CURLINFO_REDIRECT_URL) is of no use
+// for the same reason, and because one that cannot be read is given there as it came.
 std::optional<QByteArray> direccionDe(const QByteArray &lugar, const QByteArray &desde)
 {
     const QByteArray escrito = destinoEnLinea(lugar.split('#').first());
