@@ -2,10 +2,10 @@
 #include "ArchivoEntrante_linux.h"
 #include "RaizArchivo_linux.h"
 #include "platform/DriveC.h"
+#include "platform/nombresNativos.h"
 #include "platform/rutaWindows.h"
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 
 #include <algorithm>
@@ -18,14 +18,10 @@ namespace {
 
 using Queda = NombresDeCarpeta::Queda;
 
-// A link that is only another spelling of its neighbour.
 bool esOtraEscritura(const QFileInfo &entrada)
 {
-    if (!entrada.isSymLink())
-        return false;
-    const QFileInfo destino(QFile::symLinkTarget(entrada.filePath()));
-    return destino.absolutePath() == entrada.absolutePath()
-           && destino.fileName().toCaseFolded() == entrada.fileName().toCaseFolded();
+    return entrada.isSymLink()
+           && nombresNativos::esOtraEscritura(entrada.absoluteFilePath(), entrada.symLinkTarget());
 }
 
 bool escribirTodo(Descriptor &archivo, const QByteArray &bytes)
@@ -260,7 +256,7 @@ std::optional<QStringList> DriveC::carpetas(const QString &ruta) const
             nombres.append(entrada.fileName());
     }
     std::sort(nombres.begin(), nombres.end(), [](const QString &a, const QString &b) {
-        const int orden = a.toCaseFolded().compare(b.toCaseFolded());
+        const int orden = nombresNativos::plegado(a).compare(nombresNativos::plegado(b));
         return orden != 0 ? orden < 0 : a < b;
     });
     const QChar separador = enC ? u'\\' : u'/';

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "NombresDeCarpeta_linux.h"
 #include "Descriptor_linux.h"
+#include "platform/nombresNativos.h"
 
 #include <QRegularExpression>
 
@@ -12,6 +13,7 @@
 #include <fcntl.h>
 
 using namespace Qt::StringLiterals;
+using nombresNativos::plegado;
 
 namespace {
 
@@ -23,27 +25,20 @@ struct CierraDirectorio {
     }
 };
 
-QString plegado(const QString &nombre)
-{
-    return nombre.toCaseFolded();
-}
-
-// A link that is only another spelling of its neighbour: it never stands for the name, the entry
-// that it means does.
 bool esOtraEscritura(int carpeta, const dirent &entrada, const QString &nombre)
 {
     if (entrada.d_type != DT_LNK && entrada.d_type != DT_UNKNOWN)
         return false;
     std::array<char, 1024> destino;
     const ssize_t largo = ::readlinkat(carpeta, entrada.d_name, destino.data(), destino.size());
-    return largo > 0 && plegado(QString::fromUtf8(destino.data(), largo)) == plegado(nombre);
+    return largo > 0
+           && nombresNativos::esOtraEscritura(nombre, QString::fromUtf8(destino.data(), largo));
 }
 
 void agregarEscritura(QStringList &escrituras, const QString &nombre)
 {
-    const auto sitio = std::lower_bound(escrituras.begin(), escrituras.end(), nombre);
-    if (sitio == escrituras.end() || *sitio != nombre)
-        escrituras.insert(sitio, nombre);
+    if (!escrituras.contains(nombre))
+        escrituras.append(nombre);
 }
 
 } // namespace
@@ -148,8 +143,9 @@ std::optional<NombresDeCarpeta::Entrada> NombresDeCarpeta::hallar(int carpeta,
     const Listado *listado = listadoDe(carpeta);
     if (!listado || listado->borrados.contains(nombre))
         return std::nullopt;
-    const QStringList escrituras = listado->escrituras.value(plegado(nombre));
-    if (!std::any_of(escrituras.begin(), escrituras.end(), existe))
+    const QStringList candidatos =
+        nombresNativos::candidatos(listado->escrituras.value(plegado(nombre)), nombre);
+    if (!std::any_of(candidatos.begin(), candidatos.end(), existe))
         return std::nullopt;
     return entrada;
 }

@@ -32,8 +32,8 @@ public:
         struct stat datos = {};
     };
 
-    // The entry that a name stands for: the one in its exact spelling, else the first by name of
-    // those that differ in letter case only. Nothing when there is none.
+    // The entry that a name stands for, as nombresNativos::candidatos says. Nothing when there is
+    // none.
     std::optional<Entrada> hallar(int carpeta, const QString &nombre);
 
     // The entries of a folder with the name of a temporary file, as downloads are written to.
@@ -71,7 +71,7 @@ private:
     };
     struct Listado {
         Momento cambio;
-        QHash<QString, QStringList> escrituras; // folded name -> spellings on the disk, by name
+        QHash<QString, QStringList> escrituras; // folded name -> spellings on the disk
         QStringList temporales;
         QSet<QString> borrados; // see anotarBorrado; outlives the listing
     };

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "RaizArchivo_linux.h"
+#include "platform/nombresNativos.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -42,7 +43,7 @@ RaizArchivo::RaizArchivo(const QString &personal, const QString &nombre)
 
 bool RaizArchivo::esRaiz(const QString &nombre) const
 {
-    return nombre.toCaseFolded() == m_nombre.toCaseFolded();
+    return nombresNativos::plegado(nombre) == nombresNativos::plegado(m_nombre);
 }
 
 Descriptor RaizArchivo::abrirPersonal() const
@@ -100,11 +101,7 @@ Descriptor RaizArchivo::andar(Descriptor carpeta, QStringList pendientes)
 std::optional<QStringList> RaizArchivo::destino(const Descriptor &carpeta, const QString &enlace)
 {
     const Descriptor raiz = abrirRaiz();
-    const QString realRaiz = raiz ? rutaReal(raiz) : QString();
-    const QString real = rutaReal(carpeta, enlace);
-    if (realRaiz.isEmpty() || (real != realRaiz && !real.startsWith(realRaiz + u'/')))
-        return std::nullopt;
-    return real.mid(realRaiz.size()).split(u'/', Qt::SkipEmptyParts);
+    return nombresNativos::desdeRaiz(raiz ? rutaReal(raiz) : QString(), rutaReal(carpeta, enlace));
 }
 
 std::optional<RaizArchivo::Archivo> RaizArchivo::archivo(const Descriptor &carpeta,

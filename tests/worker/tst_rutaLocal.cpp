@@ -34,10 +34,11 @@ void TstRutaLocal::initTestCase()
 {
     for (const char *relativa : {"Archivos/Images/Logo.png", "Archivos/Images/logo.png",
                                  "Archivos/Images/Ñandú 100%#1.PNG", "Archivos/x\\y.png",
-                                 "Otra/Foto.jpg", "Archivos2/Foto.jpg"})
+                                 "Otra/Foto.jpg", "Otra/firma.jpg", "Archivos2/Foto.jpg"})
         crear(QString::fromUtf8(relativa));
     QVERIFY(QFile::link("../Otra/Foto.jpg", m_carpeta.filePath("Archivos/enlace.jpg")));
     QVERIFY(QFile::link("../Otra", m_carpeta.filePath("Archivos/salida")));
+    QVERIFY(QFile::link("nada", m_carpeta.filePath("Otra/FIRMA.jpg")));
     QVERIFY(QFile::link("Images", m_carpeta.filePath("Archivos/Figuras")));
     QVERIFY(QFile::link("Archivos", m_carpeta.filePath("disco")));
 }
@@ -62,6 +63,8 @@ void TstRutaLocal::path_findsTheExistingFile_data()
     fila("exact spelling wins", "archivos/images/logo.png", "Archivos/Images/logo.png");
     fila("accents, other case", "Archivos/Images/ñANDÚ 100%#1.png",
          "Archivos/Images/Ñandú 100%#1.PNG");
+    fila("neither spelling", "Archivos/Images/LOGO.png", "Archivos/Images/Logo.png");
+    fila("past a link to nothing", "Otra/Firma.jpg", "Otra/firma.jpg");
     fila("backslashes", "archivos\\images\\Logo.png", "Archivos/Images/Logo.png");
     fila("a name with a backslash", "Archivos/x\\y.png", "Archivos/x\\y.png");
     fila("up and down", "otra/../OTRA/foto.jpg", "Otra/Foto.jpg");

@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "worker/render/rutaLocal.h"
 
+#include "platform/nombresNativos.h"
+
 #include <QDir>
 #include <QFileInfo>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -11,22 +15,24 @@ namespace {
 // The spelling that `nombre` has in the folder; empty when nothing there has that name.
 QString enCarpeta(const QString &carpeta, const QString &nombre)
 {
-    if (QFileInfo::exists(carpeta + u'/' + nombre))
+    const auto existe = [&](const QString &escritura) {
+        return QFileInfo::exists(carpeta + u'/' + escritura);
+    };
+    if (existe(nombre))
         return nombre;
-    const QStringList hay = QDir(carpeta).entryList(
-        QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDir::Name);
-    for (const QString &otro : hay) {
-        if (otro.compare(nombre, Qt::CaseInsensitive) == 0)
-            return otro;
-    }
-    return {};
+    const QStringList hay = QDir(carpeta).entryList(QDir::AllEntries | QDir::Hidden | QDir::System
+                                                    | QDir::NoDotAndDotDot);
+    const QStringList candidatos = nombresNativos::candidatos(hay, nombre);
+    const auto hallado = std::find_if(candidatos.begin(), candidatos.end(), existe);
+    return hallado == candidatos.end() ? QString() : *hallado;
 }
 
 bool debajo(const QString &archivo, const QString &raiz)
 {
-    const QString canonica = raiz.isEmpty() ? QString() : QFileInfo(raiz).canonicalFilePath();
-    return !canonica.isEmpty()
-           && QFileInfo(archivo).canonicalFilePath().startsWith(canonica + u'/');
+    const auto nombres =
+        nombresNativos::desdeRaiz(raiz.isEmpty() ? QString() : QFileInfo(raiz).canonicalFilePath(),
+                                  QFileInfo(archivo).canonicalFilePath());
+    return nombres && !nombres->isEmpty();
 }
 
 } // namespace
