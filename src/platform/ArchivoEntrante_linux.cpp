@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "ArchivoEntrante_linux.h"
+#include "temporales.h"
 
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
 #include <ctime>
-#include <limits>
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -21,7 +21,7 @@ constexpr int maximoDeIntentos = 1000; // names tried for one temporary file
 QString siguienteTemporal()
 {
     static unsigned contador = 0;
-    return u".descarga-%1-%2"_s.arg(::getpid()).arg(++contador);
+    return temporales::nombre(::getpid(), ++contador);
 }
 
 bool existeTodavia(const Descriptor &archivo)
@@ -53,41 +53,35 @@ Intento crearTemporal(const Descriptor &carpeta, const QString &nombre)
     return {{}, true};
 }
 
-// When a living process began, in seconds since 1970; nothing when it is not known. A process
-// that has ended and waits for its parent lives no longer: it gives the end of all time.
-std::optional<qint64> comienzoDe(qint64 proceso)
+// What the system tells of the process in /proc, as far as it does.
+temporales::Proceso leerProceso(qint64 numero)
 {
-    QFile estado(u"/proc/%1/stat"_s.arg(proceso));
+    QFile estado(u"/proc/%1/stat"_s.arg(numero));
     if (!estado.open(QIODevice::ReadOnly))
-        return std::nullopt;
+        return {true, std::nullopt};
     const QByteArray linea = estado.readAll();
     // The name of the program, in brackets, may hold blanks and brackets itself.
     const QList<QByteArray> campos = linea.mid(linea.lastIndexOf(')') + 2).split(' ');
     constexpr qsizetype campoEstado = 0;
     constexpr qsizetype campoComienzo = 19; // in clock ticks since the system was started
     if (campos.size() <= campoComienzo)
-        return std::nullopt;
-    if (campos[campoEstado] == "Z" || campos[campoEstado] == "X")
-        return std::numeric_limits<qint64>::max();
+        return {true, std::nullopt};
+    const bool vive = campos[campoEstado] != "Z" && campos[campoEstado] != "X";
     timespec ahora = {};
     timespec encendido = {};
     if (::clock_gettime(CLOCK_REALTIME, &ahora) != 0
         || ::clock_gettime(CLOCK_BOOTTIME, &encendido) != 0)
-        return std::nullopt;
-    return ahora.tv_sec - encendido.tv_sec
-           + campos[campoComienzo].toLongLong() / ::sysconf(_SC_CLK_TCK);
+        return {vive, std::nullopt};
+    return {vive, ahora.tv_sec - encendido.tv_sec
+                      + campos[campoComienzo].toLongLong() / ::sysconf(_SC_CLK_TCK)};
 }
 
-// Whether the process of that number can have written the file: another one that was given the
-// number later did not.
-bool puedeSerElEscritor(qint64 proceso, const struct stat &datos)
+temporales::Proceso procesoDeNumero(qint64 numero)
 {
-    const auto numero = static_cast<pid_t>(proceso);
-    if (numero != proceso || (::kill(numero, 0) != 0 && errno == ESRCH))
-        return false;
-    constexpr qint64 holgura = 2; // seconds that the clocks' roundings may come to
-    const auto comienzo = comienzoDe(proceso);
-    return !comienzo || *comienzo <= datos.st_mtim.tv_sec + holgura;
+    const auto pid = static_cast<pid_t>(numero);
+    if (pid != numero || (::kill(pid, 0) != 0 && errno == ESRCH))
+        return {};
+    return leerProceso(numero);
 }
 
 // The lock of a temporary file whose writer lives no longer, to be held while it is removed; none
@@ -96,10 +90,11 @@ bool puedeSerElEscritor(qint64 proceso, const struct stat &datos)
 Descriptor candadoDeAbandonado(const Descriptor &carpeta, const QString &nombre)
 {
     const QByteArray enElDisco = enDisco(nombre);
-    const auto proceso = procesoDeTemporal(nombre);
+    const auto proceso = temporales::procesoDe(nombre);
     struct stat datos = {};
     if (::fstatat(carpeta.numero(), enElDisco.constData(), &datos, AT_SYMLINK_NOFOLLOW) != 0
-        || !S_ISREG(datos.st_mode) || !proceso || puedeSerElEscritor(*proceso, datos))
+        || !S_ISREG(datos.st_mode) || !proceso
+        || temporales::puedeSerElEscritor(procesoDeNumero(*proceso), datos.st_mtim.tv_sec))
         return {};
     Descriptor archivo(::openat(carpeta.numero(), enElDisco.constData(),
                                 O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));

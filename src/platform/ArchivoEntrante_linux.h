@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // A file that is being received into a folder of the archive, under a temporary name.
 //
-// The name says whose it is, ".descarga-PROCESS-NUMBER", and the file is locked for as long as it
-// is written to, so that one which a killed process left behind is told from one under way.
+// The name says whose it is (see temporales.h), and the file is locked for as long as it is written
+// to, so that one which a killed process left behind is told from one under way.
 #pragma once
 
 #include "RaizArchivo_linux.h"

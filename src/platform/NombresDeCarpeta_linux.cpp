@@ -2,8 +2,7 @@
 #include "NombresDeCarpeta_linux.h"
 #include "Descriptor_linux.h"
 #include "platform/nombresNativos.h"
-
-#include <QRegularExpression>
+#include "temporales.h"
 
 #include <algorithm>
 #include <array>
@@ -43,15 +42,6 @@ void agregarEscritura(QStringList &escrituras, const QString &nombre)
 
 } // namespace
 
-std::optional<qint64> procesoDeTemporal(const QString &nombre)
-{
-    static const QRegularExpression patron(u"\\A\\.descarga-([1-9][0-9]{0,9})-[0-9]+\\z"_s);
-    if (!nombre.startsWith(u".descarga-"_s))
-        return std::nullopt;
-    const QRegularExpressionMatch hallado = patron.match(nombre);
-    return hallado.hasMatch() ? std::optional(hallado.captured(1).toLongLong()) : std::nullopt;
-}
-
 std::optional<struct stat> NombresDeCarpeta::datosDe(int carpeta)
 {
     struct stat datos = {};
@@ -81,7 +71,7 @@ void NombresDeCarpeta::leer(Listado &listado, int carpeta)
         // A name that is no text can be asked for by nobody.
         if (bytes == "." || bytes == ".." || enDisco(nombre) != bytes)
             continue;
-        if (procesoDeTemporal(nombre))
+        if (temporales::procesoDe(nombre))
             listado.temporales.append(nombre);
         else if (!esOtraEscritura(carpeta, *entrada, nombre))
             agregarEscritura(listado.escrituras[plegado(nombre)], nombre);

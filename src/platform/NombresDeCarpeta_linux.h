@@ -20,10 +20,6 @@ inline QByteArray enDisco(const QString &nombre)
     return nombre.toUtf8();
 }
 
-// The process that the name of a temporary file tells, ".descarga-PROCESS-NUMBER"; nothing for any
-// other name.
-std::optional<qint64> procesoDeTemporal(const QString &nombre);
-
 class NombresDeCarpeta {
 public:
     // An entry of a folder: its spelling on the disk, and what it is (a link is a link).
