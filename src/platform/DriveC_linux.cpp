@@ -74,23 +74,10 @@ public:
 
     RaizArchivo raiz;
 
-    // Where a path leads, when the program may write there: the names of its folder from the root
-    // on, and its own name as asked for.
-    struct Lugar {
-        QStringList ruta;
-        QString nombre;
-        bool esRaiz = false;
-    };
-    std::optional<Lugar> lugar(const QString &ruta) const
+    // Where a path leads, when the program may write there.
+    std::optional<rutaWindows::Lugar> lugar(const QString &ruta) const
     {
-        auto nombres = rutaWindows::nombres(ruta);
-        if (!nombres || nombres->isEmpty() || !raiz.esRaiz(nombres->first()))
-            return std::nullopt;
-        Lugar resultado;
-        resultado.esRaiz = nombres->size() == 1;
-        resultado.nombre = nombres->takeLast();
-        resultado.ruta = nombres->mid(1);
-        return resultado;
+        return rutaWindows::lugarEn(raiz.nombre(), ruta);
     }
 
     // A file, or nothing yet, in its open folder.
@@ -110,7 +97,8 @@ public:
         const auto hallado = lugar(ruta);
         if (!hallado || hallado->esRaiz || rutaWindows::terminaEnSeparador(ruta))
             return std::nullopt;
-        Sitio resultado{hallado->ruta, raiz.abrirCarpeta(hallado->ruta), hallado->nombre, {}, {}};
+        Sitio resultado{
+            hallado->carpeta, raiz.abrirCarpeta(hallado->carpeta), hallado->nombre, {}, {}};
         if (!resultado.carpeta)
             return std::nullopt;
         resultado.entrada = raiz.nombres.hallar(resultado.numero(), resultado.pedido);
@@ -178,7 +166,7 @@ bool DriveC::crearCarpeta(const QString &ruta)
         return false;
     RaizArchivo &raiz = d->raiz;
     const Descriptor carpeta =
-        lugar->esRaiz ? raiz.abrirPersonal() : raiz.abrirCarpeta(lugar->ruta);
+        lugar->esRaiz ? raiz.abrirPersonal() : raiz.abrirCarpeta(lugar->carpeta);
     if (!carpeta)
         return false;
     const auto entrada = raiz.nombres.hallar(carpeta.numero(), lugar->nombre);
@@ -255,17 +243,7 @@ std::optional<QStringList> DriveC::carpetas(const QString &ruta) const
         if (!esOtraEscritura(entrada))
             nombres.append(entrada.fileName());
     }
-    std::sort(nombres.begin(), nombres.end(), [](const QString &a, const QString &b) {
-        const int orden = nombresNativos::plegado(a).compare(nombresNativos::plegado(b));
-        return orden != 0 ? orden < 0 : a < b;
-    });
-    const QChar separador = enC ? u'\\' : u'/';
-    QString prefijo = ruta;
-    if (!prefijo.endsWith(separador))
-        prefijo += separador;
-    for (QString &nombre : nombres)
-        nombre.prepend(prefijo);
-    return nombres;
+    return rutaWindows::listado(ruta, nombres);
 }
 
 QString DriveC::rutaNativa(const QString &ruta) const

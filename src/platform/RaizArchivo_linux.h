@@ -18,6 +18,7 @@ public:
     // operation fails. `nombre` is the one folder in it that the program may write to.
     RaizArchivo(const QString &personal, const QString &nombre);
 
+    const QString &nombre() const { return m_nombre; }
     bool hayUnidad() const { return !m_personal.isEmpty(); }
     // Whether a name in the drive's top folder means the archive root.
     bool esRaiz(const QString &nombre) const;

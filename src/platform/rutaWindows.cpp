@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "platform/rutaWindows.h"
+#include "platform/nombresNativos.h"
 
 #include <QRegularExpression>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -26,6 +29,34 @@ bool enUnidadC(const QString &ruta)
 {
     return ruta.size() >= 3 && (ruta[0] == u'C' || ruta[0] == u'c') && ruta[1] == u':'
            && esSeparador(ruta[2]);
+}
+
+std::optional<Lugar> lugarEn(const QString &raiz, const QString &ruta)
+{
+    auto hallados = nombres(ruta);
+    if (!hallados || hallados->isEmpty()
+        || nombresNativos::plegado(hallados->first()) != nombresNativos::plegado(raiz))
+        return std::nullopt;
+    Lugar lugar;
+    lugar.esRaiz = hallados->size() == 1;
+    lugar.nombre = hallados->takeLast();
+    lugar.carpeta = hallados->mid(1);
+    return lugar;
+}
+
+QStringList listado(const QString &carpeta, QStringList nombres)
+{
+    std::sort(nombres.begin(), nombres.end(), [](const QString &a, const QString &b) {
+        const int orden = nombresNativos::plegado(a).compare(nombresNativos::plegado(b));
+        return orden != 0 ? orden < 0 : a < b;
+    });
+    const QChar separador = enUnidadC(carpeta) ? u'\\' : u'/';
+    QString prefijo = carpeta;
+    if (!prefijo.endsWith(separador))
+        prefijo += separador;
+    for (QString &nombre : nombres)
+        nombre.prepend(prefijo);
+    return nombres;
 }
 
 std::optional<EnLista> comoEnLista(const QString &ruta)

@@ -17,6 +17,12 @@ private Q_SLOTS:
     void ruta_refusada();
     void comoEnLista_data();
     void comoEnLista();
+    void lugar_bajoLaRaiz_data();
+    void lugar_bajoLaRaiz();
+    void lugar_fueraDeLaRaiz_data();
+    void lugar_fueraDeLaRaiz();
+    void listado_porNombre_data();
+    void listado_porNombre();
     void separadorAlFinal_data();
     void separadorAlFinal();
     void nombre_refusado_data();
@@ -142,6 +148,78 @@ void tst_rutaWindows::comoEnLista()
     QCOMPARE(leida->madre, u"Quorvela"_s);
     QCOMPARE(leida->carpeta, carpeta);
     QCOMPARE(leida->nombres, nombres);
+}
+
+void tst_rutaWindows::lugar_bajoLaRaiz_data()
+{
+    QTest::addColumn<QString>("ruta");
+    QTest::addColumn<QStringList>("carpeta");
+    QTest::addColumn<QString>("nombre");
+    QTest::addColumn<bool>("esRaiz");
+    const auto fila = [](const char *titulo, const QString &ruta, const QStringList &carpeta,
+                         const QString &nombre, bool esRaiz = false) {
+        QTest::newRow(titulo) << ruta << carpeta << nombre << esRaiz;
+    };
+    fila("la raiz", u"C:\\Quorvela"_s, {}, u"Quorvela"_s, true);
+    fila("la raiz, otra escritura", u"c:/QUORVELA/"_s, {}, u"QUORVELA"_s, true);
+    fila("en la raiz", u"C:\\Quorvela\\a.txt"_s, {}, u"a.txt"_s);
+    fila("mas abajo", u"C:\\quorvela\\1-2010\\Fotos\\a.jpg"_s, {u"1-2010"_s, u"Fotos"_s},
+         u"a.jpg"_s);
+    fila("sale y vuelve", u"C:\\Otra\\..\\Quorvela\\a.txt"_s, {}, u"a.txt"_s);
+    fila("la raiz dentro de si", u"C:\\Quorvela\\Quorvela"_s, {}, u"Quorvela"_s);
+}
+
+void tst_rutaWindows::lugar_bajoLaRaiz()
+{
+    QFETCH(QString, ruta);
+    QFETCH(QStringList, carpeta);
+    QFETCH(QString, nombre);
+    QFETCH(bool, esRaiz);
+    const auto lugar = rutaWindows::lugarEn(u"Quorvela"_s, ruta);
+    QVERIFY(lugar);
+    QCOMPARE(lugar->carpeta, carpeta);
+    QCOMPARE(lugar->nombre, nombre);
+    QCOMPARE(lugar->esRaiz, esRaiz);
+}
+
+void tst_rutaWindows::lugar_fueraDeLaRaiz_data()
+{
+    QTest::addColumn<QString>("ruta");
+    QTest::newRow("la unidad") << u"C:\\"_s;
+    QTest::newRow("otra carpeta") << u"C:\\Otra\\a.txt"_s;
+    QTest::newRow("de nombre que empieza igual") << u"C:\\Quorvela2\\a.txt"_s;
+    QTest::newRow("sale") << u"C:\\Quorvela\\..\\a.txt"_s;
+    QTest::newRow("sale por encima") << u"C:\\Quorvela\\..\\..\\Otra\\a.txt"_s;
+    QTest::newRow("otra unidad") << u"D:\\Quorvela\\a.txt"_s;
+    QTest::newRow("nombre refusado") << u"C:\\Quorvela\\con"_s;
+    QTest::newRow("nativa") << u"/home/ana/Quorvela/a.txt"_s;
+}
+
+void tst_rutaWindows::lugar_fueraDeLaRaiz()
+{
+    QFETCH(QString, ruta);
+    QVERIFY(!rutaWindows::lugarEn(u"Quorvela"_s, ruta));
+}
+
+void tst_rutaWindows::listado_porNombre_data()
+{
+    QTest::addColumn<QString>("carpeta");
+    QTest::addColumn<QStringList>("lineas");
+    QTest::newRow("con separador")
+        << u"C:\\"_s << QStringList{u"C:\\A"_s, u"C:\\a"_s, u"C:\\B"_s, u"C:\\c"_s};
+    QTest::newRow("sin separador")
+        << u"c:/x"_s << QStringList{u"c:/x\\A"_s, u"c:/x\\a"_s, u"c:/x\\B"_s, u"c:/x\\c"_s};
+    QTest::newRow("nativa") << u"/x"_s << QStringList{u"/x/A"_s, u"/x/a"_s, u"/x/B"_s, u"/x/c"_s};
+    QTest::newRow("la nativa de arriba")
+        << u"/"_s << QStringList{u"/A"_s, u"/a"_s, u"/B"_s, u"/c"_s};
+}
+
+void tst_rutaWindows::listado_porNombre()
+{
+    QFETCH(QString, carpeta);
+    QFETCH(QStringList, lineas);
+    QCOMPARE(rutaWindows::listado(carpeta, {u"c"_s, u"B"_s, u"a"_s, u"A"_s}), lineas);
+    QCOMPARE(rutaWindows::listado(carpeta, {}), QStringList());
 }
 
 void tst_rutaWindows::separadorAlFinal_data()

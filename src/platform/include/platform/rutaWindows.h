@@ -19,6 +19,22 @@ std::optional<QStringList> nombres(const QString &ruta);
 // Whether the path ends in a separator, as only that of a folder does: `nombres` drops it.
 bool terminaEnSeparador(const QString &ruta);
 
+// A path below one folder of drive C: the names of its own folder from there on, and its own name.
+struct Lugar {
+    QStringList carpeta;
+    QString nombre;
+    bool esRaiz = false; // the folder itself, with its name as the path has it
+};
+
+// Where the path stands below `raiz`, the name of a folder in the drive's top folder, whose letter
+// case does not matter. Nothing for a path that leads elsewhere, and for one that `nombres`
+// refuses: whoever writes only where this leads writes nowhere else.
+std::optional<Lugar> lugarEn(const QString &raiz, const QString &ruta);
+
+// The lines of a folder's listing: the names in it, sorted without regard to letter case, each with
+// the folder's path before it as that was written. A native path gets "/" as its separator.
+QStringList listado(const QString &carpeta, QStringList nombres);
+
 // A path that begins as a line of a folder's listing does: the folder's name ("Quorvela"), one
 // separator, and the name of a folder in it as it stands, up to the first "/". The name may be one
 // that Windows refuses, end in a blank or a dot, or hold a "\"; all that it cannot hold is a "/".
