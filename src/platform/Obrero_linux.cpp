@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "Obrero.h"
+#include "Obrero_linux.h"
 
 #include "herencia.h"
 

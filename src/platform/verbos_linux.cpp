@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/Verbos.h"
 
-#include "Obrero.h"
+#include "Obrero_linux.h"
 #include "herencia.h"
 #include "senales.h"
 
