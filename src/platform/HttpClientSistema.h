@@ -8,6 +8,8 @@
 #include <cstddef>
 #include <memory>
 
+#include <curl/curl.h>
+
 namespace HttpClientSistema {
 
 // Once, before the library is made ready: a connection that the peer has closed must be an error of
@@ -15,10 +17,11 @@ namespace HttpClientSistema {
 // the keys of the connections written to a file.
 void preparar();
 
-// A new socket, by the numbers that the system has for its kinds; -1 when there is none to be had.
+// A new socket, by the numbers that the system has for its kinds; CURL_SOCKET_BAD when there is
+// none to be had. The library that asks for it closes it.
 // A program that is started while it is open does not inherit it: the connection would stay open
 // for as long as that program lives.
-int abrirZocalo(int familia, int tipo, int protocolo);
+curl_socket_t abrirZocalo(int familia, int tipo, int protocolo);
 
 // Whether this computer has a way out to a peer (`direccion`: a socket address of the system's): a
 // route, and an interface that is up and connected. It tells from its own tables and sends nothing.

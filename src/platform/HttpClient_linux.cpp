@@ -78,7 +78,7 @@ void preparar()
     ::unsetenv("SSLKEYLOGFILE");
 }
 
-int abrirZocalo(int familia, int tipo, int protocolo)
+curl_socket_t abrirZocalo(int familia, int tipo, int protocolo)
 {
     return ::socket(familia, tipo | SOCK_CLOEXEC, protocolo);
 }
