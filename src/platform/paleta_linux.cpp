@@ -14,11 +14,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const auto servicio = u"org.freedesktop.portal.Desktop"_s;
-const auto objeto = u"/org/freedesktop/portal/desktop"_s;
-const auto interfaz = u"org.freedesktop.portal.Settings"_s;
-const auto espacio = u"org.freedesktop.appearance"_s;
-const auto clave = u"color-scheme"_s;
+constexpr auto servicio = "org.freedesktop.portal.Desktop"_L1;
+constexpr auto objeto = "/org/freedesktop/portal/desktop"_L1;
+constexpr auto interfaz = "org.freedesktop.portal.Settings"_L1;
+constexpr auto espacio = "org.freedesktop.appearance"_L1;
+constexpr auto clave = "color-scheme"_L1;
 constexpr uint prefiereOscuro = 1;
 
 QPalette paletaOscura()
@@ -62,11 +62,11 @@ public:
         qDBusRegisterMetaType<QDBusVariant>();
         // A desktop without this service changes nothing later either.
         [[maybe_unused]] const bool avisara =
-            bus.connect(servicio, objeto, interfaz, u"SettingChanged"_s, this,
-                        SLOT(alCambiar(QString, QString, QDBusVariant)));
-        QDBusMessage pregunta =
-            QDBusMessage::createMethodCall(servicio, objeto, interfaz, u"Read"_s);
-        pregunta << espacio << clave;
+            bus.connect(QString(servicio), QString(objeto), QString(interfaz), u"SettingChanged"_s,
+                        this, SLOT(alCambiar(QString, QString, QDBusVariant)));
+        QDBusMessage pregunta = QDBusMessage::createMethodCall(QString(servicio), QString(objeto),
+                                                               QString(interfaz), u"Read"_s);
+        pregunta << QString(espacio) << QString(clave);
         auto *espera = new QDBusPendingCallWatcher(bus.asyncCall(pregunta), this);
         connect(espera, &QDBusPendingCallWatcher::finished, this, [this, espera] {
             const QDBusPendingReply<QDBusVariant> respuesta = *espera;
