@@ -19,7 +19,7 @@ using Conexion = std::unique_ptr<http_t, Cierra>;
 using Destino = std::unique_ptr<cups_dest_t, Cierra>;
 using Respuesta = std::unique_ptr<ipp_t, Cierra>;
 
-const std::string noAtiende = "el servidor de impresión no atiende";
+constexpr auto noAtiende = "el servidor de impresión no atiende";
 
 Conexion conectar(impresora::Falla &falla)
 {
