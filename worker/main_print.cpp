@@ -5,6 +5,7 @@
 // with code 0, when the input has ended and everything handed over has been dealt with. Options:
 // see opciones.h; PARVANEL_ORIGEN and PARVANEL_RAIZ are for the renderer (render/motor.h).
 
+#include "platform/companeros.h"
 #include "worker/Imprenta.h"
 #include "worker/temporal.h"
 
@@ -26,18 +27,13 @@ constexpr std::uintmax_t bytesDelRegistro = std::uintmax_t(256) * 1024;
 
 volatile std::sig_atomic_t interrumpido = 0;
 
-// Beside this program, where an installation that was moved has it, or where this one was to be
-// installed.
+// Where it is missing it is looked for in its last place each time that a page is to be drawn.
 fs::path dibujador()
 {
-    constexpr auto nombre = "parvanel-print-render";
+    const std::string nombre = "parvanel-print-render";
     std::error_code sinImportancia; // without a place of its own the last one is left
     const fs::path propia = fs::read_symlink("/proc/self/exe", sinImportancia).parent_path();
-    for (const fs::path &carpeta : {propia, propia / "../libexec/parvanel"}) {
-        if (access((carpeta / nombre).c_str(), X_OK) == 0)
-            return carpeta / nombre;
-    }
-    return fs::path(PARVANEL_LIBEXEC) / nombre;
+    return companeros::hallar(nombre, propia).value_or(companeros::lugares(nombre, propia).back());
 }
 
 // Blocks the signals that the loop wants to hear of, and gives the mask to wait under. None of the

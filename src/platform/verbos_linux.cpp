@@ -3,6 +3,7 @@
 
 #include "Obrero_linux.h"
 #include "herencia.h"
+#include "platform/companeros.h"
 #include "senales.h"
 
 #include <QByteArray>
@@ -24,19 +25,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Beside the running program, where an installation that was moved has it, where this one was to
-// be installed, then on PATH.
+// One on PATH is for a program that was copied out of its installation alone.
 QString programaImpresion()
 {
-    const QString nombre = u"parvanel-print"_s;
-    const QString propia = QCoreApplication::applicationDirPath();
-    for (const QString &carpeta :
-         {propia, propia + u"/../libexec/parvanel"_s, QStringLiteral(PARVANEL_LIBEXECDIR)}) {
-        const QString hallado = QStandardPaths::findExecutable(nombre, {carpeta});
-        if (!hallado.isEmpty())
-            return hallado;
-    }
-    return QStandardPaths::findExecutable(nombre);
+    const QByteArray propia = QFile::encodeName(QCoreApplication::applicationDirPath());
+    const auto hallado = companeros::hallar("parvanel-print", propia.toStdString());
+    return hallado ? QFile::decodeName(hallado->c_str())
+                   : QStandardPaths::findExecutable(u"parvanel-print"_s);
 }
 
 QList<QByteArray> variablesDe(const EntornoImpresion &entorno)
