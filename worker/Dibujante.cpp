@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "worker/Dibujante.h"
 
+#include "platform/arranque_linux.h"
 #include "worker/memoria.h"
 #include "worker/render/salida.h"
 
@@ -8,7 +9,6 @@
 #include <cerrno>
 #include <csignal>
 #include <fcntl.h>
-#include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -16,51 +16,6 @@ namespace {
 
 // A renderer with an ordinary page takes an eighth of it.
 constexpr std::uintmax_t memoriaMaxima = std::uintmax_t{1} << 30;
-
-// The attributes and file actions of one start, freed together. `fallo` is that of the first step
-// that failed.
-struct Arranque {
-    posix_spawn_file_actions_t archivos{};
-    posix_spawnattr_t atributos{};
-    int fallo = 0;
-
-    explicit Arranque(int entrada)
-    {
-        probar(posix_spawn_file_actions_init(&archivos));
-        probar(posix_spawnattr_init(&atributos));
-        if (fallo != 0)
-            return;
-        probar(posix_spawn_file_actions_adddup2(&archivos, entrada, STDIN_FILENO));
-        for (const int descriptor : {STDOUT_FILENO, STDERR_FILENO})
-            probar(
-                posix_spawn_file_actions_addopen(&archivos, descriptor, "/dev/null", O_WRONLY, 0));
-
-        // The worker blocks and ignores signals for itself only.
-        sigset_t ninguna;
-        sigset_t todas;
-        sigemptyset(&ninguna);
-        sigfillset(&todas);
-        probar(posix_spawnattr_setpgroup(&atributos, 0));
-        probar(posix_spawnattr_setsigmask(&atributos, &ninguna));
-        probar(posix_spawnattr_setsigdefault(&atributos, &todas));
-        probar(posix_spawnattr_setflags(&atributos, POSIX_SPAWN_SETPGROUP | POSIX_SPAWN_SETSIGMASK
-                                                        | POSIX_SPAWN_SETSIGDEF));
-    }
-    ~Arranque()
-    {
-        posix_spawn_file_actions_destroy(&archivos);
-        posix_spawnattr_destroy(&atributos);
-    }
-    Arranque(const Arranque &) = delete;
-    Arranque &operator=(const Arranque &) = delete;
-
-private:
-    void probar(int resultado)
-    {
-        if (fallo == 0)
-            fallo = resultado;
-    }
-};
 
 Dibujante::Fin finDeCodigo(int codigo)
 {
@@ -85,21 +40,15 @@ std::unique_ptr<Dibujante> Dibujante::nacer(const std::filesystem::path &program
     std::array<int, 2> tubo{};
     if (pipe2(tubo.data(), O_CLOEXEC) != 0)
         return nullptr;
-    const Arranque arranque(tubo[0]);
-    std::string nombre = programa.string();
-    std::string modo = "--espera";
-    const std::array<char *, 3> argumentos{nombre.data(), modo.data(), nullptr};
-    pid_t pid = 0;
-    const int error = arranque.fallo != 0
-                          ? arranque.fallo
-                          : posix_spawn(&pid, nombre.c_str(), &arranque.archivos,
-                                        &arranque.atributos, argumentos.data(), environ);
+    // It blocks none of the signals that the worker blocks and ignores for itself.
+    const auto pid =
+        arranque::lanzar(programa, {"--espera"}, environ, tubo[0], arranque::Aparte::Grupo);
     close(tubo[0]);
-    if (error != 0) {
+    if (!pid) {
         close(tubo[1]);
         return nullptr;
     }
-    return std::unique_ptr<Dibujante>(new Dibujante(pid, tubo[1]));
+    return std::unique_ptr<Dibujante>(new Dibujante(*pid, tubo[1]));
 }
 
 Dibujante::~Dibujante()

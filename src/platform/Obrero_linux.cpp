@@ -2,55 +2,23 @@
 #include "Obrero_linux.h"
 
 #include "herencia.h"
+#include "platform/arranque_linux.h"
 
 #include <QFile>
 #include <QSocketNotifier>
 
 #include <cerrno>
+#include <optional>
 #include <utility>
 #include <vector>
 
 #include <fcntl.h>
-#include <spawn.h>
 #include <sys/ioctl.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 namespace {
-
-// What a start needs, freed together. `fallo` is that of the first step that failed.
-struct Preparativos {
-    posix_spawn_file_actions_t acciones{};
-    posix_spawnattr_t atributos{};
-    int fallo = 0;
-
-    explicit Preparativos(int entrada)
-    {
-        probar(posix_spawn_file_actions_init(&acciones));
-        probar(posix_spawnattr_init(&atributos));
-        if (fallo != 0)
-            return;
-        probar(posix_spawn_file_actions_adddup2(&acciones, entrada, STDIN_FILENO));
-        for (const int salida : {STDOUT_FILENO, STDERR_FILENO})
-            probar(posix_spawn_file_actions_addopen(&acciones, salida, "/dev/null", O_WRONLY, 0));
-        probar(posix_spawnattr_setflags(&atributos, POSIX_SPAWN_SETSID));
-    }
-    ~Preparativos()
-    {
-        posix_spawnattr_destroy(&atributos);
-        posix_spawn_file_actions_destroy(&acciones);
-    }
-    Preparativos(const Preparativos &) = delete;
-    Preparativos &operator=(const Preparativos &) = delete;
-
-private:
-    void probar(int resultado)
-    {
-        if (fallo == 0)
-            fallo = resultado;
-    }
-};
 
 QByteArray nombreDe(const QByteArray &variable)
 {
@@ -72,22 +40,16 @@ QList<QByteArray> entornoCon(const QList<QByteArray> &variables)
     return entorno;
 }
 
-pid_t lanzar(const QString &programa, const QList<QByteArray> &variables, int entrada)
+std::optional<pid_t> lanzar(const QString &programa, const QList<QByteArray> &variables,
+                            int entrada)
 {
-    Preparativos preparativos(entrada);
-    if (preparativos.fallo != 0)
-        return -1;
-    QByteArray ruta = QFile::encodeName(programa);
-    char *argumentos[] = {ruta.data(), nullptr};
     QList<QByteArray> entorno = entornoCon(variables);
     std::vector<char *> punteros;
     for (QByteArray &variable : entorno)
         punteros.push_back(variable.data());
     punteros.push_back(nullptr);
-    pid_t pid = -1;
-    const int fallo = ::posix_spawn(&pid, ruta.constData(), &preparativos.acciones,
-                                    &preparativos.atributos, argumentos, punteros.data());
-    return fallo == 0 ? pid : -1;
+    return arranque::lanzar(QFile::encodeName(programa).toStdString(), {}, punteros.data(), entrada,
+                            arranque::Aparte::Sesion);
 }
 
 } // namespace
@@ -103,13 +65,13 @@ std::unique_ptr<Obrero> Obrero::arrancar(const QString &programa,
         return nullptr;
     // The other end blocks: that is the worker's own affair.
     const bool listo = ::fcntl(extremos[1], F_SETFL, O_NONBLOCK) == 0;
-    const pid_t pid = listo ? lanzar(programa, variables, extremos[0]) : -1;
+    const auto pid = listo ? lanzar(programa, variables, extremos[0]) : std::nullopt;
     ::close(extremos[0]);
-    if (pid < 0) {
+    if (!pid) {
         ::close(extremos[1]);
         return nullptr;
     }
-    std::unique_ptr<Obrero> obrero(new Obrero(pid, extremos[1], std::move(alTerminar)));
+    std::unique_ptr<Obrero> obrero(new Obrero(*pid, extremos[1], std::move(alTerminar)));
     obrero->vigilar();
     return obrero;
 }
