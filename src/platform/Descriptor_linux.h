@@ -23,6 +23,7 @@ public:
         [[maybe_unused]] const bool cerrado = cerrar();
     }
 
+    // Stays this object's; -1 when it holds none.
     int numero() const { return m_numero; }
     explicit operator bool() const { return m_numero >= 0; }
 

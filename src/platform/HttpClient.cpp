@@ -15,7 +15,8 @@ namespace {
 
 constexpr int redireccionesMaximas = 10;
 
-// The library, made ready for use.
+// The library, made ready for use. It is never undone: a name look-up that was left to itself may
+// be at work in it until the process ends.
 struct Biblioteca {
     bool lista = false;
     Biblioteca()
@@ -183,7 +184,7 @@ private:
         poner(CURLOPT_HTTPHEADER, lista);
         poner(CURLOPT_USERAGENT, "Parvanel/4.0");
         poner(CURLOPT_ACCEPT_ENCODING, "gzip, deflate");
-        poner(CURLOPT_HTTP_CONTENT_DECODING, 0L); // but see DecodificacionHttp
+        poner(CURLOPT_HTTP_CONTENT_DECODING, 0L); // or half a body counts: see DecodificacionHttp
         poner(CURLOPT_FRESH_CONNECT, 1L);
         poner(CURLOPT_FORBID_REUSE, 1L);
         poner(CURLOPT_SHARE, m_comun.get());

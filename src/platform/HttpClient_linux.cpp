@@ -41,7 +41,7 @@ bool conectada(const sockaddr_storage &propia)
 {
     ifaddrs *interfaces = nullptr;
     if (::getifaddrs(&interfaces) != 0)
-        return true; // not known
+        return true; // not known: the failed attempt is the request's end, as before any answer
     bool alguna = false;
     bool conCable = false;
     for (const ifaddrs *una = interfaces; una; una = una->ifa_next) {

@@ -18,7 +18,8 @@ class IntentosHttp {
 public:
     using AlFallar = std::function<void(CURLcode)>;
 
-    // All but `alFallar` are borrowed. It is called when the last attempt promised by otroTras()
+    // All but `alFallar` are borrowed, and they and what it refers to must outlive this object: its
+    // timers act on them. It is called when the last attempt promised by otroTras()
     // cannot be made or the time is over.
     IntentosHttp(TransferenciaHttp &transferencia, MotorHttp &motor,
                  const HttpClient::Limites &limites, AlFallar alFallar);

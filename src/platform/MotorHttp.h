@@ -17,7 +17,8 @@
 class MotorHttp : public QObject {
 public:
     // Called when a transfer has ended, from within the event loop and from no callback of the
-    // library: it may take transfers off and put others on, but must not turn the loop.
+    // library: it may take transfers off and put others on, but must not turn the loop. What it
+    // refers to must outlive this object.
     using AlTerminar = std::function<void(CURL *, CURLcode)>;
 
     explicit MotorHttp(AlTerminar alTerminar);
@@ -25,8 +26,8 @@ public:
 
     // Whether the library has given all that is needed. Nothing may be started otherwise.
     bool listo() const { return m_listo; }
-    // Starts a transfer. It is borrowed, and must be taken off before it is cleaned up. False: it
-    // could not be taken up.
+    // Starts a transfer. It is borrowed, and must be taken off before it is cleaned up, else the
+    // library goes on with memory that is free. False: it could not be taken up.
     bool poner(CURL *easy);
     // Lets go of a transfer and its connection, whether it has ended or not: no callback of it is
     // called any more.
@@ -35,7 +36,8 @@ public:
     void girar();
 
 private:
-    // The notifiers of one socket.
+    // The notifiers of one socket, which is the library's own: it says when to stop watching, and
+    // closes it.
     struct Vigia {
         std::unique_ptr<QSocketNotifier> lectura;
         std::unique_ptr<QSocketNotifier> escritura;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The names that stand in folders, looked up without regard to letter case. Folders are given by
-// open descriptors, so that a name is looked up in that very folder, whatever becomes of its path.
+// open descriptors, so that a name is looked up in that very folder, whatever becomes of its path;
+// they are borrowed for the call.
 #pragma once
 
 #include <QByteArray>
@@ -46,7 +47,8 @@ public:
     // that a folder of many files is not read again for each of them. A listing that somebody
     // else has overtaken stays out of date and is read again at its next use; one overtaken
     // within the file system's clock tick may be believed until the folder's next change. Names
-    // in their exact spelling are always looked up on the disk. `hacer` itself looks none up.
+    // in their exact spelling are always looked up on the disk. `hacer` itself looks none up: the
+    // listing of one more folder may move the one at hand.
     template <typename Hacer>
     bool cambiar(int carpeta, const QString &nombre, Queda queda, Hacer hacer)
     {
@@ -78,6 +80,7 @@ private:
     static void leer(Listado &listado, int carpeta);
     static void tomarCambio(Listado &listado, int carpeta, const QString &nombre, Queda queda);
 
+    // Both are good until the next listing is made.
     // The remembered listing if it is up to date; else null.
     Listado *alDia(int carpeta);
     // The listing, read again if needed; null when the folder is gone.

@@ -63,7 +63,7 @@ std::unique_ptr<Obrero> Obrero::arrancar(const QString &programa,
     // Closed on exec, so that a browser opened later does not keep it open.
     if (programa.isEmpty() || ::pipe2(extremos, O_CLOEXEC) != 0)
         return nullptr;
-    // The other end blocks: that is the worker's own affair.
+    // This end alone: a worker that waits in its reads would take an empty pipe for a broken one.
     const bool listo = ::fcntl(extremos[1], F_SETFL, O_NONBLOCK) == 0;
     const auto pid = listo ? lanzar(programa, variables, extremos[0]) : std::nullopt;
     ::close(extremos[0]);

@@ -18,7 +18,8 @@ public:
     // Starts the program without arguments in a session of its own, so that neither a closed
     // terminal nor the end of this program ends it, with this program's environment and
     // `variables` ("NAME=value") in it. Null when it cannot be started. `alTerminar` is called from
-    // the event loop when the process has ended and has been reaped; it may destroy this object.
+    // the event loop when the process has ended and has been reaped; it may destroy this object,
+    // and what it refers to must outlive it.
     static std::unique_ptr<Obrero> arrancar(const QString &programa,
                                             const QList<QByteArray> &variables,
                                             std::function<void()> alTerminar);
@@ -28,7 +29,9 @@ public:
     Obrero(const Obrero &) = delete;
     Obrero &operator=(const Obrero &) = delete;
 
-    // The pipe's end, for waiting until it has room; -1 once it has been closed.
+    // The pipe's end, for waiting until it has room; -1 once it has been closed. It stays this
+    // object's: who watches it stops before soltar(), or watches what is opened next under its
+    // number.
     int tuberia() const { return m_tuberia; }
 
     enum class Escrito { Algo, Lleno, Cerrado };

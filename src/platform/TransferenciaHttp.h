@@ -24,7 +24,8 @@ public:
     using Reloj = std::chrono::steady_clock;
 
     // `easy` is borrowed, and must outlive the object. The object must not move: the library holds
-    // its address. `limiteSalto`: how many bytes a redirect's own body may have.
+    // its address. What `recibir` refers to must outlive it. `limiteSalto`: how many bytes a
+    // redirect's own body may have.
     TransferenciaHttp(CURL *easy, const Recibir &recibir, qint64 limiteSalto)
         : easy(easy), m_recibir(recibir), m_limiteSalto(limiteSalto)
     {

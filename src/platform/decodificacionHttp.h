@@ -17,7 +17,7 @@ public:
 
     // `codificaciones` as the reply's headers name them, in the order in which the sender applied
     // them. "gzip" ("x-gzip"), "deflate" (a bare stream without its envelope too) and "identity"
-    // ("none") are known, in upper case as well.
+    // ("none") are known, in upper case as well. What `recibir` refers to must outlive the object.
     DecodificacionHttp(const QList<QByteArray> &codificaciones, const Recibir &recibir);
     ~DecodificacionHttp();
     DecodificacionHttp(const DecodificacionHttp &) = delete;

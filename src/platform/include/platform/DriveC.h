@@ -25,7 +25,7 @@
 class ArchivoEntrante {
 public:
     virtual ~ArchivoEntrante() = default;
-    // Where the bytes go; open for writing.
+    // Where the bytes go; open for writing. It lives as long as this object; publicar() closes it.
     virtual QIODevice &dispositivo() = 0;
     // Gives the file its name, in place of an earlier file. False: a byte could not be written,
     // the name could not be given, or the folder is no longer where it was.

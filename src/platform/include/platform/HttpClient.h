@@ -5,6 +5,11 @@
 // only when those above it have; what became of it meanwhile stays as it is. So many waits within
 // one another are meant to be few, and are never more than `peticionesMaximas`.
 //
+// It needs an application's event loop in its own thread, and must outlive every call on it: no
+// handler that runs within a wait may destroy it. What a call is given by reference is borrowed
+// until it returns, so that no such handler may change that either: the headers are sent again at
+// each redirect.
+//
 // HTTP/1.1, each request over a connection of its own, sent once. Redirects are followed (10 at
 // the most, never from https to http), cookies live in memory for the life of the object, gzip
 // and deflate are accepted and decoded, certificates and host names are always verified.
@@ -52,7 +57,7 @@ public:
     // limit passed, or something that the request needs could not be had.
     // `direccion` holds the bytes of the whole address as the caller built it. A byte that cannot
     // stand in a request target becomes %XX on the wire; nothing else is escaped or normalised
-    // (the address that a redirect names is resolved as usual).
+    // (the address that a redirect names is made absolute first).
     std::optional<QByteArray> get(const QByteArray &direccion, const Cabeceras &cabeceras);
 
     // The same straight into an open device, without further headers. False when the request

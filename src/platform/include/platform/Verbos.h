@@ -14,7 +14,8 @@
 struct EntornoImpresion {
     QString origen; // of the service, "https://host:port": pages may fetch from there
     // The native path of the archive root: pages may read below it. Asked for at each start of a
-    // worker, since the root may have been made, or moved to another spelling, meanwhile.
+    // worker, since the root may have been made, or moved to another spelling, meanwhile. What it
+    // refers to must outlive the Verbos that it is given to.
     std::function<QString()> raiz;
 };
 
@@ -27,9 +28,11 @@ struct PlazosImpresion {
     std::chrono::milliseconds descanso = std::chrono::seconds(60);
 };
 
+// It needs an application's event loop in its own thread: a full pipe's rest is written from there.
 class Verbos {
 public:
     explicit Verbos(const EntornoImpresion &entorno = {}, PlazosImpresion plazos = {});
+    // Closes the worker's pipe. What was not yet written to it is lost, what was is printed.
     ~Verbos();
     Verbos(const Verbos &) = delete;
     Verbos &operator=(const Verbos &) = delete;

@@ -7,7 +7,8 @@
 #include <memory>
 
 // Keeps the application's palette as the desktop wants it, for as long as it lives. Where Qt's
-// own desktop integration has already set a dark palette, nothing is changed.
+// own desktop integration has already set a dark palette, nothing is changed. Made after the
+// application, whose integration is asked, and gone before it.
 class PaletaEscritorio {
 public:
     PaletaEscritorio();
