@@ -127,7 +127,7 @@ public:
         return nuevo;
     }
 
-    // Browsers do regard letter case: a folder is given a link of the spelling asked for.
+    // A folder is given a link of the spelling asked for.
     void enlazarEscritura(const Descriptor &carpeta, const QString &existente,
                           const QString &pedido)
     {
@@ -172,8 +172,9 @@ bool DriveC::crearCarpeta(const QString &ruta)
     const auto entrada = raiz.nombres.hallar(carpeta.numero(), lugar->nombre);
     if (entrada) {
         // The root itself gets no second spelling: the link would stand outside of it.
-        if (!lugar->esRaiz && entrada->nombre != lugar->nombre)
-            d->enlazarEscritura(carpeta, entrada->nombre, lugar->nombre);
+        const auto destino = nombresNativos::enlacePara(lugar->nombre, entrada->nombre);
+        if (!lugar->esRaiz && destino)
+            d->enlazarEscritura(carpeta, *destino, lugar->nombre);
         return false;
     }
     return raiz.nombres.cambiar(carpeta.numero(), lugar->nombre, Queda::Anotado, [&] {

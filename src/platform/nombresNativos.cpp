@@ -25,6 +25,11 @@ QStringList candidatos(const QStringList &hay, const QString &pedido)
     return hallados;
 }
 
+std::optional<QString> enlacePara(const QString &pedido, const QString &existente)
+{
+    return pedido == existente ? std::nullopt : std::optional(existente);
+}
+
 bool esOtraEscritura(const QString &enlace, const QString &destino)
 {
     const qsizetype delEnlace = enlace.lastIndexOf(u'/') + 1;

@@ -11,6 +11,7 @@ class tst_nombresNativos : public QObject {
 private Q_SLOTS:
     void candidatos_elMejorPrimero_data();
     void candidatos_elMejorPrimero();
+    void enlacePuesto_esOtraEscritura();
     void enlace_esOtraEscritura_data();
     void enlace_esOtraEscritura();
     void desdeRaiz_losNombres_data();
@@ -43,6 +44,14 @@ void tst_nombresNativos::candidatos_elMejorPrimero()
     QFETCH(QString, pedido);
     QFETCH(QStringList, candidatos);
     QCOMPARE(nombresNativos::candidatos(hay, pedido), candidatos);
+}
+
+void tst_nombresNativos::enlacePuesto_esOtraEscritura()
+{
+    QCOMPARE(nombresNativos::enlacePara(u"fotos"_s, u"fotos"_s), std::nullopt);
+    const auto destino = nombresNativos::enlacePara(u"FOTOS"_s, u"Fotos"_s);
+    QCOMPARE(destino, u"Fotos"_s);
+    QVERIFY(nombresNativos::esOtraEscritura(u"FOTOS"_s, *destino));
 }
 
 void tst_nombresNativos::enlace_esOtraEscritura_data()

@@ -19,9 +19,14 @@ QString plegado(const QString &nombre);
 // spelling, then the others by name. The first one that is still there is meant.
 QStringList candidatos(const QStringList &hay, const QString &pedido);
 
-// Whether a link is only another spelling of its neighbour, as one is put beside a folder for the
-// browsers' sake: it never stands for the name, and no listing shows it. `enlace` is the link's own
-// path and `destino` the one that it holds, both from the same place on (two bare names, say).
+// What a link of the name `pedido` beside the folder `existente` must hold, so that browsers, which
+// do regard letter case, find the folder under either; nothing when they find it as it is. It is
+// the neighbour's bare name: an archive may be moved to another place.
+std::optional<QString> enlacePara(const QString &pedido, const QString &existente);
+
+// Whether a link is only another spelling of its neighbour, as one made so: it never stands for the
+// name, and no listing shows it. `enlace` is the link's own path and `destino` the one that it
+// holds, both from the same place on (two bare names, say).
 bool esOtraEscritura(const QString &enlace, const QString &destino);
 
 // The names that lead from `raiz` to `real`, none for the root itself; nothing when `real` is not
