@@ -4,12 +4,11 @@
 #pragma once
 
 #include "escenario/Historia.h"
+#include "escenario/ProgramasEnPath.h"
 #include "platform/Verbos.h"
 #include "printing/PanelImpresion.h"
 
-#include <QFile>
 #include <QStringList>
-#include <QTemporaryDir>
 
 #include <functional>
 
@@ -45,23 +44,18 @@ private:
 };
 
 // While it lives, "parvanel-print" on PATH is this one. Its notes are complete when the Verbos
-// that started it is gone and ended() says so.
+// that started it is gone and terminado() says so.
 class ObreroAnotado {
 public:
-    ObreroAnotado() : m_antes(qgetenv("PATH"))
+    ObreroAnotado()
     {
-        QFile guion(m_carpeta.filePath(QStringLiteral("parvanel-print")));
-        [[maybe_unused]] const bool abierto = guion.open(QIODevice::WriteOnly);
-        guion.write("#!/bin/sh\necho >> '" + ruta("arranques") + "'\ncat >> '" + ruta("lineas")
-                    + "'\necho >> '" + ruta("fin") + "'\n");
-        guion.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-        guion.close();
-        qputenv("PATH", m_carpeta.path().toUtf8() + ':' + m_antes);
+        m_programas.poner(QStringLiteral("parvanel-print"),
+                          "#!/bin/sh\necho >> '" + nota("arranques") + "'\ncat >> '"
+                              + nota("lineas") + "'\necho >> '" + nota("fin") + "'\n");
     }
-    ~ObreroAnotado() { qputenv("PATH", m_antes); }
 
-    bool arrancado() const { return QFile::exists(QString::fromUtf8(ruta("arranques"))); }
-    bool terminado() const { return QFile::exists(QString::fromUtf8(ruta("fin"))); }
+    bool arrancado() const { return !leer("arranques").isEmpty(); }
+    bool terminado() const { return !leer("fin").isEmpty(); }
     qsizetype arranques() const { return leer("arranques").size(); }
     QStringList documentos() const
     {
@@ -69,16 +63,14 @@ public:
     }
 
 private:
-    QByteArray ruta(const char *nombre) const
+    QByteArray nota(const char *nombre) const
     {
-        return m_carpeta.filePath(QString::fromLatin1(nombre)).toUtf8();
+        return m_programas.ruta(QString::fromLatin1(nombre)).toUtf8();
     }
     QByteArray leer(const char *nombre) const
     {
-        QFile archivo(QString::fromUtf8(ruta(nombre)));
-        return archivo.open(QIODevice::ReadOnly) ? archivo.readAll() : QByteArray();
+        return m_programas.leer(QString::fromLatin1(nombre));
     }
 
-    QByteArray m_antes;
-    QTemporaryDir m_carpeta;
+    ProgramasEnPath m_programas;
 };

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // The archive panel of the window.
+#include "escenario/ProgramasEnPath.h"
 #include "escenario/Turnos.h"
 #include "shell/VentanaDePrueba.h"
 
 #include <QDir>
-#include <QFile>
 #include <QListWidget>
 
 using namespace Qt::StringLiterals;
@@ -14,28 +14,17 @@ namespace {
 // A stand-in for the desktop's opener, first on PATH, that notes its arguments one a line.
 class AbridorAnotado {
 public:
-    AbridorAnotado() : m_antes(qgetenv("PATH"))
+    AbridorAnotado()
     {
-        QFile guion(m_carpeta.filePath(u"xdg-open"_s));
-        [[maybe_unused]] const bool abierto = guion.open(QIODevice::WriteOnly);
-        guion.write("#!/bin/sh\nprintf '%s\\n' \"$#\" \"$@\" > '" + nota().toUtf8()
-                    + ".nueva'\nmv '" + nota().toUtf8() + ".nueva' '" + nota().toUtf8() + "'\n");
-        guion.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-        guion.close();
-        qputenv("PATH", m_carpeta.path().toUtf8() + ':' + m_antes);
+        const QByteArray nota = m_programas.ruta(u"nota"_s).toUtf8();
+        m_programas.poner(u"xdg-open"_s, "#!/bin/sh\nprintf '%s\\n' \"$#\" \"$@\" > '" + nota
+                                             + ".nueva'\nmv '" + nota + ".nueva' '" + nota + "'\n");
     }
-    ~AbridorAnotado() { qputenv("PATH", m_antes); }
 
-    QString nota() const { return m_carpeta.filePath(u"nota"_s); }
-    QByteArray anotado() const
-    {
-        QFile archivo(nota());
-        return archivo.open(QIODevice::ReadOnly) ? archivo.readAll() : QByteArray();
-    }
+    QByteArray anotado() const { return m_programas.leer(u"nota"_s); }
 
 private:
-    QByteArray m_antes;
-    QTemporaryDir m_carpeta;
+    ProgramasEnPath m_programas;
 };
 
 } // namespace
