@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "CarpetaPersonal.h"
 #include "ServidorGuion.h"
+#include "consultaEscuela.h"
 #include "demostracion/ServicioDemo.h"
-#include "platform/DriveC.h"
-#include "platform/HttpClient.h"
 #include "sinProxy.h"
 
 #include <QBuffer>
@@ -14,39 +12,6 @@
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
-
-namespace {
-
-const HttpClient::Cabeceras cabecerasTexto = {{"Content-type", "application/x-www-form-urlencoded"},
-                                              {"Content-length", "0"},
-                                              {"Connection", "close"}};
-
-// A query of the demonstration school whose reply is 12 bytes, and these.
-const QByteArray consulta = "/querys/tessarin/tomarValor.php?idcolegio=123&campo=CDANE";
-const QByteArray valor = "305001012345";
-
-// Takes the first bytes that it is given, and no more.
-class DispositivoLleno final : public QIODevice {
-public:
-    explicit DispositivoLleno(qint64 cabida) : m_cabida(cabida)
-    {
-        open(QIODevice::WriteOnly | QIODevice::Unbuffered);
-    }
-
-protected:
-    qint64 readData(char *, qint64) override { return -1; }
-    qint64 writeData(const char *, qint64 cuantos) override
-    {
-        const qint64 caben = qMin(cuantos, m_cabida);
-        m_cabida -= caben;
-        return caben < cuantos && caben == 0 ? -1 : caben;
-    }
-
-private:
-    qint64 m_cabida;
-};
-
-} // namespace
 
 class tst_HttpClient : public QObject {
     Q_OBJECT
@@ -62,18 +27,6 @@ private Q_SLOTS:
     void destino_enLinea();
     void direccionSinRuta_pideLaRaiz_data();
     void direccionSinRuta_pideLaRaiz();
-
-    void falla_deTexto_data();
-    void falla_deTexto();
-    void falla_deDescarga_data();
-    void falla_deDescarga();
-    void falla_descargaEnArchivo_data();
-    void falla_descargaEnArchivo();
-    void estado_deTexto_data();
-    void estado_deTexto();
-
-    void destinoQueNoCabe_descargaFalla_data();
-    void destinoQueNoCabe_descargaFalla();
 
     void galletas_compartidasPorTextoYDescarga();
     void galletas_deOtroCliente_no();
@@ -209,144 +162,6 @@ void tst_HttpClient::direccionSinRuta_pideLaRaiz()
     HttpClient http;
     QVERIFY(http.get(base() + resto, {}));
     QCOMPARE(m_servicio->peticiones().first().destino, enLinea);
-}
-
-void tst_HttpClient::falla_deTexto_data()
-{
-    QTest::addColumn<Falla>("falla");
-    QTest::addColumn<std::optional<QByteArray>>("cuerpo");
-    using Cuerpo = std::optional<QByteArray>;
-    QTest::newRow("vacia") << Falla{Falla::Vacia} << Cuerpo("");
-    QTest::newRow("corta") << Falla{Falla::Cuerpo, "x"} << Cuerpo("x");
-    QTest::newRow("otros bytes") << Falla{Falla::Cuerpo, "\xD1\x80\r\n\x1A"}
-                                 << Cuerpo("\xD1\x80\r\n\x1A");
-    QTest::newRow("estado 404") << Falla{Falla::Estado, "no hay", 404} << Cuerpo("no hay");
-    QTest::newRow("estado 500") << Falla{Falla::Estado, "se rompio", 500} << Cuerpo("se rompio");
-    QTest::newRow("estado 500 vacio") << Falla{Falla::Estado, {}, 500} << Cuerpo("");
-    QTest::newRow("demora") << Falla{Falla::Demora, {}, 0, 50ms} << Cuerpo(valor);
-    QTest::newRow("cierra antes") << Falla{Falla::CierraAntes} << Cuerpo();
-    QTest::newRow("cierra en medio") << Falla{Falla::CierraEnMedio} << Cuerpo();
-    QTest::newRow("largo errado") << Falla{Falla::LargoErrado} << Cuerpo("305001");
-    QTest::newRow("basura") << Falla{Falla::Basura} << Cuerpo();
-    QTest::newRow("muda") << Falla{Falla::Muda} << Cuerpo();
-}
-
-void tst_HttpClient::falla_deTexto()
-{
-    QFETCH(Falla, falla);
-    QFETCH(std::optional<QByteArray>, cuerpo);
-    HttpClient::Limites limites;
-    limites.silencio = falla.clase == Falla::Muda ? 200ms : 120s;
-    HttpClient http(HttpClient::autoridadesDelSistema(), limites);
-    m_servicio->fallar("CDANE", falla, 1);
-    QCOMPARE(http.get(base() + consulta, cabecerasTexto), cuerpo);
-    QCOMPARE(m_servicio->peticiones().size(), 1); // no request is repeated
-    // The client has come to no harm.
-    QCOMPARE(http.get(base() + consulta, cabecerasTexto), valor);
-}
-
-void tst_HttpClient::falla_deDescarga_data()
-{
-    QTest::addColumn<Falla>("falla");
-    QTest::addColumn<bool>("llega");
-    QTest::addColumn<QByteArray>("cuerpo"); // when it arrives
-    QTest::newRow("vacia") << Falla{Falla::Vacia} << true << QByteArray();
-    QTest::newRow("corta") << Falla{Falla::Cuerpo, "12345678"} << true << QByteArray("12345678");
-    QTest::newRow("estado 201") << Falla{Falla::Estado, "hecho", 201} << true
-                                << QByteArray("hecho");
-    QTest::newRow("estado 399") << Falla{Falla::Estado, "raro", 399} << true << QByteArray("raro");
-    QTest::newRow("estado 400") << Falla{Falla::Estado, "mal", 400} << false << QByteArray();
-    QTest::newRow("estado 404") << Falla{Falla::Estado, "no hay", 404} << false << QByteArray();
-    QTest::newRow("estado 500") << Falla{Falla::Estado, "se rompio", 500} << false << QByteArray();
-    QTest::newRow("demora") << Falla{Falla::Demora, {}, 0, 50ms} << true << valor;
-    QTest::newRow("cierra antes") << Falla{Falla::CierraAntes} << false << QByteArray();
-    QTest::newRow("cierra en medio") << Falla{Falla::CierraEnMedio} << false << QByteArray();
-    QTest::newRow("largo errado") << Falla{Falla::LargoErrado} << true << QByteArray("305001");
-    QTest::newRow("basura") << Falla{Falla::Basura} << false << QByteArray();
-    QTest::newRow("muda") << Falla{Falla::Muda} << false << QByteArray();
-}
-
-void tst_HttpClient::falla_deDescarga()
-{
-    QFETCH(Falla, falla);
-    QFETCH(bool, llega);
-    QFETCH(QByteArray, cuerpo);
-    HttpClient::Limites limites;
-    limites.silencio = falla.clase == Falla::Muda ? 200ms : 120s;
-    HttpClient http(HttpClient::autoridadesDelSistema(), limites);
-    m_servicio->fallar("CDANE", falla);
-    QBuffer destino;
-    destino.open(QIODevice::WriteOnly);
-    QCOMPARE(http.getArchivo(base() + consulta, destino), llega);
-    QCOMPARE(m_servicio->peticiones().size(), 1);
-    if (llega)
-        QCOMPARE(destino.data(), cuerpo);
-}
-
-void tst_HttpClient::falla_descargaEnArchivo_data()
-{
-    falla_deDescarga_data();
-}
-
-// The download as the program does it: straight into a file, which is there whole or not at all.
-void tst_HttpClient::falla_descargaEnArchivo()
-{
-    QFETCH(Falla, falla);
-    QFETCH(bool, llega);
-    QFETCH(QByteArray, cuerpo);
-    const CarpetaPersonal casa;
-    DriveC disco(casa.ruta());
-    QVERIFY(disco.crearCarpeta(u"C:\\Quorvela"_s));
-    HttpClient::Limites limites;
-    limites.silencio = falla.clase == Falla::Muda ? 200ms : 120s;
-    HttpClient http(HttpClient::autoridadesDelSistema(), limites);
-    m_servicio->fallar("CDANE", falla);
-    {
-        const auto entrante = disco.recibir(u"C:\\Quorvela\\foto.jpg"_s);
-        QVERIFY(entrante);
-        if (http.getArchivo(base() + consulta, entrante->dispositivo()))
-            QVERIFY(entrante->publicar());
-    }
-    QCOMPARE(casa.entradas(u"Quorvela"_s), llega ? QStringList{u"foto.jpg"_s} : QStringList());
-    if (llega)
-        QCOMPARE(casa.leer(u"Quorvela/foto.jpg"_s), cuerpo);
-}
-
-void tst_HttpClient::estado_deTexto_data()
-{
-    QTest::addColumn<int>("estado");
-    for (const int estado : {200, 201, 206, 299, 300, 305, 399, 400, 401, 403,
-                             404, 407, 410, 451, 500, 502, 503, 599, 600, 999})
-        QTest::addRow("%d", estado) << estado;
-}
-
-void tst_HttpClient::estado_deTexto()
-{
-    QFETCH(int, estado);
-    m_servicio->fallar("CDANE", {Falla::Estado, "cuerpo", estado});
-    HttpClient http;
-    QCOMPARE(http.get(base() + consulta, cabecerasTexto), QByteArray("cuerpo"));
-    QCOMPARE(m_servicio->peticiones().size(), 1);
-}
-
-void tst_HttpClient::destinoQueNoCabe_descargaFalla_data()
-{
-    QTest::addColumn<qint64>("cabida");
-    QTest::addColumn<bool>("llega");
-    QTest::newRow("ni un byte") << qint64(0) << false;
-    QTest::newRow("la mitad") << qint64(6) << false;
-    QTest::newRow("todo menos uno") << qint64(11) << false;
-    QTest::newRow("justo") << qint64(12) << true;
-}
-
-void tst_HttpClient::destinoQueNoCabe_descargaFalla()
-{
-    QFETCH(qint64, cabida);
-    QFETCH(bool, llega);
-    HttpClient http;
-    DispositivoLleno destino(cabida);
-    QCOMPARE(http.getArchivo(base() + consulta, destino), llega);
-    QCOMPARE(m_servicio->peticiones().size(), 1);
 }
 
 void tst_HttpClient::galletas_compartidasPorTextoYDescarga()

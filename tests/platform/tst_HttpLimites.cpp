@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 // No wait is without an end, and no body without a bound.
-#include "ServidorGuion.h"
-#include "platform/HttpClient.h"
+#include "esperasHttp.h"
 #include "sinProxy.h"
 
 #include <QBuffer>
@@ -19,15 +18,6 @@ using namespace std::chrono_literals;
 using Charla = ServidorGuion::Charla;
 
 namespace {
-
-constexpr auto plazo = 20s; // a wait in a script that would else never end
-
-HttpClient::Limites conSilencio(std::chrono::milliseconds silencio)
-{
-    HttpClient::Limites limites;
-    limites.silencio = silencio;
-    return limites;
-}
 
 HttpClient::Limites conTexto(qint64 bytes)
 {

@@ -2,8 +2,8 @@
 // What holds for a whole process: its memory, its environment, its descriptors. Each is looked at
 // in a process of its own, this program run once more.
 #include "ServidorGuion.h"
+#include "consultaEscuela.h"
 #include "demostracion/ServicioDemo.h"
-#include "platform/HttpClient.h"
 #include "sinProxy.h"
 
 #include <QFile>
@@ -28,8 +28,6 @@ namespace {
 
 constexpr qint64 MiB = 1024 * 1024;
 constexpr int plazo = 60'000; // milliseconds for a process that ought to take a moment
-
-const QByteArray consulta = "/querys/tessarin/tomarValor.php?idcolegio=123&campo=CDANE";
 
 // The most memory that this process has ever held, in bytes.
 qint64 memoriaMayor()

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ServidorGuion.h"
+#include "consultaEscuela.h"
 #include "demostracion/ServicioDemo.h"
-#include "platform/HttpClient.h"
 #include "sinProxy.h"
 
 #include <QBuffer>
@@ -11,10 +11,6 @@
 using Charla = ServidorGuion::Charla;
 
 namespace {
-
-const HttpClient::Cabeceras cabecerasTexto = {{"Content-type", "application/x-www-form-urlencoded"},
-                                              {"Content-length", "0"},
-                                              {"Connection", "close"}};
 
 QByteArray redireccion(const QByteArray &lugar, int estado = 302, const QByteArray &cuerpo = {})
 {

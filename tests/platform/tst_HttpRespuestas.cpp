@@ -1,17 +1,13 @@
 // SPDX-License-Identifier: MIT
 // What is taken for a reply, and what for a failure, to the byte.
 #include "ServidorGuion.h"
-#include "platform/HttpClient.h"
+#include "consultaEscuela.h"
 #include "sinProxy.h"
 
 #include <QBuffer>
 #include <QTest>
 
 namespace {
-
-const HttpClient::Cabeceras cabecerasTexto = {{"Content-type", "application/x-www-form-urlencoded"},
-                                              {"Content-length", "0"},
-                                              {"Connection", "close"}};
 
 // "deflate" first and "gzip" over it.
 const QByteArray zlibEnGzip = QByteArray::fromHex(

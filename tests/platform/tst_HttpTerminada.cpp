@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 // A transfer that has ended stays as it ended, whatever other waits go on above it.
-#include "ServidorGuion.h"
-#include "platform/HttpClient.h"
+#include "esperasHttp.h"
 #include "sinProxy.h"
 
 #include <QBuffer>
@@ -15,15 +14,6 @@ using namespace std::chrono_literals;
 using Charla = ServidorGuion::Charla;
 
 namespace {
-
-constexpr auto plazo = 20s; // a wait that would else never end
-
-HttpClient::Limites conSilencio(std::chrono::milliseconds silencio)
-{
-    HttpClient::Limites limites;
-    limites.silencio = silencio;
-    return limites;
-}
 
 // What a message box does: it keeps its handler, and with it every wait below, while the loop
 // turns on.

@@ -1,17 +1,14 @@
 // SPDX-License-Identifier: MIT
+#include "EscuelaHttps.h"
 #include "ServidorGuion.h"
 #include "Tunel.h"
-#include "demostracion/ServicioDemo.h"
-#include "platform/HttpClient.h"
-#include "sinProxy.h"
+#include "consultaEscuela.h"
 
 #include <QBuffer>
 #include <QGuiApplication>
 #include <QMap>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
-#include <QUrl>
 
 #include <array>
 
@@ -22,13 +19,6 @@ using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
 namespace {
-
-const HttpClient::Cabeceras cabecerasTexto = {{"Content-type", "application/x-www-form-urlencoded"},
-                                              {"Content-length", "0"},
-                                              {"Connection", "close"}};
-
-const QByteArray consulta = "/querys/tessarin/tomarValor.php?idcolegio=123&campo=CDANE";
-const QByteArray valor = "305001012345";
 
 // Of a TLS greeting (RFC 8446, 4.1), what is compared here.
 constexpr int servidorPedido = 0;
@@ -71,12 +61,11 @@ QMap<int, QByteArray> extensiones(const QByteArray &flujo)
 
 } // namespace
 
-class tst_HttpsClient : public QObject {
+class tst_HttpsClient : public QObject, EscuelaHttps {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
-    void init();
+    void init() { empezar(); }
 
     void autoridadPropia_verificada_data();
     void autoridadPropia_verificada();
@@ -96,49 +85,9 @@ private Q_SLOTS:
 
     void anidada_reanudaLaMismaSesion();
 
-    void falla_comoSinCifrar_data();
-    void falla_comoSinCifrar();
     void servidorSinTls_falla();
     void anidada_ambasLlegan();
-
-    void deHttpsAHttp_rechazada_data();
-    void deHttpsAHttp_rechazada();
-    void deHttpsAHttps_seSigue();
-    void deHttpAHttps_seSigue();
-    void deHttpAHttpsAHttp_rechazada();
-    void haciaHttpsIlegible_noVaSinCifrar_data();
-    void haciaHttpsIlegible_noVaSinCifrar();
-    void direccionHttpsIlegible_noVaSinCifrar();
-
-private:
-    QString archivoDe(const QByteArray &pem, const QString &nombre) const;
-
-    QTemporaryDir m_carpeta;
-    ServicioDemo m_servicio{{}, ServicioDemo::Modo::Https};
-    QByteArray m_base = m_servicio.base().toLatin1();
-    int m_puerto = QUrl(m_servicio.base()).port();
-    QString m_autoridad;
 };
-
-QString tst_HttpsClient::archivoDe(const QByteArray &pem, const QString &nombre) const
-{
-    QFile archivo(m_carpeta.filePath(nombre));
-    if (!archivo.open(QIODevice::WriteOnly) || archivo.write(pem) != pem.size())
-        qFatal("no file of authorities");
-    return archivo.fileName();
-}
-
-void tst_HttpsClient::initTestCase()
-{
-    m_autoridad = archivoDe(m_servicio.autoridad(), u"autoridad.pem"_s);
-}
-
-void tst_HttpsClient::init()
-{
-    sinProxy();
-    m_servicio.quitarFallas();
-    m_servicio.olvidarPeticiones();
-}
 
 void tst_HttpsClient::autoridadPropia_verificada_data()
 {
@@ -376,33 +325,6 @@ void tst_HttpsClient::anidada_reanudaLaMismaSesion()
     QVERIFY(reanudadas);
 }
 
-void tst_HttpsClient::falla_comoSinCifrar_data()
-{
-    QTest::addColumn<Falla>("falla");
-    QTest::addColumn<std::optional<QByteArray>>("cuerpo");
-    using Cuerpo = std::optional<QByteArray>;
-    QTest::newRow("vacia") << Falla{Falla::Vacia} << Cuerpo("");
-    QTest::newRow("estado 500") << Falla{Falla::Estado, "se rompio", 500} << Cuerpo("se rompio");
-    QTest::newRow("cierra antes") << Falla{Falla::CierraAntes} << Cuerpo();
-    QTest::newRow("cierra en medio") << Falla{Falla::CierraEnMedio} << Cuerpo();
-    QTest::newRow("largo errado") << Falla{Falla::LargoErrado} << Cuerpo("305001");
-    QTest::newRow("basura") << Falla{Falla::Basura} << Cuerpo();
-    QTest::newRow("muda") << Falla{Falla::Muda} << Cuerpo();
-}
-
-void tst_HttpsClient::falla_comoSinCifrar()
-{
-    QFETCH(Falla, falla);
-    QFETCH(std::optional<QByteArray>, cuerpo);
-    HttpClient::Limites limites;
-    limites.silencio = falla.clase == Falla::Muda ? 500ms : 120s;
-    HttpClient http(m_autoridad, limites);
-    m_servicio.fallar("CDANE", falla, 1);
-    QCOMPARE(http.get(m_base + consulta, cabecerasTexto), cuerpo);
-    if (falla.clase != Falla::Muda) // which may be given up before the greeting is over
-        QCOMPARE(m_servicio.peticiones().size(), 1);
-}
-
 void tst_HttpsClient::servidorSinTls_falla()
 {
     const ServidorGuion claro([](ServidorGuion::Charla &charla) {
@@ -427,94 +349,6 @@ void tst_HttpsClient::anidada_ambasLlegan()
     QTimer::singleShot(0, this, [&] { interna = http.get(m_base + consulta, cabecerasTexto); });
     QCOMPARE(http.get(m_base + consulta + "&externa", cabecerasTexto), valor);
     QCOMPARE(interna, valor);
-}
-
-void tst_HttpsClient::deHttpsAHttp_rechazada_data()
-{
-    QTest::addColumn<QByteArray>("inicio");
-    QTest::newRow("minusculas") << QByteArray("https://");
-    QTest::newRow("mayusculas") << QByteArray("HTTPS://");
-}
-
-void tst_HttpsClient::deHttpsAHttp_rechazada()
-{
-    QFETCH(QByteArray, inicio);
-    const ServidorGuion claro("HTTP/1.1 200 OK\r\n\r\nhola");
-    m_servicio.fallar("/vieja", {Falla::Redireccion, claro.base() + "/nueva"});
-    HttpClient http(m_autoridad);
-    QCOMPARE(http.get(inicio + m_base.mid(8) + "/vieja", cabecerasTexto), std::nullopt);
-    QBuffer destino;
-    destino.open(QIODevice::WriteOnly);
-    QVERIFY(!http.getArchivo(inicio + m_base.mid(8) + "/vieja", destino));
-    QCOMPARE(m_servicio.peticiones().size(), 2);
-    QCOMPARE(claro.conexiones(), 0);
-}
-
-void tst_HttpsClient::deHttpsAHttps_seSigue()
-{
-    m_servicio.fallar("/vieja", {Falla::Redireccion, m_base + consulta});
-    m_servicio.fallar("/mayuscula", {Falla::Redireccion, "HTTPS://" + m_base.mid(8) + consulta});
-    HttpClient http(m_autoridad);
-    QCOMPARE(http.get(m_base + "/vieja", cabecerasTexto), valor);
-    QCOMPARE(http.get(m_base + "/mayuscula", cabecerasTexto), valor);
-}
-
-void tst_HttpsClient::deHttpAHttps_seSigue()
-{
-    const ServidorGuion claro("HTTP/1.1 301 Otra\r\nLocation: " + m_base + consulta + "\r\n\r\n");
-    HttpClient http(m_autoridad);
-    QCOMPARE(http.get(claro.base() + "/vieja", cabecerasTexto), valor);
-}
-
-// Once the way has become a safe one, it stays so.
-void tst_HttpsClient::deHttpAHttpsAHttp_rechazada()
-{
-    const ServidorGuion fin("HTTP/1.1 200 OK\r\n\r\nhola");
-    m_servicio.fallar("/medio", {Falla::Redireccion, fin.base() + "/"});
-    const ServidorGuion principio("HTTP/1.1 302 Otra\r\nLocation: " + m_base + "/medio\r\n\r\n");
-    HttpClient http(m_autoridad);
-    QCOMPARE(http.get(principio.base() + "/", cabecerasTexto), std::nullopt);
-    QCOMPARE(m_servicio.peticiones().size(), 1);
-    QCOMPARE(fin.conexiones(), 0);
-}
-
-// An address that begins with https and cannot be read must not be guessed at: "https" is then
-// taken for the name of a host, and asked in plain HTTP.
-void tst_HttpsClient::haciaHttpsIlegible_noVaSinCifrar_data()
-{
-    QTest::addColumn<QByteArray>("lugar"); // PUERTO stands for the plain server's
-    QTest::newRow("minusculas") << QByteArray("https:PUERTO/x");
-    QTest::newRow("mayusculas") << QByteArray("HTTPS:PUERTO/x");
-    QTest::newRow("con consulta") << QByteArray("https:PUERTO?x");
-}
-
-void tst_HttpsClient::haciaHttpsIlegible_noVaSinCifrar()
-{
-    QFETCH(QByteArray, lugar);
-    const ServidorGuion claro("HTTP/1.1 200 OK\r\nContent-Length: 4\r\n\r\nhola");
-    // Stands in the way of whatever goes out in plain HTTP, whoever it is meant for.
-    qputenv("http_proxy", claro.base());
-    m_servicio.fallar("/vieja", {Falla::Redireccion,
-                                 lugar.replace("PUERTO", QByteArray::number(claro.puerto()))});
-    HttpClient http(m_autoridad);
-    QCOMPARE(http.get(m_base + "/vieja", cabecerasTexto), std::nullopt);
-    QBuffer destino;
-    destino.open(QIODevice::WriteOnly);
-    QVERIFY(!http.getArchivo(m_base + "/vieja", destino));
-    QCOMPARE(m_servicio.peticiones().size(), 2);
-    QCOMPARE(claro.conexiones(), 0);
-}
-
-void tst_HttpsClient::direccionHttpsIlegible_noVaSinCifrar()
-{
-    const ServidorGuion claro("HTTP/1.1 200 OK\r\nContent-Length: 4\r\n\r\nhola");
-    qputenv("http_proxy", claro.base());
-    HttpClient http(m_autoridad);
-    for (const QByteArray protocolo : {"https:", "HTTPS:"}) {
-        QCOMPARE(http.get(protocolo + QByteArray::number(claro.puerto()) + "/x", {}), std::nullopt);
-        QCOMPARE(http.get(protocolo + "servicio/x", {}), std::nullopt);
-    }
-    QCOMPARE(claro.conexiones(), 0);
 }
 
 QTEST_MAIN(tst_HttpsClient)
