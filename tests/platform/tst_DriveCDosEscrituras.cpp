@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Two entries of one folder that differ in letter case only, as another program may make them.
-#include "CarpetaPersonal.h"
-#include "platform/DriveC.h"
+#include "UnidadDePrueba.h"
 
 #include <QTest>
 
@@ -9,12 +8,12 @@
 
 using namespace Qt::StringLiterals;
 
-class tst_DriveCDosEscrituras : public QObject {
+class tst_DriveCDosEscrituras : public QObject, UnidadDePrueba {
     Q_OBJECT
 
 private Q_SLOTS:
     void init();
-    void cleanup();
+    void cleanup() { acabar(); }
 
     void cadaOperacion_elMismoArchivo_data();
     void cadaOperacion_elMismoArchivo();
@@ -24,25 +23,13 @@ private Q_SLOTS:
     void trasBorrar_unArchivoPropio();
     void trasBorrar_elOtroSigueSiendoElOtro();
     void trasBorrarElUnico_vuelveAServirOtraEscritura();
-
-private:
-    std::unique_ptr<CarpetaPersonal> m_casa;
-    std::unique_ptr<DriveC> m_disco;
 };
 
 void tst_DriveCDosEscrituras::init()
 {
-    m_casa = std::make_unique<CarpetaPersonal>();
-    QVERIFY(m_casa->hacerCarpeta(u"Quorvela"_s));
+    empezar();
     for (const auto &nombre : {u"notas.html"_s, u"Notas.html"_s, u"nOTAS.html"_s})
         QVERIFY(m_casa->escribir(u"Quorvela/"_s + nombre, nombre.toLatin1()));
-    m_disco = std::make_unique<DriveC>(m_casa->ruta());
-}
-
-void tst_DriveCDosEscrituras::cleanup()
-{
-    m_disco.reset();
-    m_casa.reset();
 }
 
 void tst_DriveCDosEscrituras::cadaOperacion_elMismoArchivo_data()

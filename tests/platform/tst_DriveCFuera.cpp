@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Nothing outside of the archive is touched, whatever the path.
-#include "CarpetaPersonal.h"
-#include "platform/DriveC.h"
+#include "UnidadDePrueba.h"
 
 #include <QScopeGuard>
 #include <QTest>
@@ -13,12 +12,12 @@
 
 using namespace Qt::StringLiterals;
 
-class tst_DriveCFuera : public QObject {
+class tst_DriveCFuera : public QObject, UnidadDePrueba {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init() { empezar(); }
+    void cleanup() { acabar(); }
 
     void nombreRefusado_todoFalla_data();
     void nombreRefusado_todoFalla();
@@ -35,24 +34,7 @@ private Q_SLOTS:
     void archivoConOtroNombreFuera_noCambia();
     void separadorAlFinal_noEsArchivo_data();
     void separadorAlFinal_noEsArchivo();
-
-private:
-    std::unique_ptr<CarpetaPersonal> m_casa;
-    std::unique_ptr<DriveC> m_disco;
 };
-
-void tst_DriveCFuera::init()
-{
-    m_casa = std::make_unique<CarpetaPersonal>();
-    QVERIFY(m_casa->hacerCarpeta(u"Quorvela"_s));
-    m_disco = std::make_unique<DriveC>(m_casa->ruta());
-}
-
-void tst_DriveCFuera::cleanup()
-{
-    m_disco.reset();
-    m_casa.reset();
-}
 
 void tst_DriveCFuera::nombreRefusado_todoFalla_data()
 {

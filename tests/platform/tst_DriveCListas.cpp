@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "CarpetaPersonal.h"
-#include "platform/DriveC.h"
+#include "UnidadDePrueba.h"
 
 #include <QTest>
 
@@ -8,12 +7,12 @@
 
 using namespace Qt::StringLiterals;
 
-class tst_DriveCListas : public QObject {
+class tst_DriveCListas : public QObject, UnidadDePrueba {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init() { empezar(); }
+    void cleanup() { acabar(); }
 
     void lista_porNombreSinMirarLaLetra();
     void lista_empiezaComoSePidio_data();
@@ -29,24 +28,7 @@ private Q_SLOTS:
     void nombreRefusado_seListaPeroNoSeEscribe();
     void lista_ausente_nada_data();
     void lista_ausente_nada();
-
-private:
-    std::unique_ptr<CarpetaPersonal> m_casa;
-    std::unique_ptr<DriveC> m_disco;
 };
-
-void tst_DriveCListas::init()
-{
-    m_casa = std::make_unique<CarpetaPersonal>();
-    QVERIFY(m_casa->hacerCarpeta(u"Quorvela"_s));
-    m_disco = std::make_unique<DriveC>(m_casa->ruta());
-}
-
-void tst_DriveCListas::cleanup()
-{
-    m_disco.reset();
-    m_casa.reset();
-}
 
 void tst_DriveCListas::lista_porNombreSinMirarLaLetra()
 {
