@@ -2,7 +2,9 @@
 // The run under bad input and faults: it goes on to its end, the rest of the archive is complete,
 // and nothing outside the archive root is touched.
 #include "archive/historico.h"
+#include "escenario/DiscoLleno.h"
 #include "escenario/Escenario.h"
+#include "escenario/SinPermiso.h"
 #include "records/tcAlumnos.h"
 #include "records/tcMaterias.h"
 #include "records/tcSalones.h"
@@ -12,11 +14,7 @@
 #include <QFile>
 #include <QTest>
 
-#include <csignal>
-
-#include <sys/mount.h>
-#include <sys/resource.h>
-#include <unistd.h>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -249,23 +247,12 @@ private Q_SLOTS:
         Escenario e;
         const QString carpeta = e.nativa(u"123-2010/archivos/salones"_s);
         QVERIFY(QDir().mkpath(carpeta));
-        // The superuser ignores permissions: everything else is given to another user, as whom
-        // the run then goes on.
-        const bool raiz = ::geteuid() == 0;
-        const uid_t otro = 65534;
-        if (raiz) {
-            for (const QString &ruta :
-                 {e.personal.path(), e.nativa(QString()), e.nativa(u"123-2010"_s),
-                  e.nativa(u"123-2010/archivos"_s), carpeta})
-                QCOMPARE(::chown(QFile::encodeName(ruta).constData(), otro, otro), 0);
+        {
+            const SinPermiso sinPermiso(carpeta, {e.personal.path(), e.nativa(QString()),
+                                                  e.nativa(u"123-2010"_s),
+                                                  e.nativa(u"123-2010/archivos"_s), carpeta});
+            correr(e);
         }
-        QVERIFY(QFile::setPermissions(carpeta, QFile::ReadOwner | QFile::ExeOwner));
-        if (raiz)
-            QCOMPARE(::seteuid(otro), 0);
-        correr(e);
-        if (raiz)
-            QCOMPARE(::seteuid(0), 0);
-        QFile::setPermissions(carpeta, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
         QCOMPARE(diferencia(contenido(e), m_completo),
                  QStringList({u"Quorvela/123-2010/archivos/salones/501.html"_s}));
     }
@@ -275,21 +262,15 @@ private Q_SLOTS:
         Escenario e;
         // A small file system of its own where that can be had; elsewhere every file hits a limit.
         QVERIFY(QDir().mkpath(e.nativa(QString())));
-        const QByteArray punto = QFile::encodeName(e.nativa(QString()));
-        const bool montado = ::mount("tmpfs", punto.constData(), "tmpfs", 0, "size=256k") == 0;
-        struct rlimit antes = {};
-        if (!montado) {
-            std::signal(SIGXFSZ, SIG_IGN);
-            QCOMPARE(::getrlimit(RLIMIT_FSIZE, &antes), 0);
-            const struct rlimit limite = {2048, antes.rlim_max};
-            QCOMPARE(::setrlimit(RLIMIT_FSIZE, &limite), 0);
+        QMap<QString, qint64> archivos;
+        {
+            const DiscoPequeno disco(e.nativa(QString()), 256);
+            std::optional<LimiteDeArchivo> limite;
+            if (!disco.montado())
+                limite.emplace(2048);
+            correr(e);
+            archivos = contenido(e);
         }
-        correr(e);
-        const QMap<QString, qint64> archivos = contenido(e);
-        if (montado)
-            QCOMPARE(::umount2(punto.constData(), MNT_DETACH), 0);
-        else
-            QCOMPARE(::setrlimit(RLIMIT_FSIZE, &antes), 0);
         // What is there of the images is whole; what did not fit is missing.
         int imagenesQueFaltan = 0;
         for (auto it = m_completo.cbegin(); it != m_completo.cend(); ++it) {

@@ -1,100 +1,21 @@
 // SPDX-License-Identifier: MIT
-#include "CarpetaPersonal.h"
-#include "platform/DriveC.h"
+#include "UnidadDePrueba.h"
+#include "escenario/DiscoLleno.h"
+#include "escenario/SinPermiso.h"
 
 #include <QTest>
 
 #include <algorithm>
-#include <csignal>
 #include <memory>
-
-#include <sched.h>
-#include <sys/mount.h>
-#include <sys/resource.h>
-#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-// Takes the right to write away from a folder for as long as it lives. The administrator writes
-// anywhere, so it goes on as somebody else meanwhile.
-class SinPermiso {
-public:
-    explicit SinPermiso(const QString &carpeta)
-        : m_carpeta(carpeta), m_eraAdministrador(geteuid() == 0)
-    {
-        QFile::setPermissions(m_carpeta, lectura);
-        if (m_eraAdministrador && seteuid(nadie) != 0)
-            qFatal("no other user to go on as");
-    }
-    ~SinPermiso()
-    {
-        if (m_eraAdministrador && seteuid(0) != 0)
-            qFatal("no way back to the administrator");
-        QFile::setPermissions(m_carpeta, lectura | QFile::WriteOwner);
-    }
-    SinPermiso(const SinPermiso &) = delete;
-    SinPermiso &operator=(const SinPermiso &) = delete;
-
-private:
-    static constexpr uid_t nadie = 65534;
-    static constexpr auto lectura = QFile::ReadOwner | QFile::ExeOwner | QFile::ReadGroup
-                                    | QFile::ExeGroup | QFile::ReadOther | QFile::ExeOther;
-    QString m_carpeta;
-    bool m_eraAdministrador;
-};
-
-// No file of this process may grow beyond `bytes`: writing more fails in the middle, as it does
-// on a full disk.
-class LimiteDeArchivo {
-public:
-    explicit LimiteDeArchivo(rlim_t bytes)
-    {
-        std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &m_antes);
-        const rlimit limite = {bytes, m_antes.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limite);
-    }
-    ~LimiteDeArchivo() { setrlimit(RLIMIT_FSIZE, &m_antes); }
-    LimiteDeArchivo(const LimiteDeArchivo &) = delete;
-    LimiteDeArchivo &operator=(const LimiteDeArchivo &) = delete;
-
-private:
-    rlimit m_antes = {};
-};
-
-// A disk of 64 KiB, mounted where only this process sees it.
-class DiscoPequeno {
-public:
-    explicit DiscoPequeno(const QString &carpeta) : m_carpeta(QFile::encodeName(carpeta))
-    {
-        montado = unshare(CLONE_NEWNS) == 0
-                  && mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0
-                  && mount("tmpfs", m_carpeta.constData(), "tmpfs", 0, "size=64k") == 0;
-    }
-    ~DiscoPequeno()
-    {
-        if (montado)
-            umount(m_carpeta.constData());
-    }
-    DiscoPequeno(const DiscoPequeno &) = delete;
-    DiscoPequeno &operator=(const DiscoPequeno &) = delete;
-
-    bool montado = false;
-
-private:
-    QByteArray m_carpeta;
-};
-
-} // namespace
-
-class tst_ArchivoEntrante : public QObject {
+class tst_ArchivoEntrante : public QObject, UnidadDePrueba {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init() { empezar(); }
+    void cleanup() { acabar(); }
 
     void entero_tomaSuNombre_data();
     void entero_tomaSuNombre();
@@ -127,23 +48,7 @@ private:
                                                   | QFile::ReadGroup | QFile::ExeGroup
                                                   | QFile::ReadOther | QFile::ExeOther);
     }
-
-    std::unique_ptr<CarpetaPersonal> m_casa;
-    std::unique_ptr<DriveC> m_disco;
 };
-
-void tst_ArchivoEntrante::init()
-{
-    m_casa = std::make_unique<CarpetaPersonal>();
-    QVERIFY(m_casa->hacerCarpeta(u"Quorvela"_s));
-    m_disco = std::make_unique<DriveC>(m_casa->ruta());
-}
-
-void tst_ArchivoEntrante::cleanup()
-{
-    m_disco.reset();
-    m_casa.reset();
-}
 
 void tst_ArchivoEntrante::entero_tomaSuNombre_data()
 {
@@ -335,8 +240,8 @@ void tst_ArchivoEntrante::limite_agregarDejaLoEscrito()
 
 void tst_ArchivoEntrante::discoLleno_noSePublica()
 {
-    const DiscoPequeno lleno(carpeta());
-    if (!lleno.montado)
+    const DiscoPequeno lleno(carpeta(), 64);
+    if (!lleno.montado())
         QSKIP("mounting a disk takes an administrator");
     auto grande = m_disco->recibir(u"C:\\Quorvela\\grande.jpg"_s);
     QVERIFY(grande);
@@ -355,8 +260,8 @@ void tst_ArchivoEntrante::discoLleno_noSePublica()
 
 void tst_ArchivoEntrante::discoLleno_agregarFalla()
 {
-    const DiscoPequeno lleno(carpeta());
-    if (!lleno.montado)
+    const DiscoPequeno lleno(carpeta(), 64);
+    if (!lleno.montado())
         QSKIP("mounting a disk takes an administrator");
     QVERIFY(!m_disco->agregar(u"C:\\Quorvela\\grande.txt"_s, QByteArray(200000, 'x')));
     QVERIFY(!m_disco->agregar(u"C:\\Quorvela\\grande.txt"_s, "y"));

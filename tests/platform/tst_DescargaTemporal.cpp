@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The temporary files that downloads are written to: what already stands under such a name, and
 // what becomes of them when a process is killed.
-#include "CarpetaPersonal.h"
-#include "platform/DriveC.h"
+#include "UnidadDePrueba.h"
 
 #include <QTest>
 
@@ -84,12 +83,12 @@ private:
 
 } // namespace
 
-class tst_DescargaTemporal : public QObject {
+class tst_DescargaTemporal : public QObject, UnidadDePrueba {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init() { empezar(); }
+    void cleanup() { acabar(); }
 
     void nombreTomado_tomaElSiguiente_data();
     void nombreTomado_tomaElSiguiente();
@@ -114,23 +113,7 @@ private:
     // A file of the archive, last written in the year 2001 if it is an old one.
     enum class Edad { Vieja, DeAhora };
     bool poner(const QString &nombre, Edad edad);
-
-    std::unique_ptr<CarpetaPersonal> m_casa;
-    std::unique_ptr<DriveC> m_disco;
 };
-
-void tst_DescargaTemporal::init()
-{
-    m_casa = std::make_unique<CarpetaPersonal>();
-    QVERIFY(m_casa->hacerCarpeta(u"Quorvela"_s));
-    m_disco = std::make_unique<DriveC>(m_casa->ruta());
-}
-
-void tst_DescargaTemporal::cleanup()
-{
-    m_disco.reset();
-    m_casa.reset();
-}
 
 QString tst_DescargaTemporal::temporal() const
 {
