@@ -2,7 +2,10 @@
 // The six downloading jobs, for the tests that go through all of them.
 #pragma once
 
+#include "escenario/Escenario.h"
+#include "escenario/ImpresionAnotada.h"
 #include "pages/guiones.h"
+#include "printing/trabajos.h"
 
 #include <QStringList>
 #include <QTest>
@@ -99,6 +102,13 @@ inline void casosComoDatos()
     const auto todos = casos();
     for (int indice = 0; indice < todos.size(); ++indice)
         QTest::newRow(todos[indice].nombre.toLatin1().constData()) << indice;
+}
+
+// Runs the job of that name to its end, its shell verbs' included.
+inline void correr(const QString &nombre, Escenario &e, PanelAnotado &panel)
+{
+    Verbos verbos;
+    correrTrabajo(nombre, e.entorno, panel, verbos);
 }
 
 } // namespace casosTrabajo

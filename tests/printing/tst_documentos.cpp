@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Codes, settings and replies out of the ordinary.
-#include "escenario/Escenario.h"
-#include "escenario/ImpresionAnotada.h"
 #include "printing/casosTrabajo.h"
-#include "printing/trabajos.h"
 
 #include <QRegularExpression>
 #include <QTest>
@@ -13,13 +10,6 @@ using namespace casosTrabajo;
 
 class tst_documentos : public QObject {
     Q_OBJECT
-private:
-    static void correr(const QString &nombre, Escenario &e, PanelAnotado &panel)
-    {
-        Verbos verbos;
-        correrTrabajo(nombre, e.entorno, panel, verbos);
-    }
-
 private Q_SLOTS:
     void clasesDeDocumento_siguenALosAjustes_data()
     {

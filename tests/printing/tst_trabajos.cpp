@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What every downloading job asks for, rewrites, stores and prints, and its checks.
-#include "escenario/Escenario.h"
-#include "escenario/ImpresionAnotada.h"
 #include "printing/casosTrabajo.h"
-#include "printing/trabajos.h"
 
 #include <QTest>
 
@@ -12,13 +9,6 @@ using namespace casosTrabajo;
 
 class tst_trabajos : public QObject {
     Q_OBJECT
-private:
-    static void correr(const QString &nombre, Escenario &e, PanelAnotado &panel)
-    {
-        Verbos verbos;
-        correrTrabajo(nombre, e.entorno, panel, verbos);
-    }
-
 private Q_SLOTS:
     void trabajo_pideReescribeGuardaEImprime_data() { casosComoDatos(); }
     void trabajo_pideReescribeGuardaEImprime()
@@ -166,15 +156,14 @@ private Q_SLOTS:
 
     void sinObrero_elTrabajoSigueSinDecirNada()
     {
-        const QByteArray antes = qgetenv("PATH");
-        qputenv("PATH", "/nada");
+        const ProgramasEnPath ninguno;
+        ninguno.quitarLosDemas();
         Escenario e;
         PanelAnotado panel;
         e.responder("tipo=matrix&salon=501", "77,ANA\xAE"
                                              "78,EVA");
         e.responder("/2010/", "la pagina de cada uno");
         correr(u"Paz Y Salvos"_s, e, panel);
-        qputenv("PATH", antes);
         QCOMPARE(panel.historia.last(), u"terminar"_s);
         QCOMPARE(e.listar(u"123-2010/archivos/pazysalvos"_s).size(), 2);
     }
