@@ -125,13 +125,10 @@ void cuadroMensaje(QWidget *ventana, const QString &texto)
 
     ajustarAlto(cuadro);
 
-    // An open drop-down list would go on taking keys.
-    while (QWidget *lista = QApplication::activePopupWidget())
-        lista->close();
     const EntradaRetenida retenida(ventana, &cuadro);
     QEventLoop espera;
     QObject::connect(&cuadro, &QDialog::finished, &espera, &QEventLoop::quit);
-    cuadro.show();
+    cuadro.show(); // which closes an open drop-down list: it would go on taking keys
     cuadro.activateWindow();
     espera.exec();
 }
