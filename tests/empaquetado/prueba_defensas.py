@@ -29,42 +29,42 @@ class Defensas(unittest.TestCase):
             with self.subTest(programa):
                 yield str(ENTREGA / "bin" / programa)
 
-    def test_position_independent(self):
+    def test_programas_enCualquierDireccion(self):
         for programa in self.cada():
             self.assertRegex(salida("readelf", "-hW", programa), r"Type:\s+DYN")
             self.assertRegex(salida("readelf", "-dW", programa), r"\(FLAGS_1\).*\bPIE\b")
 
-    def test_addresses_are_bound_at_the_start_and_read_only_after_it(self):
+    def test_direcciones_seAtanAlComienzoYQuedanDeSoloLectura(self):
         for programa in self.cada():
             self.assertRegex(salida("readelf", "-dW", programa), r"\(FLAGS\).*\bBIND_NOW\b")
             self.assertRegex(salida("readelf", "-dW", programa), r"\(FLAGS_1\).*\bNOW\b")
             self.assertIn("GNU_RELRO", salida("readelf", "-lW", programa))
 
-    def test_stack_is_not_executable(self):
+    def test_pila_noEsEjecutable(self):
         for programa in self.cada():
             self.assertRegex(salida("readelf", "-lW", programa), r"GNU_STACK(\s+0x\w+){5} RW ")
 
-    def test_stack_is_guarded_and_the_library_asserts(self):
+    def test_pila_guardadaYLaBibliotecaComprueba(self):
         for programa in self.cada():
             simbolos = salida("nm", "-D", programa)
             self.assertIn("__stack_chk_fail", simbolos)
             self.assertIn("__glibcxx_assert_fail", simbolos)
 
-    def test_large_frames_are_probed(self):
+    def test_marcosGrandes_seSondean(self):
         for programa in self.cada():
             self.assertRegex(salida("objdump", "-d", "--no-show-raw-insn", programa),
                              r"\bor[lq]\s+\$0x0,\(%rsp\)")
 
-    def test_calls_are_fortified(self):
+    def test_llamadas_vanReforzadas(self):
         simbolos = salida("nm", "-D", str(ENTREGA / "bin" / "parvanel-print"))
         self.assertRegex(simbolos, r"__(?!stack_)\w+_chk@")
 
-    def test_functions_begin_where_a_jump_may_land(self):
+    def test_funciones_empiezanDondeUnSaltoPuedeCaer(self):
         for programa in self.cada():
             codigo = salida("objdump", "-d", "--no-show-raw-insn", programa)
             self.assertRegex(codigo, r"<main>:\n\s+\w+:\s+endbr64")
 
-    def test_every_source_is_compiled_with_them(self):
+    def test_todaFuente_seCompilaConEllas(self):
         ordenes = json.loads((ENTREGA / "compile_commands.json").read_text())
         self.assertGreater(len(ordenes), 50)
         for orden in ordenes:

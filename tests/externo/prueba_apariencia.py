@@ -39,7 +39,7 @@ class Apariencia(Escena):
         self.ventana.esperar(lambda: (self.claridad() < 0.5) == (colores == "dark"),
                              f"the colours are not {colores}")
 
-    def test_escalas_y_colores_son_los_del_escritorio(self):
+    def test_escalasYColores_sonLosDelEscritorio(self):
         for escala in (1, 1.5, 2):
             for colores in ("light", "dark"):
                 with self.subTest(escala=escala, colores=colores):
@@ -54,7 +54,7 @@ class Apariencia(Escena):
                         self.retratar(f"{colores}-{escala}-{modo}")
                     self.ventana.cerrar()
 
-    def test_cambio_de_colores_del_escritorio_se_sigue_al_momento(self):
+    def test_cambioDeColoresDelEscritorio_seSigueAlMomento(self):
         self.abrir_a(1, "light")
         self.esperar_colores("light")
         for colores in ("dark", "light"):

@@ -22,16 +22,16 @@ class Cierre(Escena):
         print(f"closed {cuando}: {segundos * 1000:.0f} ms", flush=True)
         self.assertEqual(self.ventana.proceso.returncode, 0)
 
-    def test_cerrar_en_reposo_termina(self):
+    def test_cerrarEnReposo_termina(self):
         self.cerrar("at rest")
 
-    def test_cerrar_en_medio_de_una_peticion_termina(self):
+    def test_cerrarEnMedioDeUnaPeticion_termina(self):
         self.secretaria.entrar()
         self.secretaria.empezar_descarga()
         self.ventana.esperar_rotulo(PAGINAS_EN_MARCHA, plazo=60)
         self.cerrar("in the middle of a request")
 
-    def test_cerrar_en_medio_de_la_pausa_de_una_descarga_termina(self):
+    def test_cerrarEnMedioDeLaPausaDeUnaDescarga_termina(self):
         # Photos are almost nothing but pauses, in which no handler runs.
         self.secretaria.entrar()
         self.secretaria.empezar_descarga()
@@ -42,7 +42,7 @@ class Cierre(Escena):
         self.assertEqual(len(list((archivos / "infoAlumnos").glob("*.html"))), 24)
         self.assertFalse((archivos / "images" / "labels").exists())
 
-    def test_cerrar_ante_un_mensaje_termina(self):
+    def test_cerrarAnteUnMensaje_termina(self):
         self.secretaria.escribir_cuenta(clave="otra")
         self.ventana.tecla("Return")
         self.ventana.mensaje()

@@ -68,7 +68,7 @@ class Clave(Escena):
             visto += datos
         return visto
 
-    def test_no_queda_en_ninguna_parte(self):
+    def test_clave_noQuedaEnNingunaParte(self):
         procesos = b""
         self.secretaria.escribir_cuenta(clave=ERRADA)
         self.ventana.tecla("Return")

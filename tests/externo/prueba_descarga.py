@@ -16,7 +16,7 @@ CASA = os.environ.get("PARVANEL_CASA")
 
 
 class Descarga(Escena):
-    def test_secretaria_descarga_y_abre_el_historico(self):
+    def test_secretaria_descargaYAbreElHistorico(self):
         if CASA:
             shutil.rmtree(CASA, ignore_errors=True)
         self.abrir(casa=CASA)

@@ -86,7 +86,7 @@ class Impresion(Escena):
         self.assertEqual(len(impresos), len(alumnos))
         return list(zip(alumnos, impresos))
 
-    def test_salon_sale_en_papel_completo_y_en_orden(self):
+    def test_salon_saleEnPapelCompletoYEnOrden(self):
         self.abrir_con_historico()
         for tipo, (carpeta, datos) in TRABAJOS.items():
             with self.subTest(tipo):
@@ -101,7 +101,7 @@ class Impresion(Escena):
                     self.assertGreater(colores_arriba_a_la_izquierda(impreso.archivo), 10)
         self.assertRegex("".join(nombre for _, nombre in self.alumnos()), "[ÁÉÍÓÚÑ]")
 
-    def test_ventana_cerrada_en_medio_del_lote_imprime_lo_entregado(self):
+    def test_ventanaCerradaEnMedioDelLote_imprimeLoEntregado(self):
         self.abrir_con_historico()
         self.secretaria.preparar_impresion(self.salon, "Boletines", 2)
         self.secretaria.imprimir()
@@ -120,7 +120,7 @@ class Impresion(Escena):
         for (codigo, _), impreso in zip(self.alumnos(), impresos):
             self.assertIn(codigo, texto_de(impreso.archivo))
 
-    def test_solo_descargar_no_arranca_el_obrero(self):
+    def test_soloDescargar_noArrancaElObrero(self):
         self.abrir_con_historico()
         self.secretaria.preparar_impresion(self.salon, "Paz Y Salvos")
         self.ventana.pulsar("radio button", "Solo Descargar")
@@ -131,7 +131,7 @@ class Impresion(Escena):
         self.assertEqual(self.cups.capturados(), [])
         self.assertFalse((self.escritorio.xdg("STATE_HOME") / "parvanel").exists())
 
-    def test_servidor_de_impresion_caido_no_detiene_la_ventana_y_se_le_espera(self):
+    def test_servidorDeImpresionCaido_noDetieneLaVentanaYSeLeEspera(self):
         self.cups.detener()
         self.abrir_con_historico()
         self.secretaria.preparar_impresion(self.salon, "Paz Y Salvos")

@@ -17,7 +17,7 @@ class Ingreso(Escena):
     def modos_ofrecidos(self):
         return [m for m in MODOS if self.ventana.a_la_vista("radio button", m)]
 
-    def test_al_abrir_se_ofrece_solo_login_y_escribe_en_usuario(self):
+    def test_alAbrir_ofreceSoloLoginYEscribeEnUsuario(self):
         self.assertEqual(self.modos_ofrecidos(), ["Login"])
         self.assertEqual(self.ventana.tamano(), (623, 484))
         self.assertTrue(self.ventana.buscar("text", "Usuario").enfocado)
@@ -25,7 +25,7 @@ class Ingreso(Escena):
         self.ventana.esperar(lambda: self.ventana.buscar("text", "Usuario").texto == "ana",
                              "what is typed does not reach the user box")
 
-    def test_todo_control_tiene_nombre(self):
+    def test_todoControl_tieneNombre(self):
         controles = ("push button", "radio button", "text", "combo box", "progress bar", "list")
         # The lists inside closed combo boxes are no controls of their own.
         combos = {h for e in self.ventana.elementos() if e.rol == "combo box" for h in e.hijos()}
@@ -33,7 +33,7 @@ class Ingreso(Escena):
                       and not e.nombre_visto and e.ruta not in combos]
         self.assertEqual(sin_nombre, [])
 
-    def test_boton_conectar_da_paso_a_los_otros_modos(self):
+    def test_botonConectar_daPasoALosOtrosModos(self):
         self.assertEqual(self.secretaria.entrar(), "123")
         self.assertEqual(self.modos_ofrecidos(), list(MODOS))
         for rol, nombre in (("text", "Usuario"), ("text", "Contraseña"),
@@ -44,31 +44,31 @@ class Ingreso(Escena):
             self.secretaria.ir_a(modo)
             self.assertEqual([m for m in MODOS if self.ventana.a_la_vista("frame", m)], [modo])
 
-    def test_return_en_contrasena_conecta(self):
+    def test_returnEnContrasena_conecta(self):
         self.secretaria.escribir_cuenta()
         self.ventana.tecla("Return")
         self.assertEqual(self.secretaria.conectada(), "123")
 
-    def test_return_en_usuario_conecta(self):
+    def test_returnEnUsuario_conecta(self):
         self.ventana.escribir("text", "Contraseña", "demo2010")
         self.ventana.escribir("text", "Usuario", "secretaria")
         self.ventana.tecla("Return")
         self.assertEqual(self.secretaria.conectada(), "123")
 
-    def test_contrasena_errada_da_mensaje_y_deja_volver_a_intentar(self):
+    def test_contrasenaErrada_daMensajeYDejaVolverAIntentar(self):
         self.secretaria.escribir_cuenta(clave="otra")
         self.ventana.tecla("Return")
         self.assertEqual(self.ventana.aceptar_mensaje(), MALAS)
         self.assertEqual(self.modos_ofrecidos(), ["Login"])
         self.assertEqual(self.secretaria.entrar(), "123")
 
-    def test_cuenta_de_docente_da_mensaje_y_no_entra(self):
+    def test_cuentaDeDocente_daMensajeYNoEntra(self):
         self.secretaria.escribir_cuenta(usuario="docente")
         self.ventana.tecla("Return")
         self.assertEqual(self.ventana.aceptar_mensaje(), OTRO_ROL)
         self.assertEqual(self.modos_ofrecidos(), ["Login"])
 
-    def test_ante_un_mensaje_la_ventana_no_recibe_nada(self):
+    def test_anteUnMensaje_laVentanaNoRecibeNada(self):
         self.secretaria.escribir_cuenta(usuario="nadie")
         self.ventana.tecla("Return")
         self.ventana.mensaje()

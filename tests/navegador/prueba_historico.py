@@ -49,21 +49,21 @@ class Historico(unittest.TestCase):
         """The address within the archive; the whole of it when it leads elsewhere."""
         return direccion.removeprefix(HISTORICO.resolve().as_uri() + "/")
 
-    def test_toda_pagina_se_alcanza_con_enlaces(self):
+    def test_todaPagina_seAlcanzaConEnlaces(self):
         self.assertEqual({c: len(self.de(c)) for c in PAGINAS}, PAGINAS)
         self.assertEqual(len({p.direccion for p in self.paginas}), len(self.paginas))
         fuera = [p.direccion for p in self.paginas
                  if not p.direccion.startswith(HISTORICO.resolve().as_uri() + "/")]
         self.assertEqual(fuera, [])
 
-    def test_ninguna_peticion_sale_a_un_servidor(self):
+    def test_ningunaPeticion_saleAUnServidor(self):
         pedidas = [(p.nombre, d) for p in self.paginas for d in p.pedidas]
         # A log without the pages themselves would prove nothing.
         self.assertGreaterEqual(len(pedidas), len(self.paginas))
         self.assertEqual([p for p in pedidas if not p[1].startswith(("file:", "data:", "blob:"))],
                          [])
 
-    def test_toda_imagen_se_ve_menos_las_que_ningun_historico_tiene(self):
+    def test_todaImagen_seVeMenosLasQueNingunHistoricoTiene(self):
         sin_ancho = {(p.nombre, self.relativa(d)) for p in self.paginas
                      for d, ancho in p.imagenes if ancho == 0}
         faltan = {imagen for _, imagen in sin_ancho}
@@ -71,7 +71,7 @@ class Historico(unittest.TestCase):
         # Were it there after all, the list above would have to be shortened.
         self.assertEqual(IMAGENES_QUE_FALTAN - faltan, set())
 
-    def test_las_paginas_muestran_las_imagenes_que_deben(self):
+    def test_paginas_muestranLasImagenesQueDeben(self):
         for pagina in self.de(*CON_ESCUDO):
             self.assertIn("archivos/images/logo.png", self.imagenes(pagina), pagina.nombre)
         for pagina in self.de("consolidadoN", "consolidadoF"):
@@ -86,7 +86,7 @@ class Historico(unittest.TestCase):
                            for i in self.imagenes(p))]
         self.assertGreater(len(con_foto), ALUMNOS / 2)
 
-    def test_los_datos_del_colegio_vienen_de_la_configuracion(self):
+    def test_datosDelColegio_vienenDeLaConfiguracion(self):
         texto = (HISTORICO / "configuracion.txt").read_bytes().decode("cp1252")
         valores = dict(re.findall(r'^var (\w+) = "(.*)";\r$', texto, re.MULTILINE))
         esperados = {n: valores[n] for n in DETALLES}
@@ -98,7 +98,7 @@ class Historico(unittest.TestCase):
                 self.assertRegex(crudo, rf'id="cfg{nombre.upper()}"></', pagina.nombre)
             self.assertEqual(pagina.detalles, esperados, pagina.nombre)
 
-    def test_acentos_y_enes_se_leen(self):
+    def test_acentosYEnes_seLeen(self):
         for pagina in self.paginas:
             self.assertEqual(pagina.juego, "windows-1252", pagina.nombre)
             self.assertNotIn("\ufffd", pagina.texto, pagina.nombre)
@@ -113,11 +113,11 @@ class Historico(unittest.TestCase):
         for pagina in self.paginas:
             self.assertIn(pagina.alumno, pagina.texto, pagina.nombre)
 
-    def test_los_guiones_de_las_listas_corren(self):
+    def test_guionesDeLasListas_corren(self):
         for pagina in self.de("salones"):
             self.assertEqual(pagina.ordenable, 4, pagina.nombre)
 
-    def test_ningun_error_sino_los_que_causan_las_paginas(self):
+    def test_errores_soloLosQueCausanLasPaginas(self):
         errores = [(p.nombre, e) for p in self.paginas for e in p.errores]
         otros = [e for e in errores
                  if not any(r.search(e[1]) for r in ERRORES_QUE_CAUSAN_LAS_PAGINAS)]

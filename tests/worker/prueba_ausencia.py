@@ -127,7 +127,7 @@ class Ausencia(Prueba):
         proceso.stdin.write("".join(f"{r}\n" for r in rutas).encode())
         proceso.stdin.flush()
 
-    def test_server_restarted_in_mid_batch_loses_nothing_and_prints_nothing_twice(self):
+    def test_servidorReiniciadoEnMedioDelLote_nadaSePierdeNiSeRepite(self):
         rutas = self.paginas(25)
         proceso = self.empezar(rutas)
         self.cups.esperar_capturados(3)
@@ -137,7 +137,7 @@ class Ausencia(Prueba):
         self.assertEqual(proceso.wait(GUARDA), 0)
         self.assertTodosUnaVez(rutas)
 
-    def test_server_away_is_waited_for_and_the_log_says_so_once(self):
+    def test_servidorAusente_seEsperaYSeAnotaUnaVez(self):
         rutas = self.paginas(12)
         proceso = self.empezar(rutas[:4])
         self.cups.esperar_capturados(4)
@@ -151,7 +151,7 @@ class Ausencia(Prueba):
         esperas = self.assertTodosUnaVez(rutas)
         self.assertEqual(esperas, [(str(rutas[4]), NO_ATIENDE + ESPERA.format(300))])
 
-    def test_server_away_before_the_first_document_is_waited_for(self):
+    def test_servidorAusenteAntesDelPrimero_seEspera(self):
         self.cups.detener()
         rutas = self.paginas(3)
         proceso = self.empezar(rutas)
@@ -161,7 +161,7 @@ class Ausencia(Prueba):
         self.assertEqual(proceso.wait(GUARDA), 0)
         self.assertTodosUnaVez(rutas)
 
-    def test_conversation_that_breaks_off_loses_nothing_and_prints_nothing_twice(self):
+    def test_conversacionCortada_nadaSePierdeNiSeRepite(self):
         for donde, cortes in Cortado.VECES.items():
             with self.subTest(donde):
                 self.registro.unlink(missing_ok=True)
@@ -182,7 +182,7 @@ class Ausencia(Prueba):
                 self.assertEqual([s.titulo for s in salidos],
                                  [r.name for r in rutas] + ["fin.html"])
 
-    def test_server_that_stays_away_fails_the_batch_after_one_wait(self):
+    def test_servidorQueNoVuelve_elLoteFallaTrasUnaEspera(self):
         # Forty waits one after the other would outlast the guard.
         rutas = self.paginas(40)
         nadie = {"CUPS_SERVER": str(self.casa / "no.sock")}
@@ -190,7 +190,7 @@ class Ausencia(Prueba):
         self.assertEqual(anotado, [(str(rutas[0]), NO_ATIENDE + ESPERA.format(3))]
                          + [(str(r), NO_ATIENDE) for r in rutas])
 
-    def test_queue_that_is_gone_is_an_answer_and_no_absence(self):
+    def test_colaQueYaNoEsta_esRespuestaYNoAusencia(self):
         # The second page keeps the batch going, and its printer with it, until the queue is gone.
         self.conPercance(f"case $html in */01.html) while [ ! -e '{self.casa}/sigue' ];"
                          "do sleep 0.05; done;; esac")
@@ -205,7 +205,7 @@ class Ausencia(Prueba):
         self.assertEqual(self.anotado()[1:],
                          [(str(r), "la impresora lote ya no está") for r in rutas[1:]])
 
-    def test_queue_that_takes_nothing_is_an_answer_and_no_absence(self):
+    def test_colaQueNadaRecibe_esRespuestaYNoAusencia(self):
         self.cups.rechazar("lote")
         rutas = self.paginas(2)
         anotado = self.imprimir(self.cups.entorno(), rutas)

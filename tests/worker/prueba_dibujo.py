@@ -21,15 +21,15 @@ class Dibujo(Prueba):
         return subprocess.run([DIBUJADOR, *argumentos], input=entrada, timeout=GUARDA,
                               env=self.entorno({}), cwd=self.casa, capture_output=True).returncode
 
-    def test_page_becomes_a_pdf(self):
+    def test_pagina_seVuelvePdf(self):
         self.assertEqual(self.dibujar(self.pagina, self.pdf), HECHO)
         self.assertEqual(texto(self.pdf).strip(), "año")
 
-    def test_relative_names_are_taken_from_the_current_folder(self):
+    def test_nombresRelativos_sonDeLaCarpetaActual(self):
         self.assertEqual(self.dibujar("a.html", "b.pdf"), HECHO)
         self.assertTrue((self.casa / "b.pdf").exists())
 
-    def test_paper_and_margins_are_obeyed(self):
+    def test_papelYMargenes_seObedecen(self):
         roja = self.archivo("r.html", "<body style='margin:0;background:rgb(200,20,20)'><p>x</p>")
         self.assertEqual(self.dibujar("--papel", "21590x35560", "--margenes", "2540,0,0,0",
                                       roja, self.pdf), HECHO)
@@ -37,7 +37,7 @@ class Dibujo(Prueba):
         # An inch less on one side.
         self.assertAlmostEqual(puntos(self.pdf, ROJO, 72), 540 * 1008, delta=2500)
 
-    def test_paper_of_the_page_itself_gives_way_to_the_printers(self):
+    def test_papelDeLaPagina_cedeAlDeLaImpresora(self):
         for estilo, esperada in (("size: A3", (612, 1008)), ("size: letter; margin: 1cm", (612, 1008)),
                                  ("size: letter landscape", (1008, 612))):
             with self.subTest(estilo):
@@ -45,24 +45,24 @@ class Dibujo(Prueba):
                 self.assertEqual(self.dibujar("--papel", "21590x35560", propia, self.pdf), HECHO)
                 self.assertEqual(medida(self.pdf), esperada)
 
-    def test_page_that_cannot_be_loaded_makes_no_pdf(self):
+    def test_paginaQueNoSePuedeCargar_noHacePdf(self):
         for falta in (self.casa / "falta.html", self.casa):
             self.assertEqual(self.dibujar(falta, self.pdf), SIN_PAGINA)
             self.assertFalse(self.pdf.exists())
 
-    def test_pdf_that_cannot_be_written_is_told(self):
+    def test_pdfQueNoSePuedeEscribir_seDice(self):
         for imposible in ("/dev/full", self.casa / "no" / "a.pdf"):
             self.assertEqual(self.dibujar(self.pagina, imposible), SIN_PDF)
 
-    def test_waiting_renderer_draws_the_page_it_is_given(self):
+    def test_dibujadorEnEspera_dibujaLaQueRecibe(self):
         pedido = f"14800 21000 1000 1000 1000 1000\n{self.pagina}\n{self.pdf}\n"
         self.assertEqual(self.dibujar("--espera", entrada=pedido.encode()), HECHO)
         self.assertEqual(texto(self.pdf).strip(), "año")
 
-    def test_waiting_renderer_ends_with_its_input(self):
+    def test_dibujadorEnEspera_terminaConSuEntrada(self):
         self.assertEqual(self.dibujar("--espera"), HECHO)
 
-    def test_nonsense_is_refused(self):
+    def test_sinSentido_seRechaza(self):
         for argumentos in ([], ["a.html"], ["a.html", "b.pdf", "c"], ["--papel", "A4", "a", "b"],
                            ["--papel", "0x0", "a", "b"], ["--margenes", "1,2,3", "a", "b"],
                            ["--otra", "1", "a", "b"]):
@@ -72,7 +72,7 @@ class Dibujo(Prueba):
 
     @unittest.skipIf(b"__asan_init" in DIBUJADOR.read_bytes(),
                      "the address sanitizer's own tables are beyond the limit")
-    def test_script_that_wants_all_memory_is_refused_it(self):
+    def test_guionQueQuiereTodaLaMemoria_noLaRecibe(self):
         for clase, uno in (("typed array", "new Uint8Array(1 << 20).fill(1)"),
                            ("buffer", "new Uint32Array(new ArrayBuffer(1 << 20)).fill(1)"),
                            ("WebAssembly", "new Uint8Array(new WebAssembly.Memory({initial: 16,"
@@ -90,7 +90,7 @@ class Dibujo(Prueba):
                 if codigo == HECHO:
                     self.assertEqual(texto(self.pdf).strip(), "parado")
 
-    def test_path_with_a_nul_is_refused(self):
+    def test_rutaConNulo_seRechaza(self):
         # No file can have such a name. The input stays open, as the worker leaves it: the answer
         # must not wait for its end.
         medidas = b"14800 21000 1000 1000 1000 1000"

@@ -50,7 +50,7 @@ class Encierro(unittest.TestCase):
         return [uno for uno in hallados
                 if uno["Pid"] not in padres and uno["PPid"] != str(sesion)]
 
-    def test_page_of_an_ordinary_account_is_in_the_sandbox(self):
+    def test_paginaDeUnaCuentaCorriente_quedaEncerrada(self):
         servicio = Servicio()
         self.addCleanup(servicio.parar)
         # While the image is awaited the page is alive, and has run its script.

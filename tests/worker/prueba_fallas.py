@@ -17,7 +17,7 @@ from impresion import GUARDA, ROJO, ConCups, png
 class Fallas(ConCups):
     # A limit must not be one that a good page could reach: it may be drawn on a busy machine.
 
-    def test_bad_documents_in_a_batch_do_not_hold_up_the_others(self):
+    def test_documentosMalos_noDetienenALosOtros(self):
         rutas = [self.archivo(f"{i}.html", f"<p>{i}</p>") for i in range(2)]
         rutas[1:1] = [self.casa / "falta.html", self.casa, "relativa.html", "/" + "x" * 5000]
         anotado = self.imprimir(self.cups.entorno(), rutas)
@@ -28,14 +28,14 @@ class Fallas(ConCups):
                           "la ruta es demasiado larga"])
         self.assertEqual([s.titulo for s in self.salidos(2)], ["0.html", "1.html"])
 
-    def test_endless_page_is_given_up_and_the_next_is_printed(self):
+    def test_paginaSinFin_seAbandonaYSigueLaProxima(self):
         bucle = self.archivo("bucle.html", "<p>nunca</p><script>while(true){}</script>")
         bien = self.archivo("bien.html", "<p>bien</p>")
         anotado = self.imprimir(self.cups.entorno(), [bucle, bien], "--plazo-dibujo", "20")
         self.assertEqual(anotado[0], (str(bucle), "la página no terminó de dibujarse en 20 s"))
         self.assertImpresos(anotado[1:], [bien])
 
-    def test_page_that_exhausts_the_engine_is_given_up_and_the_next_is_printed(self):
+    def test_paginaQueAgotaElMotor_seAbandonaYSigueLaProxima(self):
         memoria = self.archivo(
             "memoria.html", "<script>var a=[];while(true)a.push(new Array(9999).fill({}))</script>")
         bien = self.archivo("bien.html", "<p>bien</p>")
@@ -43,7 +43,7 @@ class Fallas(ConCups):
         self.assertEqual(anotado[0], (str(memoria), "la página agotó el motor de dibujo"))
         self.assertImpresos(anotado[1:], [bien])
 
-    def test_page_that_wants_all_memory_does_not_get_it_and_the_next_are_printed(self):
+    def test_paginaQueQuiereTodaLaMemoria_noLaRecibeYSiguenLasProximas(self):
         gula = self.archivo("gula.html", "<p>a</p><script>let a = [];"
                             "for (;;) a.push(new Uint8Array(1 << 26).fill(1));</script>")
         bien = [self.archivo(f"bien{i}.html", "<p>bien</p>") for i in range(3)]
@@ -56,7 +56,7 @@ class Fallas(ConCups):
         self.assertGreater(mayor[0], 1 << 29)  # it has been seen at all
         self.assertLess(mayor[0], 3 << 30)
 
-    def test_renderer_that_takes_too_much_memory_is_ended_and_the_next_are_printed(self):
+    def test_dibujadorQueTomaDemasiadaMemoria_seTerminaYSiguenLasProximas(self):
         # What the engine takes by itself is refused to no script.
         self.conDibujador("#!/usr/bin/python3\nimport sys, time\n"
                           "html, pdf = [sys.stdin.readline().rstrip() for _ in range(3)][1:]\n"
@@ -74,7 +74,7 @@ class Fallas(ConCups):
         self.assertGreater(mayor[0], 1 << 29)
         self.assertLess(mayor[0], 3 << 30)
 
-    def test_page_with_many_images_is_no_page_that_takes_too_much_memory(self):
+    def test_paginaConMuchasImagenes_noPideDemasiadaMemoria(self):
         self.archivo("foto.png", png(1500, 1500, ROJO))
         fotos = "".join(f"<img width=200 src='foto.png?{i}'>" for i in range(30))
         ruta = self.archivo("fotos.html", fotos)
@@ -104,7 +104,7 @@ class Fallas(ConCups):
             fin.set()
             hilo.join()
 
-    def test_more_endless_pages_than_renderers_still_end(self):
+    def test_masPaginasSinFinQueDibujadores_tambienTerminan(self):
         self.conDibujador("#!/bin/sh\nIFS= read -r papel; IFS= read -r html; IFS= read -r pdf\n"
                           "case $html in *bucle*) exec sleep 3600;; esac\n"
                           "printf '%%PDF-1.4\\n' > \"$pdf\"\n")
@@ -115,7 +115,7 @@ class Fallas(ConCups):
                                        for r in rutas[:3]])
         self.assertImpresos(anotado[3:], rutas[3:])
 
-    def test_page_whose_engine_dies_is_drawn_once_more(self):
+    def test_paginaCuyoMotorMuere_seDibujaOtraVez(self):
         for muerte in ("kill -9 $$", "exit 5", "exit 127"):
             with self.subTest(muerte):
                 shutil.rmtree(self.casa / "programa", ignore_errors=True)
@@ -129,7 +129,7 @@ class Fallas(ConCups):
                 self.assertEqual(self.tomadas(), ["0.html", "1.html", "1.html", "2.html"])
                 (self.casa / "murio").rmdir()
 
-    def test_page_whose_engine_dies_again_is_given_up(self):
+    def test_paginaCuyoMotorMuereOtraVez_seAbandona(self):
         self.conPercance("case $html in */1.html) kill -9 $$;; esac")
         rutas = [self.archivo(f"{i}.html", f"<p>{i}</p>") for i in range(3)]
         anotado = self.imprimir(self.cups.entorno(), rutas)
@@ -137,7 +137,7 @@ class Fallas(ConCups):
         self.assertImpresos([anotado[0], anotado[2]], [rutas[0], rutas[2]])
         self.assertEqual(self.tomadas(), ["0.html", "1.html", "1.html", "2.html"])
 
-    def test_page_that_says_no_itself_is_not_drawn_again(self):
+    def test_paginaQueDiceQueNo_noSeRepite(self):
         for codigo, motivo in ((3, "no se pudo cargar la página"), (4, "no se pudo escribir el PDF")):
             with self.subTest(codigo):
                 shutil.rmtree(self.casa / "programa", ignore_errors=True)
@@ -148,7 +148,7 @@ class Fallas(ConCups):
                 self.assertEqual(self.imprimir(self.cups.entorno(), [ruta]), [(str(ruta), motivo)])
                 self.assertEqual(self.tomadas(), ["a.html"])
 
-    def test_server_that_accepts_and_never_answers_is_given_up(self):
+    def test_servidorQueAceptaYNoContesta_seAbandona(self):
         rutas = [self.archivo(f"{i}.html", "<p>a</p>") for i in range(2)]
         with socket.create_server(("127.0.0.1", 0)) as mudo:
             cups = {"CUPS_SERVER": f"127.0.0.1:{mudo.getsockname()[1]}"}
@@ -158,7 +158,7 @@ class Fallas(ConCups):
         self.assertEqual(anotado, [(str(rutas[0]), f"{mudo_}; se espera hasta 1 s a que vuelva"),
                                    *((str(r), mudo_) for r in rutas)])
 
-    def test_writer_is_never_held_up(self):
+    def test_quienEscribe_nuncaEspera(self):
         # Far more than a pipe holds, while the print server keeps the worker waiting.
         ruta = self.archivo("a.html", "<p>a</p>")
         with socket.create_server(("127.0.0.1", 0)) as mudo:
@@ -172,19 +172,19 @@ class Fallas(ConCups):
             proceso.send_signal(signal.SIGTERM)
             self.assertEqual(proceso.wait(GUARDA), 1)
 
-    def test_missing_renderer_is_logged(self):
+    def test_dibujadorAusente_seAnota(self):
         self.conDibujador("#!/nada/que/exista\n")
         ruta = self.archivo("a.html", "<p>a</p>")
         anotado = self.imprimir(self.cups.entorno(), [ruta] * 2)
         self.assertEqual(anotado, [(str(ruta), "no se pudo arrancar el dibujante")] * 2)
 
-    def test_renderer_that_dies_at_its_start_is_logged(self):
+    def test_dibujadorQueMuereAlArrancar_seAnota(self):
         self.conDibujador("#!/bin/sh\nexit 127\n")
         ruta = self.archivo("a.html", "<p>a</p>")
         anotado = self.imprimir(self.cups.entorno(), [ruta] * 5)
         self.assertEqual(anotado, [(str(ruta), "el dibujante terminó con el código 127")] * 5)
 
-    def test_folder_of_a_killed_worker_is_removed_by_the_next_and_no_other(self):
+    def test_carpetaDelObreroMuerto_laQuitaElSiguienteYNingunaOtra(self):
         bucle = self.archivo("bucle.html", "<script>while(true){}</script>")
         carpetas = []
         for _ in range(2):
@@ -215,7 +215,7 @@ class Fallas(ConCups):
                                  "parvanel-print-otra-carpeta"]))
         self.assertTrue((ajena / "nota.txt").exists())
 
-    def test_renderer_knows_its_limit_and_what_the_worker_was_told(self):
+    def test_dibujador_sabeSuPlazoYLoQueSabeElObrero(self):
         self.conDibujador('#!/bin/sh\nIFS= read -r papel; IFS= read -r html; IFS= read -r pdf\n'
                           'echo "$PARVANEL_PLAZO_DIBUJO $PARVANEL_ORIGEN $PARVANEL_RAIZ" > "$pdf"\n')
         self.imprimir(self.cups.entorno(), [self.archivo("a.html", "")], "--plazo-dibujo", "77",
@@ -223,7 +223,7 @@ class Fallas(ConCups):
         self.assertEqual(self.salidos(1)[0].archivo.read_text(),
                          "77 http://127.0.0.1:8 /casa/Quorvela\n")
 
-    def test_log_stays_within_its_bound(self):
+    def test_registro_noPasaDeSuTope(self):
         rutas = [self.casa / f"falta{'a' * 150}{i}.html" for i in range(4000)]
         self.imprimir(self.cups.entorno(), rutas)
         carpeta = self.registro.parent

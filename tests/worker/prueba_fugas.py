@@ -68,7 +68,7 @@ class Fugas(ConDibujador):
             culpas.add((p.clase, vias.get(p.destino[1]) or preguntado or repr(p)))
         return culpas
 
-    def test_the_record_sees_every_kind_of_call(self):
+    def test_registro_veTodaClaseDeLlamada(self):
         socket.getaddrinfo("a.fuga.example", 80, type=socket.SOCK_STREAM)
         for destino in ((AJENA, PUERTOS["imagen"]), ("127.0.0.1", PUERTOS["guion"])):
             with socket.socket() as uno:
@@ -79,7 +79,7 @@ class Fugas(ConDibujador):
         self.assertLessEqual({("udp", "a.fuga.example"), ("tcp", "imagen"), ("tcp", "guion"),
                               ("udp", "webtransport"), ("udp", "b.local")}, self.culpas())
 
-    def test_page_reaches_the_service_and_nobody_else(self):
+    def test_pagina_llegaAlServicioYANadieMas(self):
         servicio = self.servicio
         servicio.paginas["/espera.png"] = lambda a: (servicio.esperar("/fin.png"),
                                                      responder(a, b""))
@@ -90,13 +90,13 @@ class Fugas(ConDibujador):
         self.assertIn("/fin.png", servicio.pedidos)
         self.assertEqual(self.culpas(), set())
 
-    def test_page_that_would_become_another_reaches_nobody(self):
+    def test_paginaQueSeVolveriaOtra_aNadieLlega(self):
         for nombre, modelo in DOCUMENTOS.items():
             with self.subTest(nombre):
                 self.assertIn("papel", self.papel("<p>papel</p>" + hecha(nombre, modelo, AJENA)))
                 self.assertEqual(self.culpas(), set())
 
-    def test_without_an_origin_not_even_the_service_is_reached(self):
+    def test_sinOrigen_niAlServicioSeLlega(self):
         for origen in (None, "", "servicio", f"{self.origen}/ruta", f"ftp{self.origen[4:]}",
                        self.origen.replace("//", "//u:c@"), f"{self.origen}?a", f"{self.origen} "):
             with self.subTest(origen):
@@ -106,7 +106,7 @@ class Fugas(ConDibujador):
                 self.assertIn("papel", papel)
                 self.assertEqual(self.servicio.pedidos, [])
 
-    def test_service_whose_name_is_looked_up_is_the_only_name_looked_up(self):
+    def test_servicioPorNombre_eseNombreSeBuscaYNingunOtro(self):
         with socket.create_server((AJENA, 0)) as oyente:
             puerto = oyente.getsockname()[1]
             self.servicio.puerto = puerto
@@ -120,7 +120,7 @@ class Fugas(ConDibujador):
         nombres = {quien for clase, quien in self.culpas() if clase == "udp" and ".example" in quien}
         self.assertEqual({n for n in nombres if "->" not in n}, {"servicio.example"})
 
-    def test_variables_of_the_environment_open_no_way(self):
+    def test_variablesDelEntorno_noAbrenCamino(self):
         llaves = self.temporal / "llaves"
         guardado = self.temporal / "red.json"
         papel = self.papel(
@@ -135,7 +135,7 @@ class Fugas(ConDibujador):
         self.assertFalse(guardado.exists())
         self.assertEqual(self.culpas(), set())
 
-    def test_drawing_leaves_nothing_in_the_home(self):
+    def test_dibujar_nadaDejaEnLaCasa(self):
         pagina = self.archivo("Quorvela/1-2010/p.html",
                               f"<img src='{self.origen}/a.png'><script>document.cookie = 'a=b';"
                               "try { localStorage.a = 1; indexedDB.open('a'); } catch (e) {}"

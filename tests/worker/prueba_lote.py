@@ -24,7 +24,7 @@ class Lote(ConCups):
             f"function() {{ document.getElementById('cfgMICOLEGIO').innerHTML = micolegio; }}, 0);"
             f"}});</script></body></html>")
 
-    def test_batch_of_40_comes_out_whole_and_in_order(self):
+    def test_loteDe40_saleEnteroYEnOrden(self):
         self.archivo("1-2010/archivos/images/logo.png", png(100, 100, ROJO))
         self.archivo("1-2010/archivos/configuracion.txt", "var micolegio='Colegio Peñón';")
         rutas = [self.boletin(i) for i in range(40)]
@@ -38,7 +38,7 @@ class Lote(ConCups):
         for salido in (salidos[0], salidos[-1]):
             self.assertGreater(puntos(salido.archivo, ROJO), 500, "the logo is missing")
 
-    def test_paths_that_come_one_by_one_are_printed_before_the_end_of_input(self):
+    def test_rutasDeUnaEnUna_seImprimenAntesDelFin(self):
         proceso = self.trabajador(self.cups.entorno())
         self.addCleanup(proceso.kill)
         for i in range(3):
@@ -48,7 +48,7 @@ class Lote(ConCups):
         proceso.stdin.close()
         self.assertEqual(proceso.wait(GUARDA), 0)
 
-    def test_input_closed_early_still_prints_what_was_handed_over(self):
+    def test_entradaCerradaAntes_loEntregadoSeImprime(self):
         rutas = [self.boletin(i) for i in range(5)]
         proceso = self.trabajador(self.cups.entorno())
         self.addCleanup(proceso.kill)
@@ -59,7 +59,7 @@ class Lote(ConCups):
         self.assertImpresos(self.anotado(), rutas)
         self.assertEqual([s.titulo for s in self.salidos(5)], [r.name for r in rutas])
 
-    def test_installation_that_was_moved_prints(self):
+    def test_instalacionTrasladada_imprime(self):
         # In either layout: the two side by side, and the worker in a folder for programs.
         for propia in ("libexec/parvanel", "bin"):
             with self.subTest(propia):
@@ -73,10 +73,10 @@ class Lote(ConCups):
                 rutas = [self.boletin(0)]
                 self.assertImpresos(self.imprimir(self.cups.entorno(), rutas), rutas)
 
-    def test_no_input_at_all_ends_at_once(self):
+    def test_sinEntrada_terminaAlMomento(self):
         self.assertEqual(self.imprimir(self.cups.entorno(), []), [])
 
-    def test_terminated_worker_leaves_nothing_behind(self):
+    def test_obreroTerminado_nadaDeja(self):
         bucle = self.archivo("bucle.html", "<script>while(true){}</script>")
         # So that the endless page does not end first.
         proceso = self.trabajador(self.cups.entorno(), "--plazo-dibujo", "3600")
@@ -91,7 +91,7 @@ class Lote(ConCups):
         self.assertEqual(self.procesosVivos(), [])
         self.assertIn("se interrumpió la impresión", self.anotado()[-1][1])
 
-    def test_nothing_is_written_to_the_home_folder_but_the_log(self):
+    def test_imprimir_enLaCasaSoloEscribeElRegistro(self):
         ruta = self.boletin(0)
         self.imprimir(self.cups.entorno(), [ruta])
         hay = {str(p.relative_to(self.casa)) for p in self.casa.rglob("*") if p.is_file()}

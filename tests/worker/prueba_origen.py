@@ -28,7 +28,7 @@ class Origen(ConDibujador):
         self.origen = self.servicio.origen
         self.paginas = self.servicio.paginas
 
-    def test_script_style_and_image_of_the_service_are_on_paper(self):
+    def test_guionEstiloEImagenDelServicio_estanEnElPapel(self):
         self.paginas.update({
             "/jscript/b.js": b"function $(id) { return document.getElementById(id); }",
             "/estilo.css": b"@import 'otro.css'; p { color: rgb(20,160,20) }",
@@ -41,7 +41,7 @@ class Origen(ConDibujador):
         self.assertIn("Colegio", papel)
         self.assertGreater(puntos(self.pdf, ROJO), 500)
 
-    def test_images_that_scripts_add_on_ready_are_waited_for(self):
+    def test_imagenesDeGuiones_seEsperan(self):
         # The second is asked for when the first has come; the reply to each takes its time.
         def tarde(cual):
             return lambda a: (self.servicio.esperar(cual), responder(a, png(100, 100, ROJO)))
@@ -53,7 +53,7 @@ class Origen(ConDibujador):
         self.assertGreater(puntos(self.pdf, ROJO), 500)
         self.assertIn("/2.png", self.servicio.pedidos)
 
-    def test_report_card_gets_its_school_fields(self):
+    def test_boletin_recibeLosCamposDelColegio(self):
         # The script at the end is what a stored report card ends with: it brings no library, and
         # its first file exists nowhere.
         self.paginas["/jscript/jquery.tools.min.js"] = BIBLIOTECA.read_bytes()
@@ -70,7 +70,7 @@ class Origen(ConDibujador):
             "Quorvela/1-2010/archivos/boletines/P2/1234.html")
         self.assertEqual(" ".join(papel.split()), "Colegio Peñón Lema 1234 Calle 5 678")
 
-    def test_what_scripts_fetch_and_frames_show_is_on_paper(self):
+    def test_loQueTraenGuionesYMarcos_estaEnElPapel(self):
         # As in any browser, a script reads only what the service lets pages read.
         self.paginas.update({"/datos": lambda a: responder(
             a, "peñón".encode("utf-8"), **{"Access-Control-Allow-Origin": "*"}),
@@ -82,7 +82,7 @@ class Origen(ConDibujador):
         self.assertIn("peñón", papel)
         self.assertIn("enmarcado", papel)
 
-    def test_request_of_a_frame_of_the_service_for_a_local_file_is_refused(self):
+    def test_marcoDelServicioQuePideUnArchivo_seLeNiega(self):
         propio = self.archivo("Quorvela/1-2010/propio.html", "<p>guardado</p>")
         self.paginas["/marco.html"] = (
             f"<p>enmarcado</p><iframe src='{propio.as_uri()}'></iframe><script>"
@@ -94,12 +94,12 @@ class Origen(ConDibujador):
         self.assertIn("enmarcado", papel)
         self.assertNotIn("guardado", papel)
 
-    def test_redirect_within_the_service_is_followed(self):
+    def test_redireccionDentroDelServicio_seSigue(self):
         self.paginas.update({"/a.png": enviada("/b.png"), "/b.png": png(100, 100, ROJO)})
         self.papel(f"<p>papel</p><img src='{self.origen}/a.png'>")
         self.assertGreater(puntos(self.pdf, ROJO), 500)
 
-    def test_redirect_elsewhere_is_refused(self):
+    def test_redireccionAOtraParte_seNiega(self):
         otro = Servicio()
         self.addCleanup(otro.parar)
         otro.paginas["/b.png"] = png(100, 100, ROJO)
@@ -121,7 +121,7 @@ class Origen(ConDibujador):
                 self.assertEqual(otro.pedidos, [])
                 self.assertNotIn("/b.png", self.servicio.pedidos)
 
-    def test_other_scheme_host_or_port_is_refused(self):
+    def test_otroProtocoloServidorOPuerto_seNiega(self):
         otro = Servicio()
         self.addCleanup(otro.parar)
         self.paginas["/a.png"] = otro.paginas["/a.png"] = png(100, 100, ROJO)
@@ -132,14 +132,14 @@ class Origen(ConDibujador):
                 self.assertIn("papel", self.papel(f"<p>papel</p><img src='{casa}/a.png'>"))
         self.assertEqual(self.servicio.pedidos + otro.pedidos, [])
 
-    def test_reply_that_asks_for_a_password_or_fails_is_a_missing_image(self):
+    def test_respuestaQuePideClaveOFalla_esImagenQueFalta(self):
         for estado in (401, 404, 407, 500):
             with self.subTest(estado):
                 self.paginas["/a.png"] = lambda a, e=estado: responder(
                     a, b"no", estado=e, **{"WWW-Authenticate": "Basic realm=a"})
                 self.assertIn("papel", self.papel(f"<p>papel</p><img src='{self.origen}/a.png'>"))
 
-    def test_page_begins_without_cookies(self):
+    def test_pagina_empiezaSinGalletas(self):
         cookies = []
 
         def anotar(a):
@@ -151,7 +151,7 @@ class Origen(ConDibujador):
             self.assertGreater(puntos(self.pdf, VERDE), 500)
         self.assertEqual(cookies, [None, None])
 
-    def test_service_behind_the_users_proxy_is_reached_through_it(self):
+    def test_servicioTrasElProxyDelUsuario_seAlcanzaPorEl(self):
         pedidos = []
 
         class Proxy(http.server.BaseHTTPRequestHandler):
@@ -225,14 +225,14 @@ class Cifrado(ConDibujador):
             subprocess.run(["certutil", "-d", f"sql:{base}", *orden], check=True, timeout=GUARDA,
                            capture_output=True)
 
-    def test_certificate_that_nobody_vouches_for_is_refused(self):
+    def test_certificadoSinAval_seRechaza(self):
         antes = self.arbol()
         self.assertIn("papel", self.papel(self.html, "p.html", PARVANEL_RAIZ=str(self.casa)))
         self.assertEqual(puntos(self.pdf, ROJO), 0)
         self.assertEqual(self.servicio.pedidos, [])
         self.assertEqual(self.arbol(), sorted([*antes, str(self.casa / "p.html")]))
 
-    def test_certificate_of_a_trusted_authority_is_taken(self):
+    def test_certificadoDeAutoridadConocida_vale(self):
         self.confiar()
         self.papel(self.html)
         self.assertGreater(puntos(self.pdf, ROJO), 500)

@@ -125,7 +125,7 @@ class Raiz(ConDibujador):
     def lecturas(self, clase, u):
         return LECTURAS[clase].replace("{u}", u.replace("'", "%27"))
 
-    def test_elements_show_no_file_from_outside(self):
+    def test_elementos_noMuestranArchivosDeFuera(self):
         for clase in LECTURAS:
             with self.subTest(clase):
                 cuerpo = "".join(self.lecturas(clase, u) for u in self.nombres(clase).values())
@@ -134,7 +134,7 @@ class Raiz(ConDibujador):
                 self.assertNotIn(SECRETO, papel)
                 self.assertEqual(puntos(self.pdf, ROJO), 0)
 
-    def test_elements_show_the_archives_own_files(self):
+    def test_elementos_muestranLosArchivosPropios(self):
         """The same elements, which shows that the other test looks at the right thing."""
         for clase in LECTURAS:
             with self.subTest(clase):
@@ -163,23 +163,23 @@ class Raiz(ConDibujador):
             f"hechos.length + ' intentos\\n' + dichos.join('\\n');"
             f"new Image().src = '{self.origen}/fin.png'; }});</script>")
 
-    def test_scripts_read_no_file_from_outside(self):
+    def test_guiones_noLeenArchivosDeFuera(self):
         nombres = [u for u in self.nombres("txt").values()] + ["file:///etc/passwd"]
         papel = self.leido(nombres)
         self.assertIn(f"{len(nombres) * len(GUIONES)} intentos", papel)
         self.assertNotIn(SECRETO, papel)
         self.assertNotIn("root:", papel)
 
-    def test_scripts_read_the_archives_own_files(self):
+    def test_guiones_leenLosArchivosPropios(self):
         self.assertGreater(self.leido(["propio.txt"]).count("lo propio"), 5)
 
-    def test_document_outside_the_root_is_not_drawn(self):
+    def test_documentoFueraDeLaRaiz_noSeDibuja(self):
         for ruta in (self.fuera / "secreto.html", self.raiz / "1-2010/docs/enlace.html",
                      self.raiz / "1-2010/carpeta/secreto.html"):
             self.assertEqual(self.dibujar(ruta), SIN_PAGINA)
             self.assertFalse(self.pdf.exists())
 
-    def test_root_may_be_a_link_to_a_folder(self):
+    def test_raizQueEsEnlace_sirve(self):
         enlace = self.casa / "Enlazada"
         enlace.symlink_to(self.raiz)
         self.archivo("Quorvela/1-2010/docs/logo.png", png(100, 100, ROJO))
@@ -188,13 +188,13 @@ class Raiz(ConDibujador):
                          HECHO)
         self.assertGreater(puntos(self.pdf, ROJO), 500)
 
-    def test_root_that_is_not_named_is_the_homes(self):
+    def test_raizSinNombrar_esLaDeLaCasa(self):
         ruta = self.archivo("Quorvela/p.html", "<p>papel</p>")
         self.assertEqual(self.dibujar(ruta, PARVANEL_RAIZ=None), HECHO)
         self.assertEqual(texto(self.pdf).strip(), "papel")
         self.assertEqual(self.dibujar(self.fuera / "secreto.html", PARVANEL_RAIZ=None), SIN_PAGINA)
 
-    def test_root_that_is_no_absolute_path_holds_nothing(self):
+    def test_raizQueNoEsRutaAbsoluta_nadaContiene(self):
         ruta = self.archivo("Quorvela/p.html", "<p>papel</p>")
         for raiz in ("", "Quorvela", str(self.casa / "nada"), os.path.relpath(self.raiz)):
             self.assertEqual(self.dibujar(ruta, PARVANEL_RAIZ=raiz), SIN_PAGINA)

@@ -48,7 +48,7 @@ PETICIONES = {
 
 
 class Soltura(ConDibujador):
-    def test_page_that_asks_is_printed_and_nothing_else_happens(self):
+    def test_paginaQuePregunta_seImprimeYNadaMasPasa(self):
         self.archivo("Quorvela/propio.txt", "propio")
         for nombre, guion in PETICIONES.items():
             with self.subTest(nombre):
