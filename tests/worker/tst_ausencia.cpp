@@ -5,15 +5,15 @@
 
 using namespace std::chrono_literals;
 
-class TstAusencia : public QObject {
+class tst_ausencia : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void serverThere_isAskedAtOnce();
-    void absence_isToldOnce();
-    void absence_isLookedIntoEverySecond();
-    void document_hasItsWholeWait();
-    void serverBack_startsTheWaitAnew();
+    void servidorPresente_sePreguntaAlMomento();
+    void ausencia_seDiceUnaVez();
+    void ausencia_seMiraCadaSegundo();
+    void documento_tieneSuEsperaEntera();
+    void servidorQueVuelve_empiezaLaEsperaDeNuevo();
 };
 
 namespace {
@@ -23,14 +23,14 @@ constexpr auto ninguno = Ausencia::Momento::min();
 
 } // namespace
 
-void TstAusencia::serverThere_isAskedAtOnce()
+void tst_ausencia::servidorPresente_sePreguntaAlMomento()
 {
     const Ausencia ausencia(300s);
     QVERIFY(ausencia.proximoIntento() == ninguno);
     QVERIFY(ausencia.vencidos(cero) == ninguno);
 }
 
-void TstAusencia::absence_isToldOnce()
+void tst_ausencia::ausencia_seDiceUnaVez()
 {
     Ausencia ausencia(300s);
     QVERIFY(ausencia.notar(cero));
@@ -39,7 +39,7 @@ void TstAusencia::absence_isToldOnce()
     QVERIFY(ausencia.notar(cero + 2s));
 }
 
-void TstAusencia::absence_isLookedIntoEverySecond()
+void tst_ausencia::ausencia_seMiraCadaSegundo()
 {
     Ausencia ausencia(300s);
     ausencia.notar(cero);
@@ -50,7 +50,7 @@ void TstAusencia::absence_isLookedIntoEverySecond()
     QVERIFY(ausencia.proximoIntento() == ninguno);
 }
 
-void TstAusencia::document_hasItsWholeWait()
+void tst_ausencia::documento_tieneSuEsperaEntera()
 {
     Ausencia ausencia(300s);
     ausencia.notar(cero);
@@ -61,7 +61,7 @@ void TstAusencia::document_hasItsWholeWait()
     QVERIFY(ausencia.vencidos(cero + 420s) == cero + 120s);
 }
 
-void TstAusencia::serverBack_startsTheWaitAnew()
+void tst_ausencia::servidorQueVuelve_empiezaLaEsperaDeNuevo()
 {
     Ausencia ausencia(300s);
     ausencia.notar(cero);
@@ -70,5 +70,5 @@ void TstAusencia::serverBack_startsTheWaitAnew()
     QVERIFY(ausencia.vencidos(cero + 400s) == ninguno);
 }
 
-QTEST_GUILESS_MAIN(TstAusencia)
+QTEST_GUILESS_MAIN(tst_ausencia)
 #include "tst_ausencia.moc"

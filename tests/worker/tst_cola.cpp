@@ -5,24 +5,24 @@
 
 using namespace std::chrono_literals;
 
-class TstCola : public QObject {
+class tst_cola : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void drawnOutOfOrder_comesOutInOrder();
-    void headStillDrawing_holdsUpTheOthers();
-    void failedHead_comesOutWithItsReason();
-    void headStartUsedUp_nothingMoreToDraw();
-    void waitingDocument_isOfferedUntilItIsBegun();
-    void lateDocument_goesBehind();
-    void retiredBeforeItsTurn_givesItsPath();
-    void drawnOnceMore_keepsItsPlace();
-    void givenUp_whatCameInTimeStays();
-    void givenUp_documentBeingDrawnStays();
-    void givenUp_jobInDoubtIsNamed();
+    void dibujadosSinOrden_salenEnOrden();
+    void primeroSinDibujar_detieneALosOtros();
+    void primeroFallido_saleConSuMotivo();
+    void ventajaAgotada_nadaMasQueDibujar();
+    void documentoEnEspera_seOfreceHastaQueEmpieza();
+    void documentoTardio_vaDetras();
+    void retiradoAntesDeSuTurno_daSuRuta();
+    void dibujadoOtraVez_conservaSuLugar();
+    void alAbandonar_quedaLoQueLlegoATiempo();
+    void alAbandonar_quedaElQueSeDibuja();
+    void alAbandonar_seNombraElTrabajoDudoso();
 };
 
-void TstCola::drawnOutOfOrder_comesOutInOrder()
+void tst_cola::dibujadosSinOrden_salenEnOrden()
 {
     Cola cola(10);
     for (const char *ruta : {"/a", "/b", "/c"})
@@ -37,7 +37,7 @@ void TstCola::drawnOutOfOrder_comesOutInOrder()
     QVERIFY(cola.vacia());
 }
 
-void TstCola::headStillDrawing_holdsUpTheOthers()
+void tst_cola::primeroSinDibujar_detieneALosOtros()
 {
     Cola cola(10);
     cola.agregar("/a");
@@ -49,7 +49,7 @@ void TstCola::headStillDrawing_holdsUpTheOthers()
     QCOMPARE(cola.primero()->pdf, std::string("0.pdf"));
 }
 
-void TstCola::failedHead_comesOutWithItsReason()
+void tst_cola::primeroFallido_saleConSuMotivo()
 {
     Cola cola(10);
     cola.agregar("/a");
@@ -58,7 +58,7 @@ void TstCola::failedHead_comesOutWithItsReason()
     QCOMPARE(cola.primero()->motivo, std::string("no existe"));
 }
 
-void TstCola::headStartUsedUp_nothingMoreToDraw()
+void tst_cola::ventajaAgotada_nadaMasQueDibujar()
 {
     Cola cola(2);
     for (const char *ruta : {"/a", "/b", "/c"})
@@ -73,7 +73,7 @@ void TstCola::headStartUsedUp_nothingMoreToDraw()
     QCOMPARE(cola.porDibujar()->turno, Cola::Turno{2});
 }
 
-void TstCola::waitingDocument_isOfferedUntilItIsBegun()
+void tst_cola::documentoEnEspera_seOfreceHastaQueEmpieza()
 {
     Cola cola(2);
     cola.agregar("/a");
@@ -83,7 +83,7 @@ void TstCola::waitingDocument_isOfferedUntilItIsBegun()
     QVERIFY(!cola.porDibujar());
 }
 
-void TstCola::lateDocument_goesBehind()
+void tst_cola::documentoTardio_vaDetras()
 {
     Cola cola(2);
     cola.agregar("/a");
@@ -95,7 +95,7 @@ void TstCola::lateDocument_goesBehind()
     QCOMPARE(cola.primero()->ruta, std::string("/b"));
 }
 
-void TstCola::retiredBeforeItsTurn_givesItsPath()
+void tst_cola::retiradoAntesDeSuTurno_daSuRuta()
 {
     Cola cola(2);
     cola.agregar("/a");
@@ -104,7 +104,7 @@ void TstCola::retiredBeforeItsTurn_givesItsPath()
     QVERIFY(cola.vacia());
 }
 
-void TstCola::drawnOnceMore_keepsItsPlace()
+void tst_cola::dibujadoOtraVez_conservaSuLugar()
 {
     Cola cola(2);
     cola.agregar("/a");
@@ -119,7 +119,7 @@ void TstCola::drawnOnceMore_keepsItsPlace()
     QVERIFY(cola.redibujar(1));
 }
 
-void TstCola::givenUp_whatCameInTimeStays()
+void tst_cola::alAbandonar_quedaLoQueLlegoATiempo()
 {
     const Cola::Momento cero;
     Cola cola(4);
@@ -137,7 +137,7 @@ void TstCola::givenUp_whatCameInTimeStays()
     QCOMPARE(cola.porDibujar()->turno, Cola::Turno{2});
 }
 
-void TstCola::givenUp_documentBeingDrawnStays()
+void tst_cola::alAbandonar_quedaElQueSeDibuja()
 {
     Cola cola(2);
     cola.agregar("/a");
@@ -147,7 +147,7 @@ void TstCola::givenUp_documentBeingDrawnStays()
     QCOMPARE(cola.primero()->estado, Cola::Estado::Dibujado);
 }
 
-void TstCola::givenUp_jobInDoubtIsNamed()
+void tst_cola::alAbandonar_seNombraElTrabajoDudoso()
 {
     Cola cola(2);
     cola.agregar("/a");
@@ -159,5 +159,5 @@ void TstCola::givenUp_jobInDoubtIsNamed()
              std::string("no atiende (puede estar en la cola como trabajo 12)"));
 }
 
-QTEST_GUILESS_MAIN(TstCola)
+QTEST_GUILESS_MAIN(tst_cola)
 #include "tst_cola.moc"

@@ -9,14 +9,14 @@
 
 using namespace std::chrono_literals;
 
-class TstEncargo : public QObject {
+class tst_encargo : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void answer_comesBackWhole();
-    void childThatDies_givesNoAnswer();
-    void childThatDies_leavesWhatItSaid();
-    void childThatHangs_isGoneWithTheErrand();
+    void respuesta_vuelveEntera();
+    void hijoQueMuere_noDaRespuesta();
+    void hijoQueMuere_dejaLoQueDijo();
+    void hijoQueCuelga_seVaConElEncargo();
 };
 
 namespace {
@@ -30,7 +30,7 @@ auto tope()
 
 } // namespace
 
-void TstEncargo::answer_comesBackWhole()
+void tst_encargo::respuesta_vuelveEntera()
 {
     const std::string larga(3000, 'x');
     const auto encargo = Encargo::empezar([&](const auto &) { return larga; }, tope());
@@ -39,7 +39,7 @@ void TstEncargo::answer_comesBackWhole()
     QCOMPARE(encargo->respuesta(), larga);
 }
 
-void TstEncargo::childThatDies_givesNoAnswer()
+void tst_encargo::hijoQueMuere_noDaRespuesta()
 {
     const auto encargo = Encargo::empezar(
         [](const auto &) -> std::string {
@@ -51,7 +51,7 @@ void TstEncargo::childThatDies_givesNoAnswer()
     QCOMPARE(encargo->respuesta(), std::string());
 }
 
-void TstEncargo::childThatDies_leavesWhatItSaid()
+void tst_encargo::hijoQueMuere_dejaLoQueDijo()
 {
     const auto encargo = Encargo::empezar(
         [](const auto &decir) -> std::string {
@@ -64,7 +64,7 @@ void TstEncargo::childThatDies_leavesWhatItSaid()
     QCOMPARE(encargo->respuesta(), std::string("begun"));
 }
 
-void TstEncargo::childThatHangs_isGoneWithTheErrand()
+void tst_encargo::hijoQueCuelga_seVaConElEncargo()
 {
     // The child holds the writing end of this pipe: it reads as ended once the child is gone.
     std::array<int, 2> tubo{};
@@ -83,5 +83,5 @@ void TstEncargo::childThatHangs_isGoneWithTheErrand()
     close(tubo[0]);
 }
 
-QTEST_GUILESS_MAIN(TstEncargo)
+QTEST_GUILESS_MAIN(tst_encargo)
 #include "tst_encargo.moc"

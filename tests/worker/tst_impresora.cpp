@@ -5,21 +5,21 @@
 
 using Clase = impresora::Contestacion::Clase;
 
-class TstImpresora : public QObject {
+class tst_impresora : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void printer_survivesTheTrip();
-    void garbage_isNoPrinter_data();
-    void garbage_isNoPrinter();
-    void answers_areReadBack_data();
-    void answers_areReadBack();
+    void impresora_llegaEnteraAlOtroLado();
+    void basura_noEsImpresora_data();
+    void basura_noEsImpresora();
+    void respuestas_seLeenComoSeEscribieron_data();
+    void respuestas_seLeenComoSeEscribieron();
 };
 
 Q_DECLARE_METATYPE(std::string)
 Q_DECLARE_METATYPE(Clase)
 
-void TstImpresora::printer_survivesTheTrip()
+void tst_impresora::impresora_llegaEnteraAlOtroLado()
 {
     const Impresora enviada{"lote con blancos", "borrador", {21590, 27940, 1000, 1001, 1002, 1003}};
     const auto dicho = impresora::leer(impresora::aTexto(enviada, {}));
@@ -31,7 +31,7 @@ void TstImpresora::printer_survivesTheTrip()
     QVERIFY(recibida->papel == enviada.papel);
 }
 
-void TstImpresora::garbage_isNoPrinter_data()
+void tst_impresora::basura_noEsImpresora_data()
 {
     QTest::addColumn<QString>("texto");
     QTest::newRow("nothing") << "";
@@ -39,13 +39,13 @@ void TstImpresora::garbage_isNoPrinter_data()
     QTest::newRow("cut off") << "21000 29700 1000";
 }
 
-void TstImpresora::garbage_isNoPrinter()
+void tst_impresora::basura_noEsImpresora()
 {
     QFETCH(QString, texto);
     QVERIFY(!impresora::deTexto(texto.toStdString()));
 }
 
-void TstImpresora::answers_areReadBack_data()
+void tst_impresora::respuestas_seLeenComoSeEscribieron_data()
 {
     using impresora::aTexto;
     QTest::addColumn<std::string>("texto");
@@ -69,7 +69,7 @@ void TstImpresora::answers_areReadBack_data()
     fila("nothing", "", Clase::Ausente, "", 0);
 }
 
-void TstImpresora::answers_areReadBack()
+void tst_impresora::respuestas_seLeenComoSeEscribieron()
 {
     QFETCH(std::string, texto);
     QFETCH(Clase, clase);
@@ -81,5 +81,5 @@ void TstImpresora::answers_areReadBack()
     QCOMPARE(leida.empezado, empezado);
 }
 
-QTEST_GUILESS_MAIN(TstImpresora)
+QTEST_GUILESS_MAIN(tst_impresora)
 #include "tst_impresora.moc"

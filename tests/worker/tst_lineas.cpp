@@ -5,25 +5,25 @@
 
 using Rutas = std::vector<std::string>;
 
-class TstLineas : public QObject {
+class tst_lineas : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void severalLinesAtOnce_areCut();
-    void lineInPieces_isPutTogether();
-    void emptyLines_areLeftOut();
-    void endWithoutLineFeed_isTheRest();
-    void overlongLine_isCutAndTheNextIsWhole();
+    void variasLineasALaVez_seCortan();
+    void lineaEnTrozos_seJunta();
+    void lineasVacias_seDejan();
+    void finSinSalto_esElResto();
+    void lineaLarguisima_seCortaYLaProximaQuedaEntera();
 };
 
-void TstLineas::severalLinesAtOnce_areCut()
+void tst_lineas::variasLineasALaVez_seCortan()
 {
     Lineas lineas(100);
     QCOMPARE(lineas.agregar("/a b\n/\xC3\xB1#%\n"), (Rutas{"/a b", "/\xC3\xB1#%"}));
     QCOMPARE(lineas.resto(), std::string());
 }
 
-void TstLineas::lineInPieces_isPutTogether()
+void tst_lineas::lineaEnTrozos_seJunta()
 {
     Lineas lineas(100);
     QCOMPARE(lineas.agregar("/un"), Rutas{});
@@ -32,25 +32,25 @@ void TstLineas::lineInPieces_isPutTogether()
     QCOMPARE(lineas.agregar("os\n"), Rutas{"/dos"});
 }
 
-void TstLineas::emptyLines_areLeftOut()
+void tst_lineas::lineasVacias_seDejan()
 {
     Lineas lineas(100);
     QCOMPARE(lineas.agregar("\n\n/a\n\n"), Rutas{"/a"});
 }
 
-void TstLineas::endWithoutLineFeed_isTheRest()
+void tst_lineas::finSinSalto_esElResto()
 {
     Lineas lineas(100);
     QCOMPARE(lineas.agregar("/a\n/b"), Rutas{"/a"});
     QCOMPARE(lineas.resto(), std::string("/b"));
 }
 
-void TstLineas::overlongLine_isCutAndTheNextIsWhole()
+void tst_lineas::lineaLarguisima_seCortaYLaProximaQuedaEntera()
 {
     Lineas lineas(4);
     QCOMPARE(lineas.agregar("/abcdef"), Rutas{});
     QCOMPARE(lineas.agregar("ghi\n/b\n"), (Rutas{"/abc", "/b"}));
 }
 
-QTEST_GUILESS_MAIN(TstLineas)
+QTEST_GUILESS_MAIN(tst_lineas)
 #include "tst_lineas.moc"

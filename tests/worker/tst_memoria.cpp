@@ -10,13 +10,13 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-class TstMemoria : public QObject {
+class tst_memoria : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void groupThatIsNotThere_holdsNothing();
-    void groupOfTwo_countsBoth();
-    void sharedMemory_countsOnce();
+    void grupoQueNoEsta_nadaOcupa();
+    void grupoDeDos_cuentaAmbos();
+    void memoriaCompartida_cuentaUnaVez();
 };
 
 namespace {
@@ -76,24 +76,24 @@ private:
 
 } // namespace
 
-void TstMemoria::groupThatIsNotThere_holdsNothing()
+void tst_memoria::grupoQueNoEsta_nadaOcupa()
 {
     QVERIFY(!memoria::excede(0x7FFFFFFF, 0));
 }
 
-void TstMemoria::groupOfTwo_countsBoth()
+void tst_memoria::grupoDeDos_cuentaAmbos()
 {
     const Pareja pareja(100 * mega, false);
     QVERIFY(memoria::excede(pareja.grupo(), 195 * mega));
     QVERIFY(!memoria::excede(pareja.grupo(), 1000 * mega));
 }
 
-void TstMemoria::sharedMemory_countsOnce()
+void tst_memoria::memoriaCompartida_cuentaUnaVez()
 {
     const Pareja pareja(100 * mega, true);
     QVERIFY(memoria::excede(pareja.grupo(), 95 * mega));
     QVERIFY(!memoria::excede(pareja.grupo(), 195 * mega));
 }
 
-QTEST_GUILESS_MAIN(TstMemoria)
+QTEST_GUILESS_MAIN(tst_memoria)
 #include "tst_memoria.moc"

@@ -6,26 +6,26 @@
 using Argumentos = std::vector<std::string>;
 using namespace std::chrono_literals;
 
-class TstOpciones : public QObject {
+class tst_opciones : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void noArguments_giveTheUsualDeadlines();
-    void deadlines_areTaken();
-    void nonsense_isRefused_data();
-    void nonsense_isRefused();
+    void sinArgumentos_plazosUsuales();
+    void plazos_seToman();
+    void sinSentido_seRechaza_data();
+    void sinSentido_seRechaza();
 };
 
 Q_DECLARE_METATYPE(Argumentos)
 
-void TstOpciones::noArguments_giveTheUsualDeadlines()
+void tst_opciones::sinArgumentos_plazosUsuales()
 {
     QCOMPARE(leerOpciones({})->plazoDibujo, std::chrono::seconds(20));
     QCOMPARE(leerOpciones({})->plazoServidor, std::chrono::seconds(15));
     QCOMPARE(leerOpciones({})->plazoAusencia, std::chrono::seconds(300));
 }
 
-void TstOpciones::deadlines_areTaken()
+void tst_opciones::plazos_seToman()
 {
     const auto opciones =
         leerOpciones({"--plazo-servidor", "7", "--plazo-ausencia", "60", "--plazo-dibujo", "3"});
@@ -33,7 +33,7 @@ void TstOpciones::deadlines_areTaken()
     QVERIFY(*opciones == (Opciones{3s, 7s, 60s}));
 }
 
-void TstOpciones::nonsense_isRefused_data()
+void tst_opciones::sinSentido_seRechaza_data()
 {
     QTest::addColumn<Argumentos>("argumentos");
     QTest::newRow("no value") << Argumentos{"--plazo-dibujo"};
@@ -45,11 +45,11 @@ void TstOpciones::nonsense_isRefused_data()
     QTest::newRow("a path") << Argumentos{"/a.html"};
 }
 
-void TstOpciones::nonsense_isRefused()
+void tst_opciones::sinSentido_seRechaza()
 {
     QFETCH(Argumentos, argumentos);
     QVERIFY(!leerOpciones(argumentos));
 }
 
-QTEST_GUILESS_MAIN(TstOpciones)
+QTEST_GUILESS_MAIN(tst_opciones)
 #include "tst_opciones.moc"

@@ -3,19 +3,19 @@
 
 #include <QtTest>
 
-class TstOrigen : public QObject {
+class tst_origen : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void origin_isTakenApart_data();
-    void origin_isTakenApart();
-    void anythingElse_isNoOrigin_data();
-    void anythingElse_isNoOrigin();
-    void address_belongsOrNot_data();
-    void address_belongsOrNot();
+    void origen_seSeparaEnPartes_data();
+    void origen_seSeparaEnPartes();
+    void cualquierOtraCosa_noEsOrigen_data();
+    void cualquierOtraCosa_noEsOrigen();
+    void direccion_esDelServicioONo_data();
+    void direccion_esDelServicioONo();
 };
 
-void TstOrigen::origin_isTakenApart_data()
+void tst_origen::origen_seSeparaEnPartes_data()
 {
     QTest::addColumn<QByteArray>("texto");
     QTest::addColumn<QString>("host");
@@ -33,7 +33,7 @@ void TstOrigen::origin_isTakenApart_data()
                              << "xn--escuela--k3a.example" << 443 << true;
 }
 
-void TstOrigen::origin_isTakenApart()
+void tst_origen::origen_seSeparaEnPartes()
 {
     QFETCH(QByteArray, texto);
     const auto origen = Origen::de(texto);
@@ -43,7 +43,7 @@ void TstOrigen::origin_isTakenApart()
     QTEST(origen->cifrado(), "cifrado");
 }
 
-void TstOrigen::anythingElse_isNoOrigin_data()
+void tst_origen::cualquierOtraCosa_noEsOrigen_data()
 {
     QTest::addColumn<QByteArray>("texto");
     for (const char *texto : {"",
@@ -70,13 +70,13 @@ void TstOrigen::anythingElse_isNoOrigin_data()
     QTest::newRow("with a NUL") << QByteArray("https://servicio.example\0a", 26);
 }
 
-void TstOrigen::anythingElse_isNoOrigin()
+void tst_origen::cualquierOtraCosa_noEsOrigen()
 {
     QFETCH(QByteArray, texto);
     QVERIFY(!Origen::de(texto));
 }
 
-void TstOrigen::address_belongsOrNot_data()
+void tst_origen::direccion_esDelServicioONo_data()
 {
     QTest::addColumn<QString>("direccion");
     QTest::addColumn<bool>("suya");
@@ -102,7 +102,7 @@ void TstOrigen::address_belongsOrNot_data()
     fila("", false);
 }
 
-void TstOrigen::address_belongsOrNot()
+void tst_origen::direccion_esDelServicioONo()
 {
     QFETCH(QString, direccion);
     const auto origen = Origen::de("https://servicio.example");
@@ -110,5 +110,5 @@ void TstOrigen::address_belongsOrNot()
     QTEST(origen->tiene(QUrl(direccion)), "suya");
 }
 
-QTEST_GUILESS_MAIN(TstOrigen)
+QTEST_GUILESS_MAIN(tst_origen)
 #include "tst_origen.moc"

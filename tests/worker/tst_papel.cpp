@@ -3,26 +3,26 @@
 
 #include <QtTest>
 
-class TstPapel : public QObject {
+class tst_papel : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void mediaName_givesItsSize_data();
-    void mediaName_givesItsSize();
-    void noSize_givesNothing_data();
-    void noSize_givesNothing();
-    void locale_givesItsPaper_data();
-    void locale_givesItsPaper();
-    void environment_firstVariableSetWins();
-    void userOption_beatsQueueAndLocale();
-    void queueName_beatsQueueSizeAndLocale();
-    void queueSize_beatsLocale();
-    void unknownNames_fallThroughToLocale();
-    void margins_areAtLeastThePrintersOwn();
-    void margins_leaveAPage();
+    void nombreDePapel_daSuMedida_data();
+    void nombreDePapel_daSuMedida();
+    void sinMedida_nadaDa_data();
+    void sinMedida_nadaDa();
+    void lugar_daSuPapel_data();
+    void lugar_daSuPapel();
+    void entorno_valeLaPrimeraVariable();
+    void opcionDelUsuario_valeMasQueColaYLugar();
+    void nombreDeLaCola_valeMasQueSuMedidaYElLugar();
+    void medidaDeLaCola_valeMasQueElLugar();
+    void nombresDesconocidos_valeElLugar();
+    void margenes_noMenoresQueLosDeLaImpresora();
+    void margenes_dejanPagina();
 };
 
-void TstPapel::mediaName_givesItsSize_data()
+void tst_papel::nombreDePapel_daSuMedida_data()
 {
     QTest::addColumn<QString>("nombre");
     QTest::addColumn<int>("ancho");
@@ -38,7 +38,7 @@ void TstPapel::mediaName_givesItsSize_data()
     QTest::newRow("tray and size") << ",tray-2,A5" << 14800 << 21000;
 }
 
-void TstPapel::mediaName_givesItsSize()
+void tst_papel::nombreDePapel_daSuMedida()
 {
     QFETCH(QString, nombre);
     const auto medida = papel::porNombre(nombre.toStdString());
@@ -47,7 +47,7 @@ void TstPapel::mediaName_givesItsSize()
     QTEST(medida->alto, "alto");
 }
 
-void TstPapel::noSize_givesNothing_data()
+void tst_papel::sinMedida_nadaDa_data()
 {
     QTest::addColumn<QString>("nombre");
     QTest::newRow("nothing") << "";
@@ -58,13 +58,13 @@ void TstPapel::noSize_givesNothing_data()
     QTest::newRow("larger than life") << "Custom.5000x5000mm";
 }
 
-void TstPapel::noSize_givesNothing()
+void tst_papel::sinMedida_nadaDa()
 {
     QFETCH(QString, nombre);
     QVERIFY(!papel::porNombre(nombre.toStdString()));
 }
 
-void TstPapel::locale_givesItsPaper_data()
+void tst_papel::lugar_daSuPapel_data()
 {
     QTest::addColumn<QString>("localizacion");
     QTest::addColumn<int>("ancho");
@@ -76,13 +76,13 @@ void TstPapel::locale_givesItsPaper_data()
         QTest::addRow("'%s'", a4) << a4 << 21000;
 }
 
-void TstPapel::locale_givesItsPaper()
+void tst_papel::lugar_daSuPapel()
 {
     QFETCH(QString, localizacion);
     QTEST(papel::porLocalizacion(localizacion.toStdString()).ancho, "ancho");
 }
 
-void TstPapel::environment_firstVariableSetWins()
+void tst_papel::entorno_valeLaPrimeraVariable()
 {
     qputenv("LANG", "es_CO.UTF-8");
     qputenv("LC_PAPER", "de_DE.UTF-8");
@@ -94,7 +94,7 @@ void TstPapel::environment_firstVariableSetWins()
     QCOMPARE(papel::localizacionDelEntorno(), std::string("es_CO.UTF-8"));
 }
 
-void TstPapel::userOption_beatsQueueAndLocale()
+void tst_papel::opcionDelUsuario_valeMasQueColaYLugar()
 {
     papel::Fuentes fuentes;
     fuentes.mediaUsuario = "Legal";
@@ -103,7 +103,7 @@ void TstPapel::userOption_beatsQueueAndLocale()
     QCOMPARE(papel::elegir(fuentes, "es_ES").alto, 35560);
 }
 
-void TstPapel::queueName_beatsQueueSizeAndLocale()
+void tst_papel::nombreDeLaCola_valeMasQueSuMedidaYElLugar()
 {
     papel::Fuentes fuentes;
     fuentes.mediaCola = "iso_a5_148x210mm";
@@ -111,7 +111,7 @@ void TstPapel::queueName_beatsQueueSizeAndLocale()
     QCOMPARE(papel::elegir(fuentes, "es_ES").alto, 21000);
 }
 
-void TstPapel::queueSize_beatsLocale()
+void tst_papel::medidaDeLaCola_valeMasQueElLugar()
 {
     papel::Fuentes fuentes;
     fuentes.mediaCola = "unknown";
@@ -119,7 +119,7 @@ void TstPapel::queueSize_beatsLocale()
     QCOMPARE(papel::elegir(fuentes, "es_ES").alto, 42000);
 }
 
-void TstPapel::unknownNames_fallThroughToLocale()
+void tst_papel::nombresDesconocidos_valeElLugar()
 {
     papel::Fuentes fuentes;
     fuentes.mediaUsuario = "nada";
@@ -129,7 +129,7 @@ void TstPapel::unknownNames_fallThroughToLocale()
     QVERIFY(elegido == (Papel{21590, 27940, 1000, 1000, 1000, 1000}));
 }
 
-void TstPapel::margins_areAtLeastThePrintersOwn()
+void tst_papel::margenes_noMenoresQueLosDeLaImpresora()
 {
     papel::Fuentes fuentes;
     fuentes.bordes = {1800, 423, 0, 1201};
@@ -137,7 +137,7 @@ void TstPapel::margins_areAtLeastThePrintersOwn()
     QVERIFY(elegido == (Papel{21000, 29700, 1800, 1000, 1000, 1201}));
 }
 
-void TstPapel::margins_leaveAPage()
+void tst_papel::margenes_dejanPagina()
 {
     papel::Fuentes fuentes;
     fuentes.bordes = {90000, 90000, 90000, 90000};
@@ -146,5 +146,5 @@ void TstPapel::margins_leaveAPage()
     QVERIFY(elegido.arriba + elegido.abajo < elegido.alto);
 }
 
-QTEST_GUILESS_MAIN(TstPapel)
+QTEST_GUILESS_MAIN(tst_papel)
 #include "tst_papel.moc"

@@ -14,20 +14,20 @@
 #include <pwd.h>
 #include <unistd.h>
 
-class TstRegistro : public QObject {
+class tst_registro : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void text_isEscaped_data();
-    void text_isEscaped();
-    void line_holdsTimePathAndResult();
-    void folder_isTheUsersStateFolder();
-    void homeThatIsNoPath_givesWayToTheAccounts();
-    void missingFolders_areMade();
-    void pipeInItsPlace_isDoneWithout();
-    void file_isForTheUserOnly();
-    void fullLog_becomesTheOldOne();
-    void unwritableLog_isDoneWithout();
+    void texto_seEscapa_data();
+    void texto_seEscapa();
+    void linea_llevaHoraRutaYResultado();
+    void carpeta_esLaDeEstadoDelUsuario();
+    void casaQueNoEsRuta_cedeALaDeLaCuenta();
+    void carpetasQueFaltan_seHacen();
+    void tuberiaEnSuLugar_seSigueSinEl();
+    void archivo_esSoloDelUsuario();
+    void registroLleno_pasaASerElViejo();
+    void registroQueNoSePuedeEscribir_seSigueSinEl();
 };
 
 namespace {
@@ -40,7 +40,7 @@ QByteArray contenido(const QString &ruta)
 
 } // namespace
 
-void TstRegistro::text_isEscaped_data()
+void tst_registro::texto_seEscapa_data()
 {
     QTest::addColumn<QByteArray>("texto");
     QTest::addColumn<QByteArray>("limpio");
@@ -66,14 +66,14 @@ void TstRegistro::text_isEscaped_data()
     fila("reversing mark", "\xE2\x80\xAE", "\\xE2\\x80\\xAE");
 }
 
-void TstRegistro::text_isEscaped()
+void tst_registro::texto_seEscapa()
 {
     QFETCH(QByteArray, texto);
     QFETCH(QByteArray, limpio);
     QCOMPARE(QByteArray::fromStdString(registro::limpio(texto.toStdString())), limpio);
 }
 
-void TstRegistro::line_holdsTimePathAndResult()
+void tst_registro::linea_llevaHoraRutaYResultado()
 {
     // The test runs in Bogota's time, five hours behind.
     const auto cuando = std::chrono::system_clock::from_time_t(1290801846);
@@ -81,7 +81,7 @@ void TstRegistro::line_holdsTimePathAndResult()
              std::string("2010-11-26T15:04:06-0500\t/a\\x09b\ttrabajo 7"));
 }
 
-void TstRegistro::folder_isTheUsersStateFolder()
+void tst_registro::carpeta_esLaDeEstadoDelUsuario()
 {
     qputenv("HOME", "/casa/ana");
     qputenv("XDG_STATE_HOME", "/estado");
@@ -94,7 +94,7 @@ void TstRegistro::folder_isTheUsersStateFolder()
              std::string("/casa/ana/.local/state/parvanel/print.log"));
 }
 
-void TstRegistro::homeThatIsNoPath_givesWayToTheAccounts()
+void tst_registro::casaQueNoEsRuta_cedeALaDeLaCuenta()
 {
     qunsetenv("XDG_STATE_HOME");
     const std::string delUsuario = getpwuid(getuid())->pw_dir;
@@ -108,7 +108,7 @@ void TstRegistro::homeThatIsNoPath_givesWayToTheAccounts()
              delUsuario + "/.local/state/parvanel/print.log");
 }
 
-void TstRegistro::missingFolders_areMade()
+void tst_registro::carpetasQueFaltan_seHacen()
 {
     const QTemporaryDir carpeta;
     const QString archivo = carpeta.filePath("a/b/print.log");
@@ -116,7 +116,7 @@ void TstRegistro::missingFolders_areMade()
     QVERIFY(contenido(archivo).endsWith("\t/a.html\ttrabajo 1\n"));
 }
 
-void TstRegistro::pipeInItsPlace_isDoneWithout()
+void tst_registro::tuberiaEnSuLugar_seSigueSinEl()
 {
     const QTemporaryDir carpeta;
     const std::string archivo = carpeta.filePath("print.log").toStdString();
@@ -129,7 +129,7 @@ void TstRegistro::pipeInItsPlace_isDoneWithout()
     close(lector);
 }
 
-void TstRegistro::file_isForTheUserOnly()
+void tst_registro::archivo_esSoloDelUsuario()
 {
     const QTemporaryDir carpeta;
     const QString archivo = carpeta.filePath("print.log");
@@ -139,7 +139,7 @@ void TstRegistro::file_isForTheUserOnly()
     QCOMPARE(QFileInfo(archivo).permissions() & deOtros, QFile::Permissions());
 }
 
-void TstRegistro::fullLog_becomesTheOldOne()
+void tst_registro::registroLleno_pasaASerElViejo()
 {
     const QTemporaryDir carpeta;
     const QString archivo = carpeta.filePath("print.log");
@@ -158,11 +158,11 @@ void TstRegistro::fullLog_becomesTheOldOne()
     QCOMPARE(QDir(carpeta.path()).entryList(QDir::Files).size(), 2);
 }
 
-void TstRegistro::unwritableLog_isDoneWithout()
+void tst_registro::registroQueNoSePuedeEscribir_seSigueSinEl()
 {
     Registro("", 1000).anotar("/a.html", "trabajo 1");
     Registro("/proc/no/print.log", 1000).anotar("/a.html", "trabajo 1");
 }
 
-QTEST_GUILESS_MAIN(TstRegistro)
+QTEST_GUILESS_MAIN(tst_registro)
 #include "tst_registro.moc"

@@ -8,21 +8,21 @@
 
 using namespace Qt::StringLiterals;
 
-class TstRutaLocal : public QObject {
+class tst_rutaLocal : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
     void initTestCase();
-    void path_findsTheExistingFile_data();
-    void path_findsTheExistingFile();
-    void address_isTurnedIntoTheFiles_data();
-    void address_isTurnedIntoTheFiles();
-    void address_withoutAFile_isRefused_data();
-    void address_withoutAFile_isRefused();
-    void address_outsideTheRoot_isRefused_data();
-    void address_outsideTheRoot_isRefused();
-    void root_mayBeALink();
-    void missingRoot_hasNothingBelowIt();
+    void ruta_hallaElArchivoExistente_data();
+    void ruta_hallaElArchivoExistente();
+    void direccion_seVuelveLaDelArchivo_data();
+    void direccion_seVuelveLaDelArchivo();
+    void direccionSinArchivo_seRechaza_data();
+    void direccionSinArchivo_seRechaza();
+    void direccionFueraDeLaRaiz_seRechaza_data();
+    void direccionFueraDeLaRaiz_seRechaza();
+    void raiz_puedeSerEnlace();
+    void raizQueFalta_nadaTieneDebajo();
 
 private:
     void crear(const QString &relativa);
@@ -30,7 +30,7 @@ private:
     QTemporaryDir m_carpeta;
 };
 
-void TstRutaLocal::initTestCase()
+void tst_rutaLocal::initTestCase()
 {
     for (const char *relativa : {"Archivos/Images/Logo.png", "Archivos/Images/logo.png",
                                  "Archivos/Images/Ñandú 100%#1.PNG", "Archivos/x\\y.png",
@@ -43,7 +43,7 @@ void TstRutaLocal::initTestCase()
     QVERIFY(QFile::link("Archivos", m_carpeta.filePath("disco")));
 }
 
-void TstRutaLocal::crear(const QString &relativa)
+void tst_rutaLocal::crear(const QString &relativa)
 {
     const QString ruta = m_carpeta.filePath(relativa);
     QVERIFY(QDir().mkpath(QFileInfo(ruta).path()));
@@ -51,7 +51,7 @@ void TstRutaLocal::crear(const QString &relativa)
     QVERIFY(archivo.open(QIODevice::WriteOnly));
 }
 
-void TstRutaLocal::path_findsTheExistingFile_data()
+void tst_rutaLocal::ruta_hallaElArchivoExistente_data()
 {
     QTest::addColumn<QString>("pedida");
     QTest::addColumn<QString>("hallada");
@@ -74,7 +74,7 @@ void TstRutaLocal::path_findsTheExistingFile_data()
     fila("missing folder", "Nada/Foto.jpg", "");
 }
 
-void TstRutaLocal::path_findsTheExistingFile()
+void tst_rutaLocal::ruta_hallaElArchivoExistente()
 {
     QFETCH(QString, pedida);
     QFETCH(QString, hallada);
@@ -82,7 +82,7 @@ void TstRutaLocal::path_findsTheExistingFile()
              hallada.isEmpty() ? QString() : m_carpeta.filePath(hallada));
 }
 
-void TstRutaLocal::address_isTurnedIntoTheFiles_data()
+void tst_rutaLocal::direccion_seVuelveLaDelArchivo_data()
 {
     QTest::addColumn<QString>("final");
     QTest::addColumn<QString>("archivo");
@@ -96,7 +96,7 @@ void TstRutaLocal::address_isTurnedIntoTheFiles_data()
                            << "Otra/Foto.jpg";
 }
 
-void TstRutaLocal::address_isTurnedIntoTheFiles()
+void tst_rutaLocal::direccion_seVuelveLaDelArchivo()
 {
     QFETCH(QString, final);
     QFETCH(QString, archivo);
@@ -105,7 +105,7 @@ void TstRutaLocal::address_isTurnedIntoTheFiles()
              QUrl::fromLocalFile(m_carpeta.filePath(archivo)));
 }
 
-void TstRutaLocal::address_withoutAFile_isRefused_data()
+void tst_rutaLocal::direccionSinArchivo_seRechaza_data()
 {
     QTest::addColumn<QUrl>("direccion");
     QTest::newRow("missing") << QUrl("file:///nada/de/esto.png");
@@ -117,13 +117,13 @@ void TstRutaLocal::address_withoutAFile_isRefused_data()
     QTest::newRow("nothing") << QUrl();
 }
 
-void TstRutaLocal::address_withoutAFile_isRefused()
+void tst_rutaLocal::direccionSinArchivo_seRechaza()
 {
     QFETCH(QUrl, direccion);
     QCOMPARE(rutaLocal::destino(direccion, u"/"_s), QUrl());
 }
 
-void TstRutaLocal::address_outsideTheRoot_isRefused_data()
+void tst_rutaLocal::direccionFueraDeLaRaiz_seRechaza_data()
 {
     QTest::addColumn<QString>("final");
     QTest::newRow("beside it") << "Otra/Foto.jpg";
@@ -138,14 +138,14 @@ void TstRutaLocal::address_outsideTheRoot_isRefused_data()
     QTest::newRow("the root itself") << "Archivos";
 }
 
-void TstRutaLocal::address_outsideTheRoot_isRefused()
+void tst_rutaLocal::direccionFueraDeLaRaiz_seRechaza()
 {
     QFETCH(QString, final);
     const QUrl pedido("file://" + m_carpeta.path() + '/' + final);
     QCOMPARE(rutaLocal::destino(pedido, m_carpeta.filePath("Archivos")), QUrl());
 }
 
-void TstRutaLocal::root_mayBeALink()
+void tst_rutaLocal::raiz_puedeSerEnlace()
 {
     const QUrl logo = QUrl::fromLocalFile(m_carpeta.filePath("disco/Images/Logo.png"));
     QCOMPARE(rutaLocal::destino(logo, m_carpeta.filePath("disco")), logo);
@@ -154,7 +154,7 @@ void TstRutaLocal::root_mayBeALink()
     QCOMPARE(rutaLocal::destino(dentro, m_carpeta.filePath("disco")), dentro);
 }
 
-void TstRutaLocal::missingRoot_hasNothingBelowIt()
+void tst_rutaLocal::raizQueFalta_nadaTieneDebajo()
 {
     const QUrl foto = QUrl::fromLocalFile(m_carpeta.filePath("Otra/Foto.jpg"));
     QCOMPARE(rutaLocal::destino(foto, m_carpeta.path()), foto);
@@ -162,5 +162,5 @@ void TstRutaLocal::missingRoot_hasNothingBelowIt()
         QCOMPARE(rutaLocal::destino(foto, raiz), QUrl());
 }
 
-QTEST_GUILESS_MAIN(TstRutaLocal)
+QTEST_GUILESS_MAIN(tst_rutaLocal)
 #include "tst_rutaLocal.moc"
