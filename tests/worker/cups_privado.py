@@ -127,12 +127,14 @@ class CupsPrivado:
             self._proceso = None
 
     def agregar_cola(self, nombre, media=None, ppd=None):
-        """A raw queue: documents come out as they went in. `media` is its default medium.
+        """A raw queue: documents come out as they went in. `media` is its default medium. What an
+        earlier queue of the name has let out counts no more.
 
         With `ppd`, the text of a printer description, the queue filters as that says; only one
         that takes PDF as it is leaves the text in the documents.
         """
         capturas = self._capturas(nombre)
+        shutil.rmtree(capturas, ignore_errors=True)
         capturas.mkdir()
         controlador = ["-m", "raw"]
         if ppd:

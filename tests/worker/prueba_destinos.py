@@ -53,37 +53,46 @@ class Destinos(Prueba):
         super().setUp()
         self.pagina = self.archivo("a.html", "<p>año</p>")
 
-    def test_1_without_a_printer_every_document_is_logged_with_the_reason(self):
+    def cola(self, nombre, **como):
+        """A queue of this test's alone."""
+        self.cups.agregar_cola(nombre, **como)
+        self.addCleanup(self.cups.quitar_cola, nombre)
+
+    def test_sinImpresora_cadaDocumentoSeAnotaConSuMotivo(self):
         anotado = self.imprimir(self.cups.entorno(), [self.pagina] * 2)
         self.assertEqual(anotado, [(str(self.pagina), "no hay impresora predeterminada")] * 2)
 
-    def test_2_without_a_default_the_only_printer_takes_it(self):
-        self.cups.agregar_cola("unica")
+    def test_sinPredeterminada_loRecibeLaUnica(self):
+        self.cola("unica")
         anotado = self.imprimir(self.cups.entorno(), [self.pagina])
         self.assertRegex(anotado[0][1], r"^trabajo \d+ en unica$")
         self.assertIn("año", texto(self.cups.esperar_capturados(1, "unica")[0].archivo))
 
-    def test_3_without_a_default_one_of_two_is_not_guessed(self):
-        self.cups.agregar_cola("otra", media="iso_a5_148x210mm")
+    def test_sinPredeterminadaYConDos_noSeAdivina(self):
+        self.cola("unica")
+        self.cola("otra", media="iso_a5_148x210mm")
         anotado = self.imprimir(self.cups.entorno(), [self.pagina])
         self.assertEqual(anotado, [(str(self.pagina), "no hay impresora predeterminada")])
 
-    def test_4_users_own_default_and_paper_beat_the_servers(self):
+    def test_predeterminadaYPapelDelUsuario_valenMasQueLosDelServidor(self):
+        self.cola("unica")
+        self.cola("otra", media="iso_a5_148x210mm")
         self.cups.poner_predeterminada("unica")
         self.archivo(".cups/lpoptions", "Default otra media=Legal\n")
         anotado = self.imprimir(self.cups.entorno(), [self.pagina])
         self.assertRegex(anotado[0][1], r" en otra$")
         self.assertEqual(medida(self.cups.esperar_capturados(1, "otra")[0].archivo), (612, 1008))
 
-    def test_5_queue_without_a_paper_gets_that_of_the_locale(self):
+    def test_colaSinPapel_recibeElDelLugar(self):
+        self.cola("unica")
         self.cups.poner_predeterminada("unica")
-        antes = len(self.cups.capturados("unica"))
         self.imprimir(self.cups.entorno(), [self.pagina], LC_ALL="", LANG="es_CO.UTF-8")
         self.imprimir(self.cups.entorno(), [self.pagina], LC_ALL="", LANG="es_EC.UTF-8")
-        impresos = self.cups.esperar_capturados(antes + 2, "unica")[antes:]
+        impresos = self.cups.esperar_capturados(2, "unica")
         self.assertEqual([medida(i.archivo) for i in impresos], [(612, 792), (595, 842)])
-    def test_6_paper_and_margins_of_a_printer_with_a_driver_are_kept(self):
-        self.cups.agregar_cola("margenes", ppd=PPD_ANCHOS)
+
+    def test_impresoraConControlador_conservaPapelYMargenes(self):
+        self.cola("margenes", ppd=PPD_ANCHOS)
         self.cups.poner_predeterminada("margenes")
         roja = self.archivo("r.html", "<body style='margin:0;background:rgb(200,20,20)'><p>x</p>")
         self.imprimir(self.cups.entorno(), [roja])
