@@ -3,6 +3,7 @@
 
 import os
 import subprocess
+from concurrent.futures import ThreadPoolExecutor
 from pathlib import Path
 
 from impresion import GUARDA, TRABAJADOR, Prueba, texto
@@ -11,6 +12,9 @@ DIBUJADOR = Path(TRABAJADOR).parent / "parvanel-print-render"
 HECHO, MAL_USO, SIN_PAGINA, SIN_PDF, MOTOR_CAIDO = 0, 2, 3, 4, 5
 # Far beyond what any page of a test needs, and within the tests' own guard.
 PLAZO = 100
+# The renderer's own limits are parts of this: short enough for a test that awaits them, and long
+# enough for a page to be read and printed on a machine that has other things to do.
+PLAZO_CORTO = 20
 
 
 class ConDibujador(Prueba):
@@ -40,6 +44,15 @@ class ConDibujador(Prueba):
         pdf.unlink(missing_ok=True)
         return subprocess.run([DIBUJADOR, pagina, pdf], timeout=2 * GUARDA, check=False,
                               env=self.entorno(**mas), capture_output=True).returncode
+
+    def dibujarALaVez(self, casos):
+        """The exit codes for these, each a page and its variables, and the PDF files that there
+        are. They are drawn side by side: what waits costs nothing."""
+        def uno(numero, caso):
+            return self.dibujar(caso[0], self.temporal / f"{numero}.pdf", **caso[1])
+        with ThreadPoolExecutor(len(casos)) as varios:
+            codigos = list(varios.map(uno, range(len(casos)), casos))
+        return codigos, sorted(pdf.name for pdf in self.temporal.glob("*.pdf"))
 
     def papel(self, html, nombre="Quorvela/1-2010/pagina.html", pdf=None, **mas):
         """What is to be read on the page's paper."""

@@ -174,10 +174,10 @@ class Raiz(ConDibujador):
         self.assertGreater(self.leido(["propio.txt"]).count("lo propio"), 5)
 
     def test_documentoFueraDeLaRaiz_noSeDibuja(self):
-        for ruta in (self.fuera / "secreto.html", self.raiz / "1-2010/docs/enlace.html",
-                     self.raiz / "1-2010/carpeta/secreto.html"):
-            self.assertEqual(self.dibujar(ruta), SIN_PAGINA)
-            self.assertFalse(self.pdf.exists())
+        rutas = (self.fuera / "secreto.html", self.raiz / "1-2010/docs/enlace.html",
+                 self.raiz / "1-2010/carpeta/secreto.html")
+        self.assertEqual(self.dibujarALaVez([(ruta, {}) for ruta in rutas]),
+                         ([SIN_PAGINA] * 3, []))
 
     def test_raizQueEsEnlace_sirve(self):
         enlace = self.casa / "Enlazada"
@@ -196,8 +196,9 @@ class Raiz(ConDibujador):
 
     def test_raizQueNoEsRutaAbsoluta_nadaContiene(self):
         ruta = self.archivo("Quorvela/p.html", "<p>papel</p>")
-        for raiz in ("", "Quorvela", str(self.casa / "nada"), os.path.relpath(self.raiz)):
-            self.assertEqual(self.dibujar(ruta, PARVANEL_RAIZ=raiz), SIN_PAGINA)
+        raices = ("", "Quorvela", str(self.casa / "nada"), os.path.relpath(self.raiz))
+        self.assertEqual(self.dibujarALaVez([(ruta, {"PARVANEL_RAIZ": raiz}) for raiz in raices]),
+                         ([SIN_PAGINA] * 4, []))
 
 
 if __name__ == "__main__":
