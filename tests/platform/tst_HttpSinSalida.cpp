@@ -19,6 +19,7 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 using Charla = ServidorGuion::Charla;
 namespace orilla = RedPropia::otraOrilla;
@@ -162,10 +163,11 @@ void tst_HttpSinSalida::interfazApagada_espera()
     QCOMPARE(http.get(uno->base() + "/antes", {}), QByteArray("hola"));
     QVERIFY(orilla::apagar());
     int vueltas = 0;
+    bool encendida = false;
     QTimer latido;
     connect(&latido, &QTimer::timeout, this, [&] {
         if (++vueltas == 50) // some attempts later
-            QVERIFY(orilla::encender());
+            encendida = orilla::encender();
     });
     latido.start(10ms);
     QBuffer destino;
@@ -177,6 +179,7 @@ void tst_HttpSinSalida::interfazApagada_espera()
         QCOMPARE(http.get(uno->base() + "/durante", {}), QByteArray("hola"));
     }
     QVERIFY(vueltas >= 50);
+    QVERIFY(encendida);
     QCOMPARE(uno->destinos(), (QList<QByteArray>{"/antes", "/durante"}));
 }
 
@@ -188,8 +191,10 @@ void tst_HttpSinSalida::cableFuera_espera()
     HttpClient http(HttpClient::autoridadesDelSistema(), conConexion(conexion));
     QCOMPARE(http.get(uno->base() + "/antes", {}), QByteArray("hola"));
     QVERIFY(orilla::desenchufar());
-    QTimer::singleShot(5s, this, [] { QVERIFY(orilla::enchufar()); });
+    bool enchufado = false;
+    QTimer::singleShot(5s, this, [&] { enchufado = orilla::enchufar(); });
     QCOMPARE(http.get(uno->base() + "/durante", {}), QByteArray("hola"));
+    QVERIFY(enchufado);
     QCOMPARE(uno->destinos(), (QList<QByteArray>{"/antes", "/durante"}));
 }
 
@@ -199,12 +204,13 @@ void tst_HttpSinSalida::nombrePorAhoraSinHallar_espera()
     const auto uno = servidor(contesta("hola"));
     HttpClient http(HttpClient::autoridadesDelSistema(), conConexion(conexion));
     QCOMPARE(http.get(uno->base() + "/antes", {}), QByteArray("hola"));
-    QTimer::singleShot(500ms, this, [] {
-        QCOMPARE(RedPropia::nombresSabidos("10.77.0.2 servicio.example\n"), QString());
-    });
-    QCOMPARE(
-        http.get("http://servicio.example:" + QByteArray::number(uno->puerto()) + "/durante", {}),
-        QByteArray("hola"));
+    QString motivo = u"no time"_s;
+    QTimer::singleShot(500ms, this,
+                       [&] { motivo = RedPropia::nombresSabidos("10.77.0.2 servicio.example\n"); });
+    const auto llegada =
+        http.get("http://servicio.example:" + QByteArray::number(uno->puerto()) + "/durante", {});
+    QCOMPARE(motivo, QString());
+    QCOMPARE(llegada, QByteArray("hola"));
     QCOMPARE(uno->destinos(), (QList<QByteArray>{"/antes", "/durante"}));
 }
 
@@ -219,10 +225,12 @@ void tst_HttpSinSalida::nombreDelProxySinHallar_espera()
     HttpClient http(HttpClient::autoridadesDelSistema(), conConexion(conexion));
     QCOMPARE(http.get(uno->base() + "/antes", {}), QByteArray("hola"));
     qputenv("http_proxy", "http://proxy.example:" + QByteArray::number(proxy->puerto()));
-    QTimer::singleShot(500ms, this, [] {
-        QCOMPARE(RedPropia::nombresSabidos("10.77.0.2 proxy.example\n"), QString());
-    });
-    QCOMPARE(http.get("http://servicio.example/durante", {}), QByteArray("por el tunel"));
+    QString motivo = u"no time"_s;
+    QTimer::singleShot(500ms, this,
+                       [&] { motivo = RedPropia::nombresSabidos("10.77.0.2 proxy.example\n"); });
+    const auto llegada = http.get("http://servicio.example/durante", {});
+    QCOMPARE(motivo, QString());
+    QCOMPARE(llegada, QByteArray("por el tunel"));
 }
 
 // A handler above keeps the request from returning: its attempts are made all the same.
@@ -238,13 +246,15 @@ void tst_HttpSinSalida::otraEspera_noDetieneLosIntentos()
     HttpClient http(HttpClient::autoridadesDelSistema(), conConexion(conexion));
     QCOMPARE(http.get(uno->base() + "/antes", {}), QByteArray("hola"));
     QVERIFY(orilla::apagar());
+    bool encendida = false;
     bool durante = false;
     QTimer::singleShot(0, this, [&] {
         QTest::qWait(500); // some attempts
-        QVERIFY(orilla::encender());
+        encendida = orilla::encender();
         durante = QTest::qWaitFor([&] { return externaPedida.load(); }, 20'000);
     });
     QCOMPARE(http.get(uno->base() + "/externa", {}), QByteArray("hola"));
+    QVERIFY(encendida);
     QVERIFY(durante);
 }
 
