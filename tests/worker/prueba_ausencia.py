@@ -215,4 +215,4 @@ class Ausencia(Prueba):
 
 
 if __name__ == "__main__":
-    unittest.main()
+    unittest.main(verbosity=2)

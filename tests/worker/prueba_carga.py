@@ -40,4 +40,4 @@ class Carga(ConDibujador):
 
 
 if __name__ == "__main__":
-    unittest.main()
+    unittest.main(verbosity=2)

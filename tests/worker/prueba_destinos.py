@@ -104,4 +104,4 @@ class Destinos(Prueba):
 
 
 if __name__ == "__main__":
-    unittest.main()
+    unittest.main(verbosity=2)

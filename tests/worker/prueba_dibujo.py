@@ -110,4 +110,4 @@ class Dibujo(Prueba):
 
 
 if __name__ == "__main__":
-    unittest.main()
+    unittest.main(verbosity=2)

@@ -155,4 +155,4 @@ class Fugas(ConDibujador):
 
 if __name__ == "__main__":
     IMPEDIMENTO = red_privada.entrar()
-    unittest.main()
+    unittest.main(verbosity=2)

@@ -99,4 +99,4 @@ class Lote(ConCups):
 
 
 if __name__ == "__main__":
-    unittest.main()
+    unittest.main(verbosity=2)

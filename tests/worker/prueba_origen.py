@@ -239,4 +239,4 @@ class Cifrado(ConDibujador):
 
 
 if __name__ == "__main__":
-    unittest.main()
+    unittest.main(verbosity=2)

@@ -103,4 +103,4 @@ class Paginas(ConCups):
 
 
 if __name__ == "__main__":
-    unittest.main()
+    unittest.main(verbosity=2)

@@ -144,4 +144,4 @@ class Plazo(ConDibujador):
 
 
 if __name__ == "__main__":
-    unittest.main()
+    unittest.main(verbosity=2)

@@ -202,4 +202,4 @@ class Raiz(ConDibujador):
 
 
 if __name__ == "__main__":
-    unittest.main()
+    unittest.main(verbosity=2)

@@ -66,4 +66,4 @@ class Soltura(ConDibujador):
 
 
 if __name__ == "__main__":
-    unittest.main()
+    unittest.main(verbosity=2)

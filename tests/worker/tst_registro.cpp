@@ -160,8 +160,14 @@ void tst_registro::registroLleno_pasaASerElViejo()
 
 void tst_registro::registroQueNoSePuedeEscribir_seSigueSinEl()
 {
+    const QTemporaryDir carpeta;
+    const QString antes = QDir::currentPath();
+    QVERIFY(QDir::setCurrent(carpeta.path()));
     Registro("", 1000).anotar("/a.html", "trabajo 1");
     Registro("/proc/no/print.log", 1000).anotar("/a.html", "trabajo 1");
+    Registro(carpeta.path().toStdString(), 1000).anotar("/a.html", "trabajo 1"); // a folder
+    QVERIFY(QDir::setCurrent(antes));
+    QVERIFY(QDir(carpeta.path()).isEmpty()); // nor is anything written elsewhere instead
 }
 
 QTEST_GUILESS_MAIN(tst_registro)
