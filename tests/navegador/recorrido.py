@@ -20,6 +20,7 @@ from selenium.webdriver.support.ui import WebDriverWait
 from navegador import argumentos
 
 PLAZO = 30  # seconds for a page to load
+PASO = 0.02  # seconds between two looks at whether it has
 
 MIRAR = """
 const texto = id => { const e = document.getElementById(id); return e ? e.textContent : null; };
@@ -99,7 +100,7 @@ class Navegador:
         """Clicks a link and waits until the page that it leads to has loaded."""
         destino = enlace.get_property("href")
         enlace.click()
-        WebDriverWait(self.chrome, PLAZO).until(
+        WebDriverWait(self.chrome, PLAZO, PASO).until(
             lambda c: c.current_url == destino
             and c.execute_script("return document.readyState") == "complete")
 
