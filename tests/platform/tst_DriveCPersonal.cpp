@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Which folder C:\ stands for.
 #include "CarpetaPersonal.h"
+#include "escenario/VariablesIntactas.h"
 #include "platform/DriveC.h"
 
 #include <QProcess>
@@ -16,9 +17,6 @@ class tst_DriveCPersonal : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
-
     void homeAbsoluta_vale_data();
     void homeAbsoluta_vale();
     void otraHome_laDeLaCuenta_data();
@@ -27,20 +25,7 @@ private Q_SLOTS:
     void sinCarpetaPersonal_todoFalla_data();
     void sinCarpetaPersonal_todoFalla();
     void raizDelDisco_sirve();
-
-private:
-    QByteArray m_home;
 };
-
-void tst_DriveCPersonal::init()
-{
-    m_home = qgetenv("HOME");
-}
-
-void tst_DriveCPersonal::cleanup()
-{
-    qputenv("HOME", m_home);
-}
 
 void tst_DriveCPersonal::homeAbsoluta_vale_data()
 {
@@ -57,6 +42,7 @@ void tst_DriveCPersonal::homeAbsoluta_vale()
 {
     QFETCH(QByteArray, home);
     QFETCH(QString, carpeta);
+    const VariablesIntactas intactas{"HOME"};
     qputenv("HOME", home);
     QCOMPARE(DriveC::carpetaPersonal(), carpeta);
 }
@@ -77,6 +63,7 @@ void tst_DriveCPersonal::otraHome_laDeLaCuenta()
     cuentas.start(u"getent"_s, {u"passwd"_s, QString::number(::getuid())});
     QVERIFY(cuentas.waitForFinished(60000));
     const QString esperada = QString::fromUtf8(cuentas.readAllStandardOutput()).section(u':', 5, 5);
+    const VariablesIntactas intactas{"HOME"};
     if (home.isNull())
         qunsetenv("HOME");
     else

@@ -3,6 +3,7 @@
 #include "ServidorGuion.h"
 #include "Tunel.h"
 #include "consultaEscuela.h"
+#include "escenario/VariablesIntactas.h"
 
 #include <QBuffer>
 #include <QGuiApplication>
@@ -216,13 +217,11 @@ void tst_HttpsClient::entorno_noApagaLaVerificacion()
         {"SSL_CERT_FILE", m_autoridad.toLocal8Bit()},
         {"SSL_CERT_DIR", m_carpeta.path().toLocal8Bit()},
         {"CURL_CA_BUNDLE", m_autoridad.toLocal8Bit()}};
+    const VariablesIntactas intactas{"SSL_CERT_FILE", "SSL_CERT_DIR", "CURL_CA_BUNDLE"};
     for (const auto &[nombre, contenido] : variables)
         qputenv(nombre, contenido);
     HttpClient http(ajena);
-    const auto respuesta = http.get(m_base + consulta, cabecerasTexto);
-    for (const auto &[nombre, contenido] : variables)
-        qunsetenv(nombre);
-    QCOMPARE(respuesta, std::nullopt);
+    QCOMPARE(http.get(m_base + consulta, cabecerasTexto), std::nullopt);
     QCOMPARE(m_servicio.peticiones().size(), 0);
 }
 

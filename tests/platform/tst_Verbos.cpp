@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What is started, with what, and what it leaves to itself.
 #include "ProgramasAnotados.h"
+#include "escenario/VariablesIntactas.h"
 #include "platform/Verbos.h"
 
 #include <QCoreApplication>
@@ -185,6 +186,7 @@ void tst_Verbos::imprimir_programaQueAparece_empieza()
 void tst_Verbos::obrero_sabeElOrigenYLaRaiz()
 {
     ponerPrograma(u"parvanel-print"_s, anota + leeTodo);
+    const VariablesIntactas intactas{"PARVANEL_ORIGEN", "QUEDA"};
     qputenv("PARVANEL_ORIGEN", "http://otro.invalid");
     qputenv("QUEDA", "igual");
     {
@@ -204,8 +206,6 @@ void tst_Verbos::obrero_sabeElOrigenYLaRaiz()
     }
     QCOMPARE(qgetenv("PARVANEL_ORIGEN"), QByteArray("http://otro.invalid"));
     QVERIFY(!qEnvironmentVariableIsSet("PARVANEL_RAIZ"));
-    qunsetenv("PARVANEL_ORIGEN");
-    qunsetenv("QUEDA");
 }
 
 void tst_Verbos::finDelPrograma_terminaSuEntrada()

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "escenario/VariablesIntactas.h"
 #include "worker/papel.h"
 
 #include <QtTest>
@@ -84,6 +85,7 @@ void tst_papel::lugar_daSuPapel()
 
 void tst_papel::entorno_valeLaPrimeraVariable()
 {
+    const VariablesIntactas intactas{"LANG", "LC_PAPER", "LC_ALL"};
     qputenv("LANG", "es_CO.UTF-8");
     qputenv("LC_PAPER", "de_DE.UTF-8");
     qputenv("LC_ALL", "es_MX.UTF-8");

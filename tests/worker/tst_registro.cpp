@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "escenario/VariablesIntactas.h"
 #include "worker/Registro.h"
 
 #include <QFile>
@@ -8,10 +9,8 @@
 #include <QtTest>
 
 #include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <pwd.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 class tst_registro : public QObject {
@@ -83,6 +82,7 @@ void tst_registro::linea_llevaHoraRutaYResultado()
 
 void tst_registro::carpeta_esLaDeEstadoDelUsuario()
 {
+    const VariablesIntactas intactas{"HOME", "XDG_STATE_HOME"};
     qputenv("HOME", "/casa/ana");
     qputenv("XDG_STATE_HOME", "/estado");
     QCOMPARE(registro::archivoDelUsuario().string(), std::string("/estado/parvanel/print.log"));
@@ -96,6 +96,7 @@ void tst_registro::carpeta_esLaDeEstadoDelUsuario()
 
 void tst_registro::casaQueNoEsRuta_cedeALaDeLaCuenta()
 {
+    const VariablesIntactas intactas{"HOME", "XDG_STATE_HOME"};
     qunsetenv("XDG_STATE_HOME");
     const std::string delUsuario = getpwuid(getuid())->pw_dir;
     for (const char *casa : {"", "casa/ana", "."}) {
