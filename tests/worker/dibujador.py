@@ -4,11 +4,9 @@
 import os
 import subprocess
 from concurrent.futures import ThreadPoolExecutor
-from pathlib import Path
 
-from impresion import GUARDA, TRABAJADOR, Prueba, texto
+from impresion import DIBUJADOR, GUARDA, Prueba, texto
 
-DIBUJADOR = Path(TRABAJADOR).parent / "parvanel-print-render"
 HECHO, MAL_USO, SIN_PAGINA, SIN_PDF, MOTOR_CAIDO = 0, 2, 3, 4, 5
 # Far beyond what any page of a test needs, and within the tests' own guard.
 PLAZO = 100

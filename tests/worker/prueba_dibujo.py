@@ -3,12 +3,9 @@
 
 import subprocess
 import unittest
-from pathlib import Path
 
-from impresion import GUARDA, ROJO, TRABAJADOR, Prueba, medida, puntos, texto
-
-DIBUJADOR = Path(TRABAJADOR).parent / "parvanel-print-render"
-HECHO, MAL_USO, SIN_PAGINA, SIN_PDF, MOTOR_CAIDO = 0, 2, 3, 4, 5
+from dibujador import HECHO, MAL_USO, MOTOR_CAIDO, SIN_PAGINA, SIN_PDF
+from impresion import DIBUJADOR, GUARDA, ROJO, Prueba, medida, puntos, texto
 
 
 class Dibujo(Prueba):

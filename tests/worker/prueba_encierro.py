@@ -9,8 +9,7 @@ import tempfile
 import unittest
 from pathlib import Path
 
-from dibujador import DIBUJADOR
-from impresion import GUARDA
+from impresion import DIBUJADOR, GUARDA
 from servicio_prueba import Servicio, responder
 
 NADIE = 65534
