@@ -2,11 +2,11 @@
 #include "worker/Registro.h"
 
 #include <array>
+#include <cstdio>
 #include <cstdlib>
 #include <ctime>
 #include <fcntl.h>
 #include <pwd.h>
-#include <string_view>
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
@@ -18,10 +18,11 @@ namespace {
 
 void agregarEscapado(std::string &salida, unsigned char byte)
 {
-    constexpr std::string_view cifras = "0123456789ABCDEF";
-    salida += "\\x";
-    salida += cifras[byte / cifras.size()];
-    salida += cifras[byte % cifras.size()];
+    std::array<char, 5> hex{};
+    // It always fits.
+    [[maybe_unused]] const int largo =
+        std::snprintf(hex.data(), hex.size(), "\\x%02X", static_cast<unsigned>(byte));
+    salida += hex.data();
 }
 
 // The length of the printable UTF-8 character at the start of `texto`, or 0 when its first byte

@@ -18,11 +18,13 @@ constexpr int redireccionesMaximas = 10;
 // The library, made ready for use. It is never undone: a name look-up that was left to itself may
 // be at work in it until the process ends.
 struct Biblioteca {
-    bool lista = false;
-    Biblioteca()
+    bool lista = preparar();
+
+private:
+    static bool preparar()
     {
         HttpClientSistema::preparar();
-        lista = curl_global_init(CURL_GLOBAL_DEFAULT) == CURLE_OK;
+        return curl_global_init(CURL_GLOBAL_DEFAULT) == CURLE_OK;
     }
 };
 
@@ -72,9 +74,9 @@ class HttpClient::Interno {
 public:
     Interno(const QString &autoridades, const Limites &limites)
         : m_autoridades(autoridades.toUtf8()), m_limites(limites),
-          m_motor([this](CURL *easy, CURLcode resultado) { alTerminar(easy, resultado); })
+          m_motor([this](CURL *easy, CURLcode resultado) { alTerminar(easy, resultado); }),
+          m_listo(m_biblioteca.lista && m_comun && m_motor.listo())
     {
-        m_listo = m_biblioteca.lista && m_comun && m_motor.listo();
         for (const curl_lock_data que :
              {CURL_LOCK_DATA_COOKIE, CURL_LOCK_DATA_DNS, CURL_LOCK_DATA_SSL_SESSION})
             m_listo =

@@ -5,9 +5,8 @@
 #include <QEventLoop>
 
 MotorHttp::MotorHttp(AlTerminar alTerminar)
-    : m_alTerminar(std::move(alTerminar)), m_multi(curl_multi_init())
+    : m_alTerminar(std::move(alTerminar)), m_multi(curl_multi_init()), m_listo(m_multi != nullptr)
 {
-    m_listo = m_multi != nullptr;
     const auto poner = [&](CURLMoption opcion, auto valor) {
         m_listo = m_listo && curl_multi_setopt(m_multi, opcion, valor) == CURLM_OK;
     };

@@ -28,7 +28,7 @@ bool esOtraEscritura(int carpeta, const dirent &entrada, const QString &nombre)
 {
     if (entrada.d_type != DT_LNK && entrada.d_type != DT_UNKNOWN)
         return false;
-    std::array<char, 1024> destino;
+    std::array<char, 1024> destino{};
     const ssize_t largo = ::readlinkat(carpeta, entrada.d_name, destino.data(), destino.size());
     return largo > 0
            && nombresNativos::esOtraEscritura(nombre, QString::fromUtf8(destino.data(), largo));

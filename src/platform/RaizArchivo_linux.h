@@ -44,10 +44,10 @@ public:
 
     // The native path of an entry by its names from C:\ on: existing spellings, and those asked
     // for from the first one on that does not exist. It is for reading: it may lead anywhere.
-    QString rutaNativa(const QStringList &nombres);
+    QString rutaNativa(const QStringList &pedidos);
     // The same for what stands in a folder of the root that has exactly that name, which may be one
     // that Windows refuses; nothing when there is no such folder.
-    std::optional<QString> rutaNativa(const QString &carpeta, const QStringList &nombres);
+    std::optional<QString> rutaNativa(const QString &carpeta, const QStringList &pedidos);
 
     NombresDeCarpeta nombres;
 
@@ -57,7 +57,7 @@ private:
     // From the root on, name by name.
     Descriptor andar(Descriptor carpeta, QStringList pendientes);
     // A native folder's path, and the entries below it in their existing spellings.
-    QString seguir(QString ruta, const QStringList &nombres);
+    QString seguir(QString ruta, const QStringList &pedidos);
 
     QString m_personal;
     QString m_nombre;

@@ -72,6 +72,7 @@ std::optional<pid_t> arranque::lanzar(const std::filesystem::path &programa,
     std::vector<std::string> palabras = argumentos;
     palabras.insert(palabras.begin(), programa.string());
     std::vector<char *> punteros;
+    punteros.reserve(palabras.size() + 1);
     for (std::string &palabra : palabras)
         punteros.push_back(palabra.data());
     punteros.push_back(nullptr);

@@ -28,6 +28,6 @@ std::array<fs::path, 3> companeros::lugares(const std::string &nombre, const fs:
 std::optional<fs::path> companeros::hallar(const std::string &nombre, const fs::path &propia)
 {
     const auto donde = lugares(nombre, propia);
-    const auto hallado = std::find_if(donde.begin(), donde.end(), ejecutable);
+    const auto *const hallado = std::find_if(donde.begin(), donde.end(), ejecutable);
     return hallado == donde.end() ? std::nullopt : std::optional(*hallado);
 }

@@ -32,7 +32,7 @@ constexpr qsizetype etapasMaximas = 5;
 constexpr qsizetype salidaMaxima = qsizetype(32) * 1024 * 1024;
 
 // A bare stream is recognised by its beginning; this much of it is kept for the second attempt.
-constexpr qsizetype principioMaximo = 64 * 1024;
+constexpr qsizetype principioMaximo = qsizetype(64) * 1024;
 
 // After a bare stream some senders put a check sum that does not belong there.
 constexpr qsizetype colaTolerada = 4;
@@ -75,7 +75,7 @@ public:
 private:
     bool inflar(const char *datos, qsizetype cuantos)
     {
-        std::array<char, 32 * 1024> salida;
+        std::array<char, std::size_t(32) * 1024> salida; // NOLINT(*-member-init): only written to
         m_flujo.next_in = reinterpret_cast<const Bytef *>(datos);
         m_flujo.avail_in = static_cast<uInt>(cuantos);
         for (;;) {

@@ -9,5 +9,6 @@
 // gives its renderers all signals as they were.
 void senales::sinTuberiaRota()
 {
-    std::signal(SIGPIPE, SIG_IGN);
+    // It is refused for numbers that are no signal's alone.
+    static_cast<void>(std::signal(SIGPIPE, SIG_IGN));
 }
