@@ -45,7 +45,7 @@ QJsonObject consumo::memoria()
 {
     const QByteArray reparto = leer(u"/proc/self/smaps_rollup"_s);
     return {{u"pss"_s, campo(reparto, "Pss")},
-            {u"privada"_s, campo(reparto, "Private_Clean") + campo(reparto, "Private_Dirty")},
+            {u"propia"_s, campo(reparto, "Anonymous")},
             {u"rss"_s, campo(reparto, "Rss")},
             {u"rssMaxima"_s, campo(leer(u"/proc/self/status"_s), "VmHWM")}};
 }

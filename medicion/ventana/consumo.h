@@ -9,8 +9,9 @@ namespace consumo {
 // Seconds of processor time, the system's share included, of all threads.
 double cpu();
 
-// Memory in MB (of 2^20 bytes): "pss" its share of what is resident, "privada" what it alone
-// holds, "rss" all that is resident, "rssMaxima" the most that ever was.
+// Memory in MB (of 2^20 bytes): "pss" its share of what is resident, "propia" what it has written
+// itself (heap, stacks and the like), "rss" all that is resident, "rssMaxima" the most that ever
+// was.
 QJsonObject memoria();
 
 // Seconds since the system was started, of the clock that other processes read as well.
