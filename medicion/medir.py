@@ -21,7 +21,7 @@ import sys
 import tempfile
 import threading
 import time
-from dataclasses import dataclass
+from dataclasses import dataclass, replace
 from pathlib import Path
 
 AQUI = Path(__file__).resolve().parent
@@ -79,11 +79,11 @@ class Serie(list):
     """The same figure of several runs."""
 
     @property
-    def media(self):
+    def mediana(self):
         return statistics.median(self)
 
     def __str__(self):
-        return f"{min(self):.3g} / {self.media:.3g} / {max(self):.3g}"
+        return f"{min(self):.3g} / {self.mediana:.3g} / {max(self):.3g}"
 
 
 def series(corridas, campo):
@@ -93,7 +93,7 @@ def series(corridas, campo):
 def razon(que, unas, otras, campo, alcance):
     """The ratio of two medians, with the spread of either beside it."""
     estas, aquellas = series(unas, campo), series(otras, campo)
-    return Cifra(que, estas.media / aquellas.media, alcance, "x",
+    return Cifra(que, estas.mediana / aquellas.mediana, alcance, "x",
                  f"{estas} s to {aquellas} s")
 
 
@@ -117,6 +117,8 @@ def correr(argumentos, entorno, salida=subprocess.PIPE):
     guarda.start()
     try:
         dicho = proceso.stdout.read() if proceso.stdout else b""
+        if proceso.stdout:
+            proceso.stdout.close()
         # Not proceso.wait(): the processor time of the process and of its children comes with it.
         _, estado, uso = os.wait4(proceso.pid, 0)
         proceso.returncode = os.waitstatus_to_exitcode(estado)
@@ -135,7 +137,7 @@ class Banco:
     """Service, display and homes; one for the whole measurement."""
 
     def __init__(self, rapido):
-        self.repeticiones = 1 if rapido else 5
+        self.repeticiones = 3 if rapido else 7
         self.rapido = rapido
         self._pila = contextlib.ExitStack()
 
@@ -143,10 +145,14 @@ class Banco:
         # On a disk, files made within seconds of the deletion of many others cost several times
         # more than they do later.
         memoria = "/dev/shm" if os.access("/dev/shm", os.W_OK) else None
-        self.carpeta = Path(self._pila.enter_context(
-            tempfile.TemporaryDirectory(prefix="bench-", dir=memoria)))
-        self._pantalla()
-        self._servicio()
+        try:
+            self.carpeta = Path(self._pila.enter_context(
+                tempfile.TemporaryDirectory(prefix="bench-", dir=memoria)))
+            self._pantalla()
+            self._servicio()
+        except BaseException:
+            self._pila.close()
+            raise
         return self
 
     def __exit__(self, *_):
@@ -293,8 +299,8 @@ AJENOS = {
 def por_peticion(corridas):
     """Microseconds of wall and processor time a request, of the median run."""
     cuantas = corridas[0]["peticiones"]
-    return (f"{series(corridas, 'pared').media / cuantas * 1e6:.0f} us wall, "
-            f"{series(corridas, 'cpu').media / cuantas * 1e6:.0f} us CPU a request")
+    return (f"{series(corridas, 'pared').mediana / cuantas * 1e6:.0f} us wall, "
+            f"{series(corridas, 'cpu').mediana / cuantas * 1e6:.0f} us CPU a request")
 
 
 def al_lado(banco, base, escuela, demora=0, ajenos=(), veces=None, muestra=0):
@@ -325,8 +331,8 @@ def cercano(banco, base, alcance_pared, alcance_cpu, muestra):
                                               f"bare loop: {por_peticion(bucle)}"),
               Cifra("paints a request", sucesos.get("Paint", 0) / cuantas),
               Cifra("layout passes a request", sucesos.get("LayoutRequest", 0) / cuantas),
-              Cifra("CPU of the display", series(ventana, "cpu_xvfb").media, unidad="s"),
-              Cifra("CPU of the service", series(ventana, "cpu_servicio").media, unidad="s")]
+              Cifra("CPU of the display", series(ventana, "cpu_xvfb").mediana, unidad="s"),
+              Cifra("CPU of the service", series(ventana, "cpu_servicio").mediana, unidad="s")]
     for programa in AJENOS:
         if programa in corridas:
             cifras.append(razon(f"wall of {programa}", corridas[programa], bucle, "pared", None))
@@ -339,7 +345,7 @@ def llano(banco):
 
 
 def cifrado(banco):
-    return cercano(banco, banco.cifrado, 1.15, 1.3, 300)
+    return cercano(banco, banco.cifrado, 1.15, 1.3, 100)
 
 
 def lejano(banco):
@@ -347,7 +353,7 @@ def lejano(banco):
     veces = 1 if banco.rapido else 3
     cifras = []
     for nombre, base in (("plain", banco.llano), ("TLS", banco.cifrado)):
-        cerca = al_lado(banco, base, escuela, veces=max(veces, 3))
+        cerca = al_lado(banco, base, escuela)
         lejos = al_lado(banco, base, escuela, demora=50, veces=veces)
         cifras += [razon(f"{nombre}: wall", lejos["ventana"], lejos["bucle"], "pared", 1.01),
                    razon(f"{nombre}: CPU beside 0 ms", lejos["ventana"], cerca["ventana"], "cpu",
@@ -366,31 +372,47 @@ def pausas(banco):
 
 
 def crecimiento(banco):
-    cifras, por = [], {}
+    cifras, de_500 = [], None
     for alumnos, alcance in ((500, 45), (5000, None), (50000, 65)):
-        banco.poner(Escuela(salones=18, alumnos=alumnos))
-        opciones = ["--alumnos", alumnos]
-        # The first 20,000 documents of the largest school tell as much as all 250,000 of them.
-        if banco.rapido and alumnos > 5000:
-            opciones += ["--alumnos", 4000, "--hasta", 20000]
-        veces = 1 if alumnos > 5000 else banco.repeticiones
-        corridas = [banco.ventana(banco.llano, *opciones) for _ in range(veces)]
-        una = min(corridas, key=lambda c: c["pared"])
-        por[alumnos] = {campo: una[campo] / una["peticiones"] * 1e6 for campo in ("pared", "cpu")}
-        memoria = [marca["memoria"]["propia"] for marca in una["marcas"]]
-        cifras += [
-            Cifra(f"{alumnos} students: memory", una["memoria"]["rssMaxima"], alcance, "MB",
+        una = crecida(banco, alumnos)
+        de_500 = de_500 or una
+        cifras += [replace(cifra, que=f"{alumnos} students: {cifra.que}") for cifra in
+                   (*memoria_de(una, alcance), *tiempo_de(una, de_500))]
+    return cifras
+
+
+def crecida(banco, alumnos):
+    """The quickest run of a school of that size."""
+    banco.poner(Escuela(alumnos=alumnos))
+    opciones = ["--alumnos", alumnos]
+    # The first 20,000 documents of the largest school tell as much as all 250,000 of them.
+    if banco.rapido and alumnos > 5000:
+        opciones = ["--alumnos", 4000, "--hasta", 20000]
+    veces = 1 if alumnos > 5000 else banco.repeticiones
+    return min((banco.ventana(banco.llano, *opciones) for _ in range(veces)),
+               key=lambda una: una["pared"])
+
+
+def memoria_de(una, alcance):
+    primera, ultima = una["marcas"][0], una["marcas"][-1]
+    antes, despues = primera["memoria"], ultima["memoria"]
+    mas = ((despues["propia"] - antes["propia"]) * 2**20
+           / (ultima["documentos"] - primera["documentos"]))
+    return (Cifra("memory", una["memoria"]["rssMaxima"], alcance, "MB",
                   f"most ever resident; at the end PSS {una['memoria']['pss']:.3g} MB, own "
                   f"{una['memoria']['propia']:.3g} MB"),
-            Cifra(f"{alumnos} students: memory at the end beside the start of the pages",
-                  memoria[-1] / memoria[0], 1.02, "x",
-                  f"own, {memoria[0]:.1f} to {memoria[-1]:.1f} MB in {una['peticiones']} "
-                  f"requests"),
-            Cifra(f"{alumnos} students: wall a request beside 500", por[alumnos]["pared"]
-                  / por[500]["pared"], 1.05, "x", f"{por[alumnos]['pared']:.0f} us"),
-            Cifra(f"{alumnos} students: CPU a request beside 500", por[alumnos]["cpu"]
-                  / por[500]["cpu"], 1.05, "x", f"{por[alumnos]['cpu']:.0f} us")]
-    return cifras
+            Cifra("memory at the last page beside the first", despues["rss"] / antes["rss"], 1.05,
+                  "x", f"resident {antes['rss']:.1f} to {despues['rss']:.1f} MB; own memory grew "
+                       f"by {mas:.0f} bytes a page"))
+
+
+def tiempo_de(una, otra):
+    def por_peticion_de(medida, campo):
+        return medida[campo] / medida["peticiones"] * 1e6
+    return [Cifra(f"{nombre} a request beside 500",
+                  por_peticion_de(una, campo) / por_peticion_de(otra, campo), 1.05, "x",
+                  f"{por_peticion_de(una, campo):.0f} us")
+            for nombre, campo in (("wall", "pared"), ("CPU", "cpu"))]
 
 
 def vueltas(banco):
@@ -405,13 +427,13 @@ def vueltas(banco):
         corridas = [banco.ventana(banco.llano, "--vigilar", *opciones)
                     for _ in range(banco.repeticiones)]
         peores = Serie(1000 * una["peorVuelta"] for una in corridas)
-        cifras.append(Cifra(nombre, peores.media, alcance, "ms",
+        cifras.append(Cifra(nombre, peores.mediana, alcance, "ms",
                             f"{peores}; {corridas[-1]['peorEn'] or 'at the login'}"))
     banco.poner(Escuela())
     paneles = [[1000 * p for p in banco.ventana(banco.llano, "--paneles")["paneles"]]
                for _ in range(banco.repeticiones)]
     peores = Serie(map(max, paneles))
-    cifras.append(Cifra("first showing of a panel", peores.media, 100, "ms",
+    cifras.append(Cifra("first showing of a panel", peores.mediana, 100, "ms",
                         f"{peores}; of the last run {', '.join(f'{p:.1f}' for p in paneles[-1])}"))
     return cifras
 
@@ -433,9 +455,9 @@ def arranque(banco):
     corridas = banco.rotar({"ventana": ventana, "vacia": vacia}, 5 if banco.rapido else 20)
     unas, otras = corridas["ventana"], corridas["vacia"]
     memoria = [Serie(una["pss"] for una in de) for de in (unas, otras)]
-    propia = [Serie(una["propia"] for una in de).media for de in (unas, otras)]
+    propia = [Serie(una["propia"] for una in de).mediana for de in (unas, otras)]
     return [razon("to the first picture", unas, otras, "arranque", 1.15),
-            Cifra("memory at rest", memoria[0].media / memoria[1].media, 1.35, "x",
+            Cifra("memory at rest", memoria[0].mediana / memoria[1].mediana, 1.35, "x",
                   f"PSS {memoria[0]} MB to {memoria[1]} MB; own {propia[0]:.3g} to "
                   f"{propia[1]:.3g} MB")]
 
@@ -523,7 +545,7 @@ def impresion(banco):
             corridas = [correr(dibujantes[nombre](d, casa / "salida.pdf", casa),
                                banco.entorno(casa), salida=subprocess.DEVNULL)
                         for d in documentos[:5]]
-            return {"pared": series(corridas, "pared").media, "cpu": series(corridas, "cpu").media}
+            return {campo: series(corridas, campo).mediana for campo in ("pared", "cpu")}
 
         medidores = {"parvanel-print": lambda: imprimir(banco, casa, documentos)}
         for nombre in dibujantes:
@@ -532,12 +554,12 @@ def impresion(banco):
         corridas = banco.rotar(medidores, 1 if banco.rapido else 3)
     propias = corridas.pop("parvanel-print")
     pared, memoria, cpu = (series(propias, campo) for campo in ("pared", "memoria", "cpu"))
-    cifras = [Cifra("wall a document", pared.media, 0.18, "s", str(pared)),
-              Cifra("memory of the tree", memoria.media, 160, "MB", str(memoria)),
-              Cifra("CPU a document", cpu.media, 0.25, "s", str(cpu))]
+    cifras = [Cifra("wall a document", pared.mediana, 0.18, "s", str(pared)),
+              Cifra("memory of the tree", memoria.mediana, 160, "MB", str(memoria)),
+              Cifra("CPU a document", cpu.mediana, 0.25, "s", str(cpu))]
     for nombre, otras in corridas.items():
-        cifras.append(Cifra(f"{nombre}: wall a document", series(otras, "pared").media, None, "s",
-                            f"CPU {series(otras, 'cpu').media:.3g} s; one process a document"))
+        cifras.append(Cifra(f"{nombre}: wall a document", series(otras, "pared").mediana, None, "s",
+                            f"CPU {series(otras, 'cpu').mediana:.3g} s; one process a document"))
     return cifras
 
 
@@ -688,10 +710,11 @@ def medir(fila, banco):
     try:
         cifras = fila.medir(banco)
     except Exception as falla:  # the other rows still count
-        return [(fila.nombre, Cifra("not measured", float("nan"), nota=str(falla)))]
+        print(f"   not measured: {falla!r}", file=sys.stderr, flush=True)
+        return [(fila.nombre, Cifra("not measured", float("nan"), nota=repr(falla)))]
     for cifra in cifras:
-        print(f"   {cifra.que}: {cifra.texto(cifra.medido)} ({cifra.nota})", file=sys.stderr,
-              flush=True)
+        print(f"   {cifra.que}: {cifra.texto(cifra.medido)} {cifra.nota}".rstrip(),
+              file=sys.stderr, flush=True)
     return [(fila.nombre, cifra) for cifra in cifras]
 
 
@@ -711,7 +734,7 @@ def main(argumentos):
     print(texto)
     # A part of the rows does not take the place of all of them.
     if not pedidas:
-        repetidas = "one run of each (--quick)" if rapido else "medians of several runs"
+        repetidas = "few runs of each (--quick)" if rapido else "medians of several runs"
         (AQUI / "results.md").write_text(
             f"# What ./bench measured\n\n{repetidas[0].upper()}{repetidas[1:]}; what each row is: "
             f"[README.md](README.md).\n\n{texto}", encoding="utf-8")

@@ -99,7 +99,7 @@ void Jornada::pulsar(const char *nombre) const
 }
 
 // Seconds from the click until the panel has been drawn.
-double Jornada::mostrarPanel(int indice) const
+double Jornada::mostrarPanel(int indice)
 {
     const QByteArray boton = "Option1_" + QByteArray::number(indice);
     const QByteArray panel = "Frame" + QByteArray::number(indice + 1);
@@ -115,8 +115,8 @@ double Jornada::mostrarPanel(int indice) const
     // The others of the same drawing follow in this turn.
     QCoreApplication::processEvents();
     const double despues = consumo::ahora();
-    m_cuentas.alVer = [yo = const_cast<Jornada *>(this)](QObject *objeto, QEvent *suceso) {
-        yo->alVer(objeto, suceso);
+    m_cuentas.alVer = [this](QObject *objeto, QEvent *suceso) {
+        alVer(objeto, suceso);
     };
     return despues - antes;
 }

@@ -45,7 +45,7 @@ private:
     QWidget *elemento(const char *nombre) const;
     void escribir(const char *nombre, const QString &texto) const;
     void pulsar(const char *nombre) const;
-    double mostrarPanel(int indice) const;
+    double mostrarPanel(int indice);
     void alVer(QObject *objeto, QEvent *suceso);
     void alDescargar();
     void marcar(int hechas);
