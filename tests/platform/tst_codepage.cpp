@@ -15,6 +15,8 @@ private Q_SLOTS:
     void bytesConCaracter_vanYVuelven();
     void todosLosBytes_sobreviven();
     void textoLargo_conservaElOrden();
+    void caracterEnCualquierSitio_seConvierte_data();
+    void caracterEnCualquierSitio_seConvierte();
     void caracterAjeno_esInterrogacion_data();
     void caracterAjeno_esInterrogacion();
     void otraLocalizacion_noCambiaNada();
@@ -76,6 +78,33 @@ void tst_codepage::textoLargo_conservaElOrden()
                                                                  "a\x94 \x80 5"));
     QCOMPARE(codepage::aTexto({}), QString());
     QCOMPARE(codepage::aBytes({}), QByteArray());
+}
+
+// Pages are long, and one character among thousands is converted as it is in a short text.
+void tst_codepage::caracterEnCualquierSitio_seConvierte_data()
+{
+    QTest::addColumn<int>("sitio");
+    for (const int sitio : {0, 1, 15, 16, 254, 255, 256, 257, 511, 512, 598, 599})
+        QTest::addRow("%d", sitio) << sitio;
+}
+
+void tst_codepage::caracterEnCualquierSitio_seConvierte()
+{
+    QFETCH(int, sitio);
+    const QString llano(600, u'\u00F1');
+    const QByteArray llanos(600, '\xF1');
+
+    QString texto = llano;
+    QByteArray bytes = llanos;
+    texto[sitio] = u'€';
+    bytes[sitio] = '\x80';
+    QCOMPARE(codepage::aTexto(bytes), texto);
+    QCOMPARE(codepage::aBytes(texto), bytes);
+
+    QCOMPARE(codepage::aBytes(QString(llano).replace(sitio, 1, u"😀"_s)),
+             QByteArray(llanos).replace(sitio, 1, "?"));
+    QCOMPARE(codepage::aBytes(QString(llano).replace(sitio, 1, u"Ω"_s)),
+             QByteArray(llanos).replace(sitio, 1, "?"));
 }
 
 void tst_codepage::caracterAjeno_esInterrogacion_data()
