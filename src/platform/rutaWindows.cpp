@@ -5,6 +5,7 @@
 #include <QRegularExpression>
 
 #include <algorithm>
+#include <array>
 
 using namespace Qt::StringLiterals;
 
@@ -16,11 +17,43 @@ bool esSeparador(QChar c)
     return c == u'\\' || c == u'/';
 }
 
-QString sinColaDeBlancosYPuntos(QString nombre)
+QStringView sinColaDeBlancosYPuntos(QStringView nombre)
 {
     while (nombre.endsWith(u' ') || nombre.endsWith(u'.'))
         nombre.chop(1);
     return nombre;
+}
+
+// What stands between separators.
+QList<QStringView> trozos(QStringView ruta)
+{
+    QList<QStringView> resultado;
+    while (!ruta.isEmpty()) {
+        const auto *fin = std::find_if(ruta.begin(), ruta.end(), esSeparador);
+        const qsizetype largo = fin - ruta.begin();
+        if (largo > 0)
+            resultado.append(ruta.first(largo));
+        ruta = ruta.sliced(std::min(largo + 1, ruta.size()));
+    }
+    return resultado;
+}
+
+// "con", "LPT1.txt", "nul .html": the part before the first dot, without the blanks at its end.
+bool esDispositivo(const QString &nombre)
+{
+    QStringView propio =
+        QStringView(nombre).first(std::find(nombre.begin(), nombre.end(), u'.') - nombre.begin());
+    while (propio.endsWith(u' '))
+        propio.chop(1);
+    const auto es = [&](QStringView dispositivo) {
+        return propio.compare(dispositivo, Qt::CaseInsensitive) == 0;
+    };
+    constexpr std::array<QStringView, 4> solos = {u"con", u"prn", u"aux", u"nul"};
+    if (propio.size() == 3)
+        return std::any_of(solos.begin(), solos.end(), es);
+    const bool numerado = propio.size() == 4 && propio[3] >= u'1' && propio[3] <= u'9';
+    propio = propio.left(3);
+    return numerado && (es(u"com") || es(u"lpt"));
 }
 
 } // namespace
@@ -78,22 +111,22 @@ bool terminaEnSeparador(const QString &ruta)
     return !ruta.isEmpty() && esSeparador(ruta.back());
 }
 
+// Asked at every file: names are looked at letter by letter.
 bool nombreRefusado(const QString &nombre)
 {
-    static const QRegularExpression prohibidos(u"[<>:\"|?*\\x00-\\x1f]"_s);
-    static const QRegularExpression dispositivo(u"^(con|prn|aux|nul|com[1-9]|lpt[1-9]) *(\\.|$)"_s,
-                                                QRegularExpression::CaseInsensitiveOption);
-    return nombre.isEmpty() || nombre.contains(prohibidos) || nombre.contains(dispositivo);
+    constexpr QStringView prohibidos = u"<>:\"|?*";
+    const bool imposible = std::any_of(nombre.begin(), nombre.end(), [&](QChar c) {
+        return c.unicode() < 0x20 || prohibidos.contains(c);
+    });
+    return nombre.isEmpty() || imposible || esDispositivo(nombre);
 }
 
 std::optional<QStringList> nombres(const QString &ruta)
 {
     if (!enUnidadC(ruta))
         return std::nullopt;
-    static const QRegularExpression separadores(u"[\\\\/]+"_s);
     QStringList resultado;
-    const QStringList trozos = ruta.mid(3).split(separadores, Qt::SkipEmptyParts);
-    for (const QString &trozo : trozos) {
+    for (const QStringView trozo : trozos(QStringView(ruta).sliced(3))) {
         if (trozo == u".")
             continue;
         if (trozo == u"..") {
@@ -101,7 +134,7 @@ std::optional<QStringList> nombres(const QString &ruta)
                 resultado.removeLast();
             continue;
         }
-        const QString nombre = sinColaDeBlancosYPuntos(trozo);
+        const QString nombre = sinColaDeBlancosYPuntos(trozo).toString();
         if (nombreRefusado(nombre))
             return std::nullopt;
         resultado.append(nombre);
