@@ -213,8 +213,10 @@ private:
         IntentosHttp intentos(transferencia, m_motor, m_limites,
                               [&](CURLcode resultado) { terminar(transferencia, resultado); });
         transferencia.intentos = &intentos;
-        contarSilencio(transferencia);
         intentos.empezar();
+        m_motor.esperarDeCerca(transferencia.terminada);
+        if (!transferencia.terminada)
+            contarSilencio(transferencia);
         while (!transferencia.terminada)
             m_motor.girar();
     }

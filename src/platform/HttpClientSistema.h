@@ -5,8 +5,10 @@
 #include <QByteArray>
 
 #include <atomic>
+#include <chrono>
 #include <cstddef>
 #include <memory>
+#include <vector>
 
 #include <curl/curl.h>
 
@@ -22,6 +24,17 @@ void preparar();
 // A program that is started while it is open does not inherit it: the connection would stay open
 // for as long as that program lives.
 curl_socket_t abrirZocalo(int familia, int tipo, int protocolo);
+
+// A socket that is waited for: what for, and, after the wait, what it is ready for.
+struct Espera {
+    curl_socket_t conexion = CURL_SOCKET_BAD;
+    bool leer = false;
+    bool escribir = false;
+};
+
+// Waits until one of them is ready, at the most so long; none is ready when the time is over. A
+// socket that has failed is ready for whatever it is waited for.
+void esperar(std::vector<Espera> &esperas, std::chrono::milliseconds alMas);
 
 // Whether this computer has a way out to a peer (`direccion`: a socket address of the system's): a
 // route, and an interface that is up and connected. It tells from its own tables and sends nothing.

@@ -12,6 +12,7 @@
 #include <net/if.h>
 #include <netdb.h>
 #include <netinet/in.h>
+#include <poll.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -81,6 +82,22 @@ void preparar()
 curl_socket_t abrirZocalo(int familia, int tipo, int protocolo)
 {
     return ::socket(familia, tipo | SOCK_CLOEXEC, protocolo);
+}
+
+void esperar(std::vector<Espera> &esperas, std::chrono::milliseconds alMas)
+{
+    std::vector<pollfd> sucesos;
+    for (const Espera &una : esperas)
+        sucesos.push_back(
+            {una.conexion,
+             static_cast<short>((una.leer ? POLLIN : 0) | (una.escribir ? POLLOUT : 0)), 0});
+    const bool hay = ::poll(sucesos.data(), sucesos.size(), static_cast<int>(alMas.count())) > 0;
+    constexpr short fallo = POLLERR | POLLHUP | POLLNVAL;
+    for (std::size_t i = 0; i < esperas.size(); ++i) {
+        const int listo = hay ? sucesos[i].revents : 0;
+        esperas[i].leer = esperas[i].leer && (listo & (POLLIN | fallo)) != 0;
+        esperas[i].escribir = esperas[i].escribir && (listo & (POLLOUT | fallo)) != 0;
+    }
 }
 
 // To "connect" a datagram socket is to look for a route and no more.

@@ -1,8 +1,21 @@
 // SPDX-License-Identifier: MIT
 #include "MotorHttp.h"
+#include "HttpClientSistema.h"
 
 #include <QCoreApplication>
 #include <QEventLoop>
+#include <QScopedValueRollback>
+
+#include <algorithm>
+
+namespace {
+
+using std::chrono::milliseconds;
+
+// Far below what a person notices, and above what a quick service takes to answer.
+constexpr milliseconds deCerca(4);
+
+} // namespace
 
 MotorHttp::MotorHttp(AlTerminar alTerminar)
     : m_alTerminar(std::move(alTerminar)), m_multi(curl_multi_init()), m_listo(m_multi != nullptr)
@@ -16,7 +29,7 @@ MotorHttp::MotorHttp(AlTerminar alTerminar)
     poner(CURLMOPT_TIMERDATA, this);
     m_plazo.setSingleShot(true);
     m_plazo.setTimerType(Qt::PreciseTimer);
-    connect(&m_plazo, &QTimer::timeout, this, [this] { actuar(CURL_SOCKET_TIMEOUT, 0); });
+    connect(&m_plazo, &QTimer::timeout, this, &MotorHttp::vencer);
 }
 
 MotorHttp::~MotorHttp()
@@ -27,19 +40,62 @@ MotorHttp::~MotorHttp()
 
 bool MotorHttp::poner(CURL *easy)
 {
-    return curl_multi_add_handle(m_multi, easy) == CURLM_OK;
+    const bool puesta = curl_multi_add_handle(m_multi, easy) == CURLM_OK;
+    vigilar();
+    return puesta;
 }
 
 // To take off what is not there changes nothing.
 void MotorHttp::quitar(CURL *easy)
 {
     static_cast<void>(curl_multi_remove_handle(m_multi, easy));
+    vigilar();
+}
+
+void MotorHttp::esperarDeCerca(const bool &terminada)
+{
+    const auto hasta = Reloj::now() + deCerca;
+    {
+        const QScopedValueRollback cerca(m_deCerca, true);
+        for (auto ahora = Reloj::now(); !terminada && ahora < hasta; ahora = Reloj::now())
+            atender(std::chrono::ceil<milliseconds>(hasta - ahora));
+    }
+    vigilar();
 }
 
 void MotorHttp::girar()
 {
     QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
     m_retirados.clear();
+}
+
+// Waits until a socket is ready or the library's own time has come, and lets it act.
+void MotorHttp::atender(milliseconds alMas)
+{
+    const auto resta = m_vence ? std::chrono::ceil<milliseconds>(*m_vence - Reloj::now()) : alMas;
+    if (resta <= milliseconds(0)) {
+        vencer();
+        return;
+    }
+    std::vector<HttpClientSistema::Espera> esperas;
+    for (const auto &[conexion, vigia] : m_vigias)
+        esperas.push_back({.conexion = conexion,
+                           .leer = (vigia.que & CURL_POLL_IN) != 0,
+                           .escribir = (vigia.que & CURL_POLL_OUT) != 0});
+    HttpClientSistema::esperar(esperas, std::min(resta, alMas));
+    for (const HttpClientSistema::Espera &una : esperas) {
+        // One that the library has given up meanwhile is none of its business any more.
+        if ((una.leer || una.escribir) && m_vigias.contains(una.conexion))
+            actuar(una.conexion,
+                   (una.leer ? CURL_CSELECT_IN : 0) | (una.escribir ? CURL_CSELECT_OUT : 0));
+    }
+}
+
+// The library's own time has come. It says anew when the next is.
+void MotorHttp::vencer()
+{
+    m_vence.reset();
+    actuar(CURL_SOCKET_TIMEOUT, 0);
 }
 
 void MotorHttp::actuar(curl_socket_t conexion, int suceso)
@@ -52,52 +108,75 @@ void MotorHttp::actuar(curl_socket_t conexion, int suceso)
         if (mensaje->msg == CURLMSG_DONE)
             m_alTerminar(mensaje->easy_handle, mensaje->data.result);
     }
+    vigilar();
 }
 
-std::unique_ptr<QSocketNotifier> MotorHttp::vigilar(curl_socket_t conexion,
-                                                    QSocketNotifier::Type tipo, int suceso)
+// Hands what the library waits for to the event loop.
+void MotorHttp::vigilar()
 {
-    auto aviso = std::make_unique<QSocketNotifier>(static_cast<qintptr>(conexion), tipo);
+    if (m_deCerca)
+        return;
+    for (auto &[conexion, vigia] : m_vigias) {
+        vigilar(vigia.lectura, (vigia.que & CURL_POLL_IN) != 0, conexion, QSocketNotifier::Read,
+                CURL_CSELECT_IN);
+        vigilar(vigia.escritura, (vigia.que & CURL_POLL_OUT) != 0, conexion, QSocketNotifier::Write,
+                CURL_CSELECT_OUT);
+    }
+    if (m_puesto == m_vence)
+        return;
+    m_puesto = m_vence;
+    m_plazo.stop();
+    if (m_vence)
+        m_plazo.start(
+            std::max(std::chrono::ceil<milliseconds>(*m_vence - Reloj::now()), milliseconds(0)));
+}
+
+void MotorHttp::vigilar(std::unique_ptr<QSocketNotifier> &aviso, bool hace, curl_socket_t conexion,
+                        QSocketNotifier::Type tipo, int suceso)
+{
+    if (hace == bool(aviso))
+        return;
+    if (!hace) {
+        retirar(aviso);
+        return;
+    }
+    aviso = std::make_unique<QSocketNotifier>(static_cast<qintptr>(conexion), tipo);
     connect(aviso.get(), &QSocketNotifier::activated, this,
             [this, conexion, suceso] { actuar(conexion, suceso); });
-    return aviso;
 }
 
+// The socket may be closed as soon as this returns, so that its notifiers go at once. All else
+// is handed on when the library has done acting.
 int MotorHttp::alCambiarSocket(CURL *, curl_socket_t conexion, int que, void *quien, void *)
 {
     auto &yo = *static_cast<MotorHttp *>(quien);
     Vigia &vigia = yo.m_vigias[conexion];
-    yo.retirar(vigia);
+    vigia.que = que;
     if (que == CURL_POLL_REMOVE) {
+        yo.retirar(vigia.lectura);
+        yo.retirar(vigia.escritura);
         yo.m_vigias.erase(conexion);
-        return 0;
     }
-    if (que & CURL_POLL_IN)
-        vigia.lectura = yo.vigilar(conexion, QSocketNotifier::Read, CURL_CSELECT_IN);
-    if (que & CURL_POLL_OUT)
-        vigia.escritura = yo.vigilar(conexion, QSocketNotifier::Write, CURL_CSELECT_OUT);
     return 0;
 }
 
-int MotorHttp::alCambiarPlazo(CURLM *, long milisegundos, void *quien)
+int MotorHttp::alCambiarPlazo(CURLM *, long espera, void *quien)
 {
     auto &yo = *static_cast<MotorHttp *>(quien);
-    if (milisegundos < 0)
-        yo.m_plazo.stop();
+    if (espera < 0)
+        yo.m_vence.reset();
     else
-        yo.m_plazo.start(std::chrono::milliseconds(milisegundos));
+        yo.m_vence = Reloj::now() + milliseconds(espera);
     return 0;
 }
 
 // A notifier may be the one whose signal is just being handled: it is switched off here and
 // deleted by the wait that turned the loop.
-void MotorHttp::retirar(Vigia &vigia)
+void MotorHttp::retirar(std::unique_ptr<QSocketNotifier> &aviso)
 {
-    for (auto *aviso : {&vigia.lectura, &vigia.escritura}) {
-        if (!*aviso)
-            continue;
-        (*aviso)->setEnabled(false);
-        (*aviso)->disconnect();
-        m_retirados.push_back(std::move(*aviso));
-    }
+    if (!aviso)
+        return;
+    aviso->setEnabled(false);
+    aviso->disconnect();
+    m_retirados.push_back(std::move(aviso));
 }

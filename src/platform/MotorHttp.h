@@ -7,9 +7,11 @@
 #include <QSocketNotifier>
 #include <QTimer>
 
+#include <chrono>
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include <curl/curl.h>
@@ -32,28 +34,40 @@ public:
     // Lets go of a transfer and its connection, whether it has ended or not: no callback of it is
     // called any more.
     void quitar(CURL *easy);
+    // Waits for the sockets alone, until it has ended or for a moment that nobody notices: a reply
+    // that comes at once is not worth what the event loop costs.
+    void esperarDeCerca(const bool &terminada);
     // Handles what events there are, or waits for one.
     void girar();
 
 private:
+    using Reloj = std::chrono::steady_clock;
+
     // The notifiers of one socket, which is the library's own: it says when to stop watching, and
     // closes it.
     struct Vigia {
+        int que = CURL_POLL_NONE; // what the library waits for there
         std::unique_ptr<QSocketNotifier> lectura;
         std::unique_ptr<QSocketNotifier> escritura;
     };
 
     void actuar(curl_socket_t conexion, int suceso);
-    std::unique_ptr<QSocketNotifier> vigilar(curl_socket_t conexion, QSocketNotifier::Type tipo,
-                                             int suceso);
+    void vencer();
+    void atender(std::chrono::milliseconds alMas);
+    void vigilar();
+    void vigilar(std::unique_ptr<QSocketNotifier> &aviso, bool hace, curl_socket_t conexion,
+                 QSocketNotifier::Type tipo, int suceso);
     static int alCambiarSocket(CURL *, curl_socket_t conexion, int que, void *quien, void *);
     static int alCambiarPlazo(CURLM *, long milisegundos, void *quien);
-    void retirar(Vigia &vigia);
+    void retirar(std::unique_ptr<QSocketNotifier> &aviso);
 
     AlTerminar m_alTerminar;
     CURLM *m_multi = nullptr;
     bool m_listo = false;
     std::map<curl_socket_t, Vigia> m_vigias;
     std::vector<std::unique_ptr<QSocketNotifier>> m_retirados;
+    std::optional<Reloj::time_point> m_vence;  // when the library wants to be called
+    std::optional<Reloj::time_point> m_puesto; // of that, what the event loop knows
     QTimer m_plazo;
+    bool m_deCerca = false;
 };
