@@ -3,8 +3,11 @@
 #include "platform/HttpClient.h"
 #include "senales.h"
 
+#include <array>
 #include <cerrno>
 #include <cstdlib>
+#include <optional>
+#include <span>
 #include <system_error>
 #include <thread>
 
@@ -13,6 +16,7 @@
 #include <netdb.h>
 #include <netinet/in.h>
 #include <poll.h>
+#include <sys/ioctl.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -37,22 +41,48 @@ bool mismaDireccion(const sockaddr *una, const sockaddr_storage &otra)
                                  &reinterpret_cast<const sockaddr_in6 &>(otra).sin6_addr);
 }
 
-// Whether an interface with this address has its cable in. The routes of one without may stay.
-bool conectada(const sockaddr_storage &propia)
+// Whether an interface is up and has its cable in: the routes of one without may stay. Nothing when
+// none has this address.
+std::optional<bool> conectada(const sockaddr_storage &propia)
 {
     ifaddrs *interfaces = nullptr;
     if (::getifaddrs(&interfaces) != 0)
-        return true; // not known: the failed attempt is the request's end, as before any answer
-    bool alguna = false;
-    bool conCable = false;
+        return std::nullopt;
+    std::optional<bool> conCable;
     for (const ifaddrs *una = interfaces; una; una = una->ifa_next) {
-        if (!mismaDireccion(una->ifa_addr, propia))
-            continue;
-        alguna = true;
-        conCable = conCable || (una->ifa_flags & IFF_RUNNING) != 0;
+        if (mismaDireccion(una->ifa_addr, propia))
+            conCable = conCable.value_or(false) || (una->ifa_flags & IFF_RUNNING) != 0;
     }
     ::freeifaddrs(interfaces);
-    return conCable || !alguna;
+    return conCable;
+}
+
+// The same of the older kind of addresses alone, and of the first few interfaces, through a socket
+// that is open already: at each request the other way would cost more than the request's
+// connection.
+std::optional<bool> conectadaDeCerca(int zocalo, const sockaddr_storage &propia)
+{
+    std::array<ifreq, 16> interfaces{};
+    ifconf pedido{};
+    pedido.ifc_len = sizeof interfaces;
+    pedido.ifc_req = interfaces.data();
+    if (propia.ss_family != AF_INET || ::ioctl(zocalo, SIOCGIFCONF, &pedido) != 0)
+        return std::nullopt;
+    std::optional<bool> conCable;
+    const auto cuantas = static_cast<std::size_t>(pedido.ifc_len) / sizeof(ifreq);
+    for (ifreq &una : std::span(interfaces).first(cuantas)) {
+        if (!mismaDireccion(&una.ifr_addr, propia) || ::ioctl(zocalo, SIOCGIFFLAGS, &una) != 0)
+            continue;
+        conCable = conCable.value_or(false) || (una.ifr_flags & IFF_RUNNING) != 0;
+    }
+    return conCable;
+}
+
+// Not known is as good as connected.
+bool conectada(int zocalo, const sockaddr_storage &propia)
+{
+    const auto deCerca = conectadaDeCerca(zocalo, propia);
+    return deCerca ? *deCerca : conectada(propia).value_or(true);
 }
 
 HttpClientSistema::Busqueda buscar(const QByteArray &nombre)
@@ -115,7 +145,7 @@ bool haySalida(const void *direccion, std::size_t largo)
         sockaddr_storage propia = {};
         socklen_t cuanto = sizeof propia;
         hay = ::getsockname(zocalo, reinterpret_cast<sockaddr *>(&propia), &cuanto) != 0
-              || conectada(propia);
+              || conectada(zocalo, propia);
     }
     ::close(zocalo);
     return hay;
