@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The real window, wired as the program wires it (src/shell/programa.cpp) to a service and a
+// The real window, put together as the program is, for a service and a
 // certificate bundle of the caller's choice, with the pauses counted instead of slept. It works
 // by itself and prints what it measured as one line of JSON.
 //
@@ -9,12 +9,10 @@
 // See Encargo for what they mean. The archive goes below HOME.
 #include "Jornada.h"
 #include "consumo.h"
-#include "platform/Verbos.h"
-#include "platform/direccionHttp.h"
-#include "platform/paleta.h"
+#include "platform/HttpClient.h"
 #include "platform/pausa.h"
-#include "service/Entorno.h"
 #include "shell/Form1.h"
+#include "shell/Montaje.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -79,33 +77,23 @@ int main(int cuantos, char *argumentos[])
                        QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         QApplication::installTranslator(&traductor);
 
-    const PaletaEscritorio paleta;
-    HttpClient http(encargo.autoridades.isEmpty() ? HttpClient::autoridadesDelSistema()
-                                                  : encargo.autoridades);
-    DriveC disco(DriveC::carpetaPersonal());
-    Azar azar;
-    Verbos verbos(
-        {.origen = QString::fromUtf8(direccionHttp::separar(encargo.base.toUtf8()).servidor),
-         .raiz = [&disco] {
-             return disco.rutaNativa(u"C:\\Quorvela"_s);
-         }});
-    Module1 sesion;
-    Progreso progreso;
     std::unique_ptr<Jornada> jornada;
-    Entorno entorno{.ServiceBase = encargo.base,
-                    .http = http,
-                    .disco = disco,
-                    .azar = azar,
-                    .pausa =
-                        [&](std::chrono::milliseconds duracion) {
-                            jornada->contarPausa();
-                            if (encargo.pausasReales)
-                                pausa(duracion);
-                        },
-                    .sesion = sesion,
-                    .progreso = progreso};
     Cuentas cuentas;
-    Form1 ventana(entorno, verbos, [] { std::_Exit(EXIT_SUCCESS); });
+    Montaje montaje({.ServiceBase = encargo.base,
+                     .autoridades = encargo.autoridades.isEmpty()
+                                        ? HttpClient::autoridadesDelSistema()
+                                        : encargo.autoridades,
+                     .pausa =
+                         [&](std::chrono::milliseconds duracion) {
+                             jornada->contarPausa();
+                             if (encargo.pausasReales)
+                                 pausa(duracion);
+                         },
+                     .terminar =
+                         [] {
+                             std::_Exit(EXIT_SUCCESS);
+                         }});
+    Form1 &ventana = montaje.ventana();
     ventana.show();
     const double arranque = esperarDibujo(ventana, cuentas, encargo.desde);
     jornada = std::make_unique<Jornada>(ventana, encargo, cuentas);

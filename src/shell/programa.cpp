@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "shell/programa.h"
-#include "platform/Verbos.h"
-#include "platform/direccionHttp.h"
-#include "platform/paleta.h"
+#include "platform/HttpClient.h"
 #include "platform/pausa.h"
-#include "service/Entorno.h"
 #include "shell/Form1.h"
+#include "shell/Montaje.h"
 
 #include <QIcon>
 #include <QLibraryInfo>
@@ -31,26 +29,14 @@ int Programa::correr(const QString &ServiceBase)
                        QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         QApplication::installTranslator(&traductor);
 
-    const PaletaEscritorio paleta;
-    HttpClient http;
-    DriveC disco(DriveC::carpetaPersonal());
-    Azar azar;
-    Verbos verbos(
-        {.origen = QString::fromUtf8(direccionHttp::separar(ServiceBase.toUtf8()).servidor),
-         .raiz = [&disco] {
-             return disco.rutaNativa(u"C:\\Quorvela"_s);
-         }});
-    Module1 sesion;
-    Progreso progreso;
-    Entorno entorno{.ServiceBase = ServiceBase,
-                    .http = http,
-                    .disco = disco,
-                    .azar = azar,
-                    .pausa = &pausa,
-                    .sesion = sesion,
-                    .progreso = progreso};
-    // At once, from whatever handler or wait the close comes in: nothing is unwound or saved.
-    Form1 ventana(entorno, verbos, [] { std::_Exit(EXIT_SUCCESS); });
-    ventana.show();
+    // The end comes at once, from whatever handler or wait the close comes in: nothing is unwound
+    // or saved.
+    Montaje montaje({.ServiceBase = ServiceBase,
+                     .autoridades = HttpClient::autoridadesDelSistema(),
+                     .pausa = &pausa,
+                     .terminar = [] {
+                         std::_Exit(EXIT_SUCCESS);
+                     }});
+    montaje.ventana().show();
     return QApplication::exec();
 }
