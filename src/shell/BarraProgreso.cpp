@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "BarraProgreso.h"
 
-#include <QStyleOptionProgressBar>
+#include <QPainter>
 
 BarraProgreso::BarraProgreso(QWidget *padre) : QProgressBar(padre)
 {
@@ -15,8 +15,12 @@ int BarraProgreso::valor() const
 
 void BarraProgreso::ponerValor(int valor)
 {
-    if (valor >= 0 && valor <= maximum())
-        setValue(valor);
+    if (valor < 0 || valor > maximum())
+        return;
+    // The library would paint the bar before it returns.
+    setUpdatesEnabled(false);
+    setValue(valor);
+    setUpdatesEnabled(true);
 }
 
 void BarraProgreso::ponerMaximo(int maximo)
@@ -30,11 +34,31 @@ void BarraProgreso::ponerMaximo(int maximo)
         setValue(maximo);
 }
 
-void BarraProgreso::initStyleOption(QStyleOptionProgressBar *opcion) const
+// Two flat areas and the percentage: what the styles draw, with its gradients, takes longer than
+// the request whose progress it shows.
+void BarraProgreso::paintEvent(QPaintEvent *)
 {
-    QProgressBar::initStyleOption(opcion);
-    if (opcion->minimum == opcion->maximum) {
-        opcion->maximum = opcion->minimum + 1;
-        opcion->progress = opcion->minimum;
-    }
+    QPainter pintor(this);
+    const QRect dentro = rect().adjusted(1, 1, -1, -1);
+    const int ancho =
+        maximum() > 0 ? static_cast<int>(qint64(dentro.width()) * value() / maximum()) : 0;
+    const QRect lleno(dentro.topLeft(), QSize(ancho, dentro.height()));
+    const QRect vacio = dentro.adjusted(ancho, 0, 0, 0);
+    pintor.setPen(palette().color(QPalette::Mid));
+    pintor.drawRect(rect().adjusted(0, 0, -1, -1));
+    pintarParte(pintor, lleno, QPalette::Highlight, QPalette::HighlightedText);
+    pintarParte(pintor, vacio, QPalette::Base, QPalette::Text);
+}
+
+// The text is legible on either area where one ends in its midst.
+void BarraProgreso::pintarParte(QPainter &pintor, const QRect &parte, QPalette::ColorRole fondo,
+                                QPalette::ColorRole letra) const
+{
+    if (parte.isEmpty())
+        return;
+    pintor.fillRect(parte, palette().brush(fondo));
+    pintor.setClipRect(parte);
+    pintor.setPen(palette().color(letra));
+    pintor.drawText(rect(), Qt::AlignCenter, text());
+    pintor.setClipping(false);
 }

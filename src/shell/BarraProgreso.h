@@ -5,6 +5,7 @@
 
 #include "session/Progreso.h"
 
+#include <QPalette>
 #include <QProgressBar>
 
 class BarraProgreso : public QProgressBar, public Barra {
@@ -17,5 +18,9 @@ public:
     void ponerMaximo(int maximo) override;
 
 protected:
-    void initStyleOption(QStyleOptionProgressBar *opcion) const override;
+    void paintEvent(QPaintEvent *suceso) override;
+
+private:
+    void pintarParte(QPainter &pintor, const QRect &parte, QPalette::ColorRole fondo,
+                     QPalette::ColorRole letra) const;
 };

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "shell/Montaje.h"
+#include "Cadencia.h"
 #include "platform/DriveC.h"
 #include "platform/HttpClient.h"
 #include "platform/Verbos.h"
@@ -24,11 +25,12 @@ public:
                   .http = http,
                   .disco = disco,
                   .azar = azar,
-                  .pausa = pedido.pausa,
+                  .pausa = cadencia.alDiaEn(pedido.pausa),
                   .sesion = sesion,
                   .progreso = progreso},
           ventana(entorno, verbos, pedido.terminar)
     {
+        cadencia.seguir(&ventana);
     }
 
     const PaletaEscritorio paleta;
@@ -38,6 +40,7 @@ public:
     Verbos verbos;
     Module1 sesion;
     Progreso progreso;
+    Cadencia cadencia;
     Entorno entorno;
     Form1 ventana;
 };

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "RotuloPlegado.h"
 
+#include <QResizeEvent>
+
 RotuloPlegado::RotuloPlegado(QWidget *padre) : QLabel(padre)
 {
     setTextFormat(Qt::PlainText);
@@ -13,17 +15,17 @@ RotuloPlegado::RotuloPlegado(QWidget *padre) : QLabel(padre)
 void RotuloPlegado::ponerTexto(const QString &texto)
 {
     setText(texto);
-    ajustarAlto();
+}
+
+// A layout reckons with one line only when it works out how small the window may get.
+QSize RotuloPlegado::minimumSizeHint() const
+{
+    return {QLabel::minimumSizeHint().width(), heightForWidth(width())};
 }
 
 void RotuloPlegado::resizeEvent(QResizeEvent *suceso)
 {
     QLabel::resizeEvent(suceso);
-    ajustarAlto();
-}
-
-// A layout reckons with one line only when it works out how small the window may get.
-void RotuloPlegado::ajustarAlto()
-{
-    setMinimumHeight(heightForWidth(width()));
+    if (suceso->oldSize().width() != width())
+        updateGeometry();
 }

@@ -14,9 +14,8 @@ public:
 
     void ponerTexto(const QString &texto) override;
 
+    QSize minimumSizeHint() const override;
+
 protected:
     void resizeEvent(QResizeEvent *suceso) override;
-
-private:
-    void ajustarAlto();
 };

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+// Gathers the painting and the laying out of one window. A run changes its texts and bars many
+// hundred times a second, and nobody sees more than some sixty pictures: the elements themselves
+// change at once, what is drawn of them follows at the latest 16 ms behind.
+#pragma once
+
+#include <QElapsedTimer>
+#include <QList>
+#include <QObject>
+#include <QPointer>
+#include <QTimer>
+#include <QWidget>
+
+#include <chrono>
+#include <functional>
+
+class Cadencia : public QObject {
+    Q_OBJECT
+public:
+    Cadencia();
+
+    // Gathers from now on. `ventana` is borrowed: it may end before this object, and must have all
+    // of its elements by now.
+    void seguir(QWidget *ventana);
+
+    // Draws what has been held back.
+    void alDia();
+
+    // The pause during which the event loop does not turn, with the window brought up to date
+    // before it: what it shows then is seen for a long time. It must not outlive this object.
+    using Pausa = std::function<void(std::chrono::milliseconds)>;
+    Pausa alDiaEn(Pausa pausa);
+
+protected:
+    bool eventFilter(QObject *objeto, QEvent *suceso) override;
+
+private:
+    QPointer<QWidget> m_ventana;
+    QList<QPointer<QObject>> m_porDisponer; // whose layouts are to be worked out again
+    bool m_porPintar = false;
+    bool m_soltando = false;
+    QElapsedTimer m_desdePintura; // since the window was last painted
+    QTimer m_plazo;               // of what is held back
+};

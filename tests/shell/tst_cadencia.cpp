@@ -1,0 +1,147 @@
+// SPDX-License-Identifier: MIT
+// Painting and laying out are gathered; values and texts are not.
+#include "BarraProgreso.h"
+#include "Cadencia.h"
+#include "RotuloPlegado.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QTest>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int cambios = 400;
+constexpr qint64 cuadro = 16; // milliseconds
+
+// Notes what a bar shows whenever it is painted, and how often a layout is worked out.
+class Testigo : public QObject {
+public:
+    QList<int> pintados;
+    int disposiciones = 0;
+
+    int ultimo() const { return pintados.isEmpty() ? -1 : pintados.last(); }
+
+protected:
+    bool eventFilter(QObject *objeto, QEvent *suceso) override
+    {
+        if (suceso->type() == QEvent::Paint)
+            pintados.append(static_cast<BarraProgreso *>(objeto)->value());
+        else if (suceso->type() == QEvent::LayoutRequest)
+            ++disposiciones;
+        return false;
+    }
+};
+
+} // namespace
+
+class tst_cadencia : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        m_ventana = std::make_unique<QWidget>();
+        m_panel = new QFrame(m_ventana.get());
+        auto *columna = new QVBoxLayout(m_ventana.get());
+        columna->addWidget(m_panel);
+        auto *dentro = new QVBoxLayout(m_panel);
+        m_barra = new BarraProgreso;
+        m_rotulo = new RotuloPlegado;
+        dentro->addWidget(m_barra);
+        dentro->addWidget(m_rotulo);
+        dentro->addStretch(1);
+        m_barra->ponerMaximo(cambios);
+        m_testigo = std::make_unique<Testigo>();
+        m_barra->installEventFilter(m_testigo.get());
+        // A filter that is put on later looks first: what the gathering lets through comes here.
+        m_panel->installEventFilter(m_testigo.get());
+        m_cadencia = std::make_unique<Cadencia>();
+        m_cadencia->seguir(m_ventana.get());
+        m_ventana->resize(300, 200);
+        m_ventana->show();
+        QVERIFY(QTest::qWaitForWindowExposed(m_ventana.get()));
+        QTRY_VERIFY(!m_testigo->pintados.isEmpty());
+    }
+
+    void cleanup() { m_ventana.reset(); }
+
+    void muchosCambios_unaPinturaPorCuadro()
+    {
+        m_testigo->pintados.clear();
+        m_testigo->disposiciones = 0;
+        QElapsedTimer reloj;
+        reloj.start();
+        for (int vez = 1; vez <= cambios; ++vez) {
+            m_barra->ponerValor(vez);
+            m_rotulo->ponerTexto(QString::number(vez));
+            QCOMPARE(m_barra->valor(), vez);
+            QCOMPARE(m_rotulo->text(), QString::number(vez));
+            QCoreApplication::processEvents();
+        }
+        const qint64 cuadros = reloj.elapsed() / cuadro + 2;
+        QVERIFY2(m_testigo->pintados.size() <= cuadros,
+                 qPrintable(u"%1 of %2"_s.arg(m_testigo->pintados.size()).arg(cuadros)));
+        QVERIFY2(m_testigo->disposiciones <= 2 * cuadros,
+                 qPrintable(u"%1 of %2"_s.arg(m_testigo->disposiciones).arg(cuadros)));
+        QTRY_COMPARE(m_testigo->ultimo(), cambios);
+    }
+
+    void alDia_pintaLoRetenido()
+    {
+        retenerUnCambio();
+        m_cadencia->alDia();
+        QCOMPARE(m_testigo->ultimo(), m_barra->valor());
+    }
+
+    void pausa_pintaAntesLoRetenido()
+    {
+        retenerUnCambio();
+        int alPausar = -1;
+        std::chrono::milliseconds pedida{};
+        const Cadencia::Pausa pausa = m_cadencia->alDiaEn([&](std::chrono::milliseconds duracion) {
+            alPausar = m_testigo->ultimo();
+            pedida = duracion;
+        });
+        pausa(std::chrono::milliseconds(500));
+        QCOMPARE(alPausar, m_barra->valor());
+        QCOMPARE(pedida, std::chrono::milliseconds(500));
+    }
+
+    void textoDeMasLineas_rotuloMasAlto()
+    {
+        const int antes = m_rotulo->height();
+        m_rotulo->ponerTexto(u"palabra "_s.repeated(60));
+        QTRY_VERIFY(m_rotulo->height() > 2 * antes);
+        QVERIFY(m_rotulo->height() >= m_rotulo->heightForWidth(m_rotulo->width()));
+    }
+
+    void ventanaQueTermina_nadaQueda()
+    {
+        retenerUnCambio();
+        m_ventana.reset();
+        m_cadencia->alDia();
+    }
+
+private:
+    // A change right after a picture waits for the next one; another has not even been asked for.
+    void retenerUnCambio()
+    {
+        m_cadencia->alDia();
+        m_barra->ponerValor(m_barra->valor() + 1);
+        QCoreApplication::processEvents();
+        m_barra->ponerValor(m_barra->valor() + 1);
+    }
+
+    std::unique_ptr<QWidget> m_ventana;
+    QFrame *m_panel = nullptr;
+    BarraProgreso *m_barra = nullptr;
+    RotuloPlegado *m_rotulo = nullptr;
+    std::unique_ptr<Testigo> m_testigo;
+    std::unique_ptr<Cadencia> m_cadencia;
+};
+
+QTEST_MAIN(tst_cadencia)
+#include "tst_cadencia.moc"
