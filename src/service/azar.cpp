@@ -7,13 +7,13 @@
 void Azar::sembrar()
 {
     const auto ahora = std::chrono::system_clock::now().time_since_epoch().count();
-    m_generador.seed(static_cast<std::mt19937::result_type>(ahora));
+    m_generador.seed(static_cast<std::ranlux24_base::result_type>(ahora));
 }
 
 double Azar::siguiente()
 {
-    // 24 bits, so that rounding never gives 1.
-    return static_cast<double>(m_generador() >> 8) / 16777216.0;
+    // It draws 24 bits, which no rounding makes 1.
+    return static_cast<double>(m_generador()) / 16777216.0;
 }
 
 std::int32_t Azar::numero()

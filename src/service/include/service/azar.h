@@ -18,5 +18,6 @@ public:
     static std::int32_t numeroDe(double r);
 
 private:
-    std::mt19937 m_generador;
+    // Seeded anew for each request, so that one is taken whose seeding costs next to nothing.
+    std::ranlux24_base m_generador;
 };
