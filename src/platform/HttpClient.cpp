@@ -215,8 +215,10 @@ private:
         transferencia.intentos = &intentos;
         intentos.empezar();
         m_motor.esperarDeCerca(transferencia.terminada);
-        if (!transferencia.terminada)
+        if (!transferencia.terminada) {
+            transferencia.mirarSalida();
             contarSilencio(transferencia);
+        }
         while (!transferencia.terminada)
             m_motor.girar();
     }

@@ -4,6 +4,7 @@
 #include "platform/direccionHttp.h"
 
 #include <algorithm>
+#include <functional>
 
 namespace {
 
@@ -60,6 +61,13 @@ std::chrono::milliseconds TransferenciaHttp::quieta() const
     return std::chrono::duration_cast<std::chrono::milliseconds>(Reloj::now() - m_ultimoByte);
 }
 
+void TransferenciaHttp::mirarSalida()
+{
+    m_mirarSalida = true;
+    if (!m_conectada)
+        m_sinSalida += static_cast<int>(m_conSalida.removeIf(std::not_fn(haySalida)));
+}
+
 bool TransferenciaHttp::sinSalida() const
 {
     return (m_sinSalida > 0 || !m_conSalida.empty())
@@ -112,11 +120,10 @@ size_t TransferenciaHttp::alRecibirCabecera(char *datos, size_t, size_t cuantos,
 curl_socket_t TransferenciaHttp::alAbrirZocalo(void *quien, curlsocktype, curl_sockaddr *direccion)
 {
     auto &yo = *static_cast<TransferenciaHttp *>(quien);
-    const QByteArray una(reinterpret_cast<const char *>(&direccion->addr), direccion->addrlen);
-    if (haySalida(una))
-        yo.m_conSalida.append(una);
-    else
-        ++yo.m_sinSalida;
+    yo.m_conSalida.append(
+        QByteArray(reinterpret_cast<const char *>(&direccion->addr), direccion->addrlen));
+    if (yo.m_mirarSalida)
+        yo.mirarSalida();
     return HttpClientSistema::abrirZocalo(direccion->family, direccion->socktype,
                                           direccion->protocol);
 }

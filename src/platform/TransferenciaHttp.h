@@ -48,6 +48,9 @@ public:
 
     // How long no byte has moved since the connection was made, which has a limit of its own.
     std::chrono::milliseconds quieta() const;
+    // The connection is not made at once: has each address looked at now, and each further one when
+    // it is tried. One that is made at once, or fails at once, needs no look before its end.
+    void mirarSalida();
     // Of the last attempt, just failed: whether this computer had no way out to any address that
     // was tried, then or by now (a cable that is out takes the system a moment to notice).
     bool sinSalida() const;
@@ -76,8 +79,9 @@ private:
     qint64 m_limiteSalto;
     qint64 m_salto = 0; // of it so far
     std::array<char, CURL_ERROR_SIZE> m_error = {};
-    int m_sinSalida = 0;           // addresses tried without a way out to them,
-    QList<QByteArray> m_conSalida; // and those with one
+    bool m_mirarSalida = false;
+    int m_sinSalida = 0;           // addresses tried and seen to have no way out to them,
+    QList<QByteArray> m_conSalida; // and the others
     bool m_conectada = false;
     Reloj::time_point m_ultimoByte;
     size_t m_bytesDeCabecera = 0;
