@@ -3,6 +3,7 @@
 #include "archive/recursos.h"
 #include "pages/reemplazos.h"
 #include "pages/rutasArchivo.h"
+#include "platform/codepage.h"
 #include "records/tcAlumnos.h"
 #include "records/tcMaterias.h"
 #include "records/tcSalones.h"
@@ -33,19 +34,25 @@ public:
 
     void guardarPortada()
     {
-        const QString pagina = pedir(u"salones.php"_s, u"html"_s);
-        escribirTexto(m_entorno, localizar(pagina, dePortada, rutasArchivo::valores(m_entorno)),
+        escribirBytes(m_entorno,
+                      localizar(traer(u"salones.php"_s, u"html"_s), dePortada,
+                                rutasArchivo::valores(m_entorno)),
                       sinSaltos(rutasArchivo::carpeta(m_entorno.sesion)) + u"\\index.html"_s, true);
     }
 
     QString pedir(const QString &consulta, const QString &tipo)
     {
-        return m_cargador.conectar(
-            m_entorno.ServiceBase + u"/querys/tessarin/"_s + consulta,
-            u"idcolegio="_s + m_entorno.sesion.idColegio + u"&tipo="_s + tipo, true);
+        return codepage::aTexto(traer(consulta, tipo));
     }
 
 private:
+    QByteArray traer(const QString &consulta, const QString &tipo)
+    {
+        return m_cargador.traer(m_entorno.ServiceBase + u"/querys/tessarin/"_s + consulta,
+                                u"idcolegio="_s + m_entorno.sesion.idColegio + u"&tipo="_s + tipo,
+                                true);
+    }
+
     Entorno &m_entorno;
     frmCargador m_cargador;
 };

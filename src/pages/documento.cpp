@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "pages/documento.h"
+#include "platform/codepage.h"
 #include "service/archivos.h"
 #include "service/frmCargador.h"
 
@@ -40,9 +41,9 @@ void crearCarpetas(const FilaDocumento &fila, const Valores &valores, Entorno &e
 void guardarDocumento(const FilaDocumento &fila, const Valores &valores, bool usarAzar,
                       const QString &archivo, frmCargador &cargador, Entorno &entorno)
 {
-    const QString respuesta = cargador.conectar(completar(fila.url, valores),
-                                                completar(fila.parametros, valores), usarAzar);
-    QString pagina = localizar(respuesta, fila.reemplazos, valores);
-    pagina += fila.guion;
-    escribirTexto(entorno, pagina, archivo, true);
+    QByteArray pagina = localizar(
+        cargador.traer(completar(fila.url, valores), completar(fila.parametros, valores), usarAzar),
+        fila.reemplazos, valores);
+    pagina += codepage::aBytes(fila.guion.toString());
+    escribirBytes(entorno, std::move(pagina), archivo, true);
 }

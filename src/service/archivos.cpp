@@ -26,14 +26,19 @@ void crearCarpeta(Entorno &entorno, const QString &ruta)
 
 void escribirTexto(Entorno &entorno, const QString &texto, const QString &archivo, bool borrar)
 {
+    escribirBytes(entorno, codepage::aBytes(texto), archivo, borrar);
+}
+
+void escribirBytes(Entorno &entorno, QByteArray bytes, const QString &archivo, bool borrar)
+{
     if (borrar) {
         // There is none to delete on a first run.
         [[maybe_unused]] const bool borrado = entorno.disco.borrar(archivo);
     }
     ceder();
+    bytes += "\r\n";
     // A file that cannot be written is passed over: the rest of the archive still counts.
-    [[maybe_unused]] const bool escrito =
-        entorno.disco.agregar(archivo, codepage::aBytes(texto) + "\r\n");
+    [[maybe_unused]] const bool escrito = entorno.disco.agregar(archivo, bytes);
 }
 
 bool descargarArchivo(Entorno &entorno, const QString &url, const QString &archivo)

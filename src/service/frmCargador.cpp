@@ -8,10 +8,10 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int intentosMaximos = 4;
-constexpr qsizetype largoCompleto = 8; // a reply of so many characters is taken at once
+constexpr qsizetype largoCompleto = 8; // a reply of so many bytes is taken at once
 constexpr std::int16_t ticksMaximos = 90;
 
-bool esCorta(const QString &respuesta)
+bool esCorta(const QByteArray &respuesta)
 {
     return respuesta.size() < largoCompleto;
 }
@@ -36,13 +36,18 @@ QString frmCargador::direccionDe(const QString &url, const QString &parametros, 
     return url;
 }
 
-bool frmCargador::pedirDeNuevo(const QString &respuesta, int intento)
+bool frmCargador::pedirDeNuevo(const QByteArray &respuesta, int intento)
 {
-    const bool esPalabraDelServicio = respuesta == u"SI" || respuesta == u"NO";
+    const bool esPalabraDelServicio = respuesta == "SI" || respuesta == "NO";
     return esCorta(respuesta) && !esPalabraDelServicio && intento < intentosMaximos;
 }
 
 QString frmCargador::conectar(const QString &url, const QString &parametros, bool usarAzar)
+{
+    return codepage::aTexto(traer(url, parametros, usarAzar));
+}
+
+QByteArray frmCargador::traer(const QString &url, const QString &parametros, bool usarAzar)
 {
     // The length is that of the empty body; a GET carries the headers of a form all the same,
     // as the service expects them.
@@ -51,16 +56,16 @@ QString frmCargador::conectar(const QString &url, const QString &parametros, boo
         {"Content-length", "0"},
         {"Connection", "close"}};
 
-    QString respuesta;
+    QByteArray respuesta;
     for (int intento = 1;; ++intento) {
         abrir();
         m_entorno.azar.sembrar();
         const QString direccion = direccionDe(url, parametros, usarAzar, m_entorno.azar.numero());
         ceder();
-        const auto cuerpo = m_entorno.http.get(codepage::aBytes(direccion), cabeceras);
+        auto cuerpo = m_entorno.http.get(codepage::aBytes(direccion), cabeceras);
         ceder();
         if (cuerpo)
-            respuesta = codepage::aTexto(*cuerpo);
+            respuesta = *std::move(cuerpo);
         if (esCorta(respuesta))
             m_ticks = 0;
         if (!pedirDeNuevo(respuesta, intento))

@@ -36,27 +36,27 @@ private Q_SLOTS:
 
     void reglaDeRepeticion_miraRespuestaEIntento_data()
     {
-        QTest::addColumn<QString>("respuesta");
+        QTest::addColumn<QByteArray>("respuesta");
         QTest::addColumn<int>("intento");
         QTest::addColumn<bool>("otra");
         for (int intento = 1; intento <= 4; ++intento) {
             const bool quedan = intento < 4;
-            const auto fila = [&](const char *nombre, const QString &respuesta, bool otra) {
+            const auto fila = [&](const char *nombre, const QByteArray &respuesta, bool otra) {
                 QTest::addRow("%s, try %d", nombre, intento) << respuesta << intento << otra;
             };
-            fila("empty", QString(), quedan);
-            fila("ERROR", u"ERROR"_s, quedan);
-            fila("seven characters", u"1234567"_s, quedan);
-            fila("si in lower case", u"si"_s, quedan);
-            fila("SI and a blank", u"SI "_s, quedan);
-            fila("SI", u"SI"_s, false);
-            fila("NO", u"NO"_s, false);
-            fila("eight characters", u"12345678"_s, false);
+            fila("empty", QByteArray(), quedan);
+            fila("ERROR", "ERROR", quedan);
+            fila("seven characters", "1234567", quedan);
+            fila("si in lower case", "si", quedan);
+            fila("SI and a blank", "SI ", quedan);
+            fila("SI", "SI", false);
+            fila("NO", "NO", false);
+            fila("eight characters", "12345678", false);
         }
     }
     void reglaDeRepeticion_miraRespuestaEIntento()
     {
-        QFETCH(QString, respuesta);
+        QFETCH(QByteArray, respuesta);
         QFETCH(int, intento);
         QFETCH(bool, otra);
         QCOMPARE(frmCargador::pedirDeNuevo(respuesta, intento), otra);

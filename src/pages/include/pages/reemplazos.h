@@ -5,7 +5,7 @@
 
 #include "pages/plantilla.h"
 
-#include <QString>
+#include <QByteArray>
 
 #include <span>
 
@@ -18,8 +18,10 @@ struct Reemplazo {
     Qt::CaseSensitivity letras = Qt::CaseInsensitive;
 };
 
-// The page with the replacements made, in their order, each over the whole page.
-QString localizar(QString pagina, std::span<const Reemplazo> filas, const Valores &valores);
+// The page with the replacements made, in their order, each over the whole page. The page is in
+// bytes of the code page, as it comes and as it is stored: one may be 50 MB long, and the window
+// waits while it is gone through. It is changed where it stands when the caller gives its own away.
+QByteArray localizar(QByteArray pagina, std::span<const Reemplazo> filas, const Valores &valores);
 
 namespace reemplazos {
 

@@ -19,6 +19,9 @@ void crearCarpeta(Entorno &entorno, const QString &ruta);
 // code page; with `borrar` the earlier file is deleted first.
 void escribirTexto(Entorno &entorno, const QString &texto, const QString &archivo, bool borrar);
 
+// The same with bytes of that code page. A long page whose caller gives it away is not copied.
+void escribirBytes(Entorno &entorno, QByteArray bytes, const QString &archivo, bool borrar);
+
 // Fetches the address into the file, in place of an earlier one, and pauses 500 ms. True when
 // the file exists afterwards and is longer than 8 bytes. The file is written to the path without
 // its line breaks but measured at the path as given, so a path with a line break gives false

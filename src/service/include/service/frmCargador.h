@@ -5,6 +5,7 @@
 
 #include "service/Entorno.h"
 
+#include <QByteArray>
 #include <QObject>
 #include <QString>
 #include <QTimer>
@@ -18,13 +19,16 @@ public:
     // which must outlive each of its own requests.
     explicit frmCargador(Entorno &entorno);
 
-    // Sends one GET and returns the body of the reply as text, one character for each byte of
-    // the ANSI code page, exactly as received. `url` is the whole address without a query,
+    // Sends one GET and returns the body of the reply, bytes of the ANSI code page, exactly as
+    // received. `url` is the whole address without a query,
     // `parametros` the query without "?", both sent as they stand; `usarAzar` puts a
     // cache-busting number in front of the query.
-    // A reply of fewer than 8 characters that is neither "SI" nor "NO" is asked for again, 4
+    // A reply of fewer than 8 bytes that is neither "SI" nor "NO" is asked for again, 4
     // times in all. There is no failure to return: a request that never got through leaves the
-    // reply before it, at first the empty text, and the caller judges from the text.
+    // reply before it, at first the empty one, and the caller judges from the reply.
+    QByteArray traer(const QString &url, const QString &parametros, bool usarAzar);
+
+    // The same as text, one character for each byte.
     QString conectar(const QString &url, const QString &parametros, bool usarAzar);
 
     // Whether the loader is open, and the ticks of its watchdog since the last retry.
@@ -39,7 +43,7 @@ public:
     // Whether a request that has had this reply at its nth try is sent once more: the reply is too
     // short to be a page, is not one of the service's own words "SI" and "NO", and there have been
     // fewer than 4 tries.
-    static bool pedirDeNuevo(const QString &respuesta, int intento);
+    static bool pedirDeNuevo(const QByteArray &respuesta, int intento);
 
 private:
     void abrir();
