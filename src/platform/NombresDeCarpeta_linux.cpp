@@ -24,20 +24,26 @@ struct CierraDirectorio {
     }
 };
 
-bool esOtraEscritura(int carpeta, const dirent &entrada, const QString &nombre)
+// Whether a link is no entry of its own, but stands beside one for its other spelling.
+bool esOtraEscritura(int carpeta, const QString &nombre)
 {
-    if (entrada.d_type != DT_LNK && entrada.d_type != DT_UNKNOWN)
-        return false;
     std::array<char, 1024> destino{};
-    const ssize_t largo = ::readlinkat(carpeta, entrada.d_name, destino.data(), destino.size());
+    const ssize_t largo =
+        ::readlinkat(carpeta, enDisco(nombre).constData(), destino.data(), destino.size());
     return largo > 0
            && nombresNativos::esOtraEscritura(nombre, QString::fromUtf8(destino.data(), largo));
 }
 
-void agregarEscritura(QStringList &escrituras, const QString &nombre)
+// A spelling that is the folded name itself is not remembered: it is looked for on the disk when
+// it is wanted. Nearly all names of an archive are such ones, and it may hold some 100,000.
+void agregarEscritura(QHash<QString, QStringList> &escrituras, const QString &nombre)
 {
-    if (!escrituras.contains(nombre))
-        escrituras.append(nombre);
+    const QString comun = plegado(nombre);
+    if (nombre == comun)
+        return;
+    QStringList &deEste = escrituras[comun];
+    if (!deEste.contains(nombre))
+        deEste.append(nombre);
 }
 
 } // namespace
@@ -59,12 +65,14 @@ void NombresDeCarpeta::leer(Listado &listado, int carpeta)
 {
     listado.escrituras.clear();
     listado.temporales.clear();
+    listado.leido = false;
     // The folder's own descriptor may be one that names it only and cannot be read.
     Descriptor legible(::openat(carpeta, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     const std::unique_ptr<DIR, CierraDirectorio> entradas(::fdopendir(legible.numero()));
     if (!entradas)
         return; // it may be entered and not read: names are found in their exact spelling only
     [[maybe_unused]] const int delDirectorio = legible.soltar();
+    listado.leido = true;
     while (const dirent *entrada = ::readdir(entradas.get())) {
         const QByteArray bytes(entrada->d_name);
         const QString nombre = QString::fromUtf8(bytes);
@@ -73,8 +81,9 @@ void NombresDeCarpeta::leer(Listado &listado, int carpeta)
             continue;
         if (temporales::procesoDe(nombre))
             listado.temporales.append(nombre);
-        else if (!esOtraEscritura(carpeta, *entrada, nombre))
-            agregarEscritura(listado.escrituras[plegado(nombre)], nombre);
+        else if ((entrada->d_type != DT_LNK && entrada->d_type != DT_UNKNOWN)
+                 || !esOtraEscritura(carpeta, nombre))
+            agregarEscritura(listado.escrituras, nombre);
     }
 }
 
@@ -82,7 +91,7 @@ void NombresDeCarpeta::tomarCambio(Listado &listado, int carpeta, const QString 
                                    Queda queda)
 {
     if (queda == Queda::Anotado) {
-        agregarEscritura(listado.escrituras[plegado(nombre)], nombre);
+        agregarEscritura(listado.escrituras, nombre);
     } else if (queda == Queda::Olvidado) {
         const auto hallado = listado.escrituras.find(plegado(nombre));
         if (hallado != listado.escrituras.end())
@@ -118,6 +127,18 @@ NombresDeCarpeta::Listado *NombresDeCarpeta::listadoDe(int carpeta)
     return &listado;
 }
 
+QStringList NombresDeCarpeta::escriturasDe(const Listado &listado, int carpeta,
+                                           const QString &comun)
+{
+    QStringList escrituras = listado.escrituras.value(comun);
+    struct stat datos = {};
+    if (listado.leido && !::temporales::procesoDe(comun)
+        && ::fstatat(carpeta, enDisco(comun).constData(), &datos, AT_SYMLINK_NOFOLLOW) == 0
+        && (!S_ISLNK(datos.st_mode) || !esOtraEscritura(carpeta, comun)))
+        escrituras.append(comun);
+    return escrituras;
+}
+
 std::optional<NombresDeCarpeta::Entrada> NombresDeCarpeta::hallar(int carpeta,
                                                                   const QString &nombre)
 {
@@ -133,8 +154,11 @@ std::optional<NombresDeCarpeta::Entrada> NombresDeCarpeta::hallar(int carpeta,
     const Listado *listado = listadoDe(carpeta);
     if (!listado || listado->borrados.contains(nombre))
         return std::nullopt;
-    const QStringList candidatos =
-        nombresNativos::candidatos(listado->escrituras.value(plegado(nombre)), nombre);
+    const QString comun = plegado(nombre);
+    const QStringList candidatos = nombresNativos::candidatos(
+        // The name itself has just been looked for.
+        nombre == comun ? listado->escrituras.value(comun) : escriturasDe(*listado, carpeta, comun),
+        nombre);
     if (!std::any_of(candidatos.begin(), candidatos.end(), existe))
         return std::nullopt;
     return entrada;
@@ -150,6 +174,6 @@ void NombresDeCarpeta::anotarBorrado(int carpeta, const QString &pedido)
 {
     Listado *listado = listadoDe(carpeta);
     // Only where another spelling remains is there anything to keep apart.
-    if (listado && listado->escrituras.contains(plegado(pedido)))
+    if (listado && !escriturasDe(*listado, carpeta, plegado(pedido)).isEmpty())
         listado->borrados.insert(pedido);
 }

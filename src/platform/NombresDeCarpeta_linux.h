@@ -69,7 +69,9 @@ private:
     };
     struct Listado {
         Momento cambio;
-        QHash<QString, QStringList> escrituras; // folded name -> spellings on the disk
+        bool leido = false; // its names could be read
+        // Folded name -> spellings on the disk, but for the one that is the folded name itself.
+        QHash<QString, QStringList> escrituras;
         QStringList temporales;
         QSet<QString> borrados; // see anotarBorrado; outlives the listing
     };
@@ -79,6 +81,9 @@ private:
     static Momento momentoDe(const struct stat &datos);
     static void leer(Listado &listado, int carpeta);
     static void tomarCambio(Listado &listado, int carpeta, const QString &nombre, Queda queda);
+
+    // All spellings of a folded name, the one that is the folded name itself included.
+    static QStringList escriturasDe(const Listado &listado, int carpeta, const QString &comun);
 
     // Both are good until the next listing is made.
     // The remembered listing if it is up to date; else null.
