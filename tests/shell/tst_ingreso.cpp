@@ -4,8 +4,47 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QStyledItemDelegate>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+// Counts how often a line was measured.
+class MedidasContadas : public QStyledItemDelegate {
+public:
+    mutable int cuantas = 0;
+
+    QSize sizeHint(const QStyleOptionViewItem &opcion, const QModelIndex &linea) const override
+    {
+        ++cuantas;
+        return QStyledItemDelegate::sizeHint(opcion, linea);
+    }
+};
+
+// How many had been when the element was first painted.
+class PrimeraPintura : public QObject {
+public:
+    PrimeraPintura(QWidget &elemento, const MedidasContadas &contadas) : m_contadas(contadas)
+    {
+        elemento.installEventFilter(this);
+    }
+
+    int medidas = 0;
+
+protected:
+    bool eventFilter(QObject *objeto, QEvent *suceso) override
+    {
+        if (suceso->type() == QEvent::Paint && medidas == 0)
+            medidas = m_contadas.cuantas;
+        return QObject::eventFilter(objeto, suceso);
+    }
+
+private:
+    const MedidasContadas &m_contadas;
+};
+
+} // namespace
 
 class tst_ingreso : public QObject {
     Q_OBJECT
@@ -152,6 +191,31 @@ private Q_SLOTS:
         const VentanaDePrueba v;
         QCOMPARE(v.elemento<QLineEdit>("txtPwd")->echoMode(), QLineEdit::Password);
         QCOMPARE(v.elemento<QLineEdit>("txtUser")->echoMode(), QLineEdit::Normal);
+    }
+
+    // A list that no school has does not keep its panel from being seen: what is beyond the first
+    // thousand lines is measured while the window goes on.
+    void listaLarga_seVeAntesDeMedirseEntera()
+    {
+        constexpr int cuantas = 5000;
+        VentanaDePrueba v;
+        auto *lista = v.elemento<QListWidget>("List1");
+        MedidasContadas medidas;
+        lista->setItemDelegate(&medidas);
+        for (int fila = 0; fila < cuantas; ++fila)
+            lista->addItem(QString::number(fila));
+        PrimeraPintura pintura(*lista->viewport(), medidas);
+        v.form.findChild<QFrame *>(u"Frame1"_s)->setVisible(false);
+        v.form.findChild<QFrame *>(u"Frame3"_s)->setVisible(true);
+        QTRY_VERIFY(pintura.medidas > 0);
+        QVERIFY2(pintura.medidas < 2000, qPrintable(QString::number(pintura.medidas)));
+        QTRY_VERIFY(!lista->visualItemRect(lista->item(cuantas - 1)).isEmpty());
+        lista->setFocus();
+        QTest::keyClick(lista, Qt::Key_End);
+        QCOMPARE(lista->currentRow(), cuantas - 1);
+        QTRY_VERIFY(
+            lista->viewport()->rect().intersects(lista->visualItemRect(lista->item(cuantas - 1))));
+        lista->setItemDelegate(nullptr);
     }
 };
 
