@@ -17,13 +17,15 @@ class tcColeccion {
 public:
     using Referencia = std::shared_ptr<Registro>;
 
-    // False when the key is already there: the first record with a key stays.
+    // Adds a record, not null. False when the key is already there: the first record with a key
+    // stays.
     bool add(const Referencia &registro, const QString &clave)
     {
-        const QString plegada = codepage::enMinusculas(clave);
-        if (m_porClave.contains(plegada))
+        // One look-up for both: in a long list each has to fetch memory from afar.
+        Referencia &deClave = m_porClave[codepage::enMinusculas(clave)];
+        if (deClave)
             return false;
-        m_porClave.insert(plegada, registro);
+        deClave = registro;
         m_enOrden.append(registro);
         return true;
     }
