@@ -489,14 +489,15 @@ class ArbolVigilado:
 
     @classmethod
     def _arbol(cls, pid):
-        yield pid
-        for tarea in Path(f"/proc/{pid}/task").glob("*/children"):
-            try:
-                hijos = tarea.read_text().split()
-            except OSError:
-                continue
-            for hijo in hijos:
-                yield from cls._arbol(int(hijo))
+        """Each process once: a child changes over to another thread when the one that began it
+        ends, and may be found with both."""
+        arbol = {pid}
+        with contextlib.suppress(OSError):  # it has ended meanwhile
+            for tarea in os.listdir(f"/proc/{pid}/task"):
+                with contextlib.suppress(OSError):
+                    for hijo in Path(f"/proc/{pid}/task/{tarea}/children").read_text().split():
+                        arbol |= cls._arbol(int(hijo))
+        return arbol
 
     @staticmethod
     def _pss(pid):
