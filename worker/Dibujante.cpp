@@ -8,7 +8,7 @@
 #include <array>
 #include <cerrno>
 #include <csignal>
-#include <fcntl.h>
+#include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -37,23 +37,23 @@ Dibujante::Fin finDeCodigo(int codigo)
 
 std::unique_ptr<Dibujante> Dibujante::nacer(const std::filesystem::path &programa)
 {
-    std::array<int, 2> tubo{};
-    if (pipe2(tubo.data(), O_CLOEXEC) != 0)
+    std::array<int, 2> par{};
+    if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, par.data()) != 0)
         return nullptr;
     // It blocks none of the signals that the worker blocks and ignores for itself.
     const auto pid =
-        arranque::lanzar(programa, {"--espera"}, environ, tubo[0], arranque::Aparte::Grupo);
-    close(tubo[0]);
+        arranque::lanzar(programa, {"--espera"}, environ, par[0], arranque::Aparte::Grupo);
+    close(par[0]);
     if (!pid) {
-        close(tubo[1]);
+        close(par[1]);
         return nullptr;
     }
-    return std::unique_ptr<Dibujante>(new Dibujante(*pid, tubo[1]));
+    return std::unique_ptr<Dibujante>(new Dibujante(*pid, par[1]));
 }
 
 Dibujante::~Dibujante()
 {
-    close(m_entrada);
+    close(m_zocalo);
     kill(-m_pid, SIGKILL);
     // The engine's helper processes become the worker's children when their parents die, and stay
     // in the group: once none of the group is left, nothing of this renderer is.
@@ -69,16 +69,22 @@ bool Dibujante::encargar(const Papel &papel, const std::string &html, const std:
          {papel.ancho, papel.alto, papel.izquierdo, papel.arriba, papel.derecho, papel.abajo})
         pedido += std::to_string(largo) + ' ';
     pedido += '\n' + html + '\n' + pdf + '\n';
-    // Nothing else was ever written to this pipe, and the longest order is a small part of what a
-    // pipe holds: this neither blocks nor stops half way.
-    if (write(m_entrada, pedido.data(), pedido.size()) != static_cast<ssize_t>(pedido.size()))
+    // What was written before has been read, and the longest order is a small part of what a socket
+    // holds: this neither blocks nor stops half way.
+    if (write(m_zocalo, pedido.data(), pedido.size()) != static_cast<ssize_t>(pedido.size()))
         return false;
     m_tope = tope;
     return true;
 }
 
-std::optional<Dibujante::Fin> Dibujante::fin() const
+std::optional<Dibujante::Fin> Dibujante::fin()
 {
+    char dicho = 0;
+    if (ocupado() && recv(m_zocalo, &dicho, sizeof dicho, MSG_DONTWAIT) == sizeof dicho
+        && dicho == salida::listo) {
+        m_tope.reset();
+        return Fin{"", false, true};
+    }
     siginfo_t fin{};
     // WNOWAIT: while the process stays unreaped, no other can take its group's number.
     if (waitid(P_PID, static_cast<id_t>(m_pid), &fin, WEXITED | WNOHANG | WNOWAIT) != 0

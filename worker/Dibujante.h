@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// One renderer process: started ahead of need, given one page, and gone with everything it
-// started when it is destroyed.
+// One renderer process: started ahead of need, given pages one after another, and gone with
+// everything it started when it is destroyed.
 #pragma once
 
 #include "worker/papel.h"
@@ -26,7 +26,7 @@ public:
     Dibujante(const Dibujante &) = delete;
     Dibujante &operator=(const Dibujante &) = delete;
 
-    // Gives it its page, once; it has until `tope`. False when it is not there to take it.
+    // Gives it a page when it has none; it has until `tope`. False when it is not there to take it.
     bool encargar(const Papel &papel, const std::string &html, const std::string &pdf,
                   Reloj::time_point tope);
 
@@ -36,17 +36,19 @@ public:
     struct Fin {
         std::string motivo; // empty when it did what it was asked, else a reason for the log
         bool murio = false; // the engine went, for all that is known not on the page's account
+        bool sigue = false; // the process is there for another page
     };
-    // How the process ended; nothing while it runs.
-    std::optional<Fin> fin() const;
+    // How its page, or the process, ended; nothing while it runs.
+    std::optional<Fin> fin();
+    int descriptor() const { return m_zocalo; } // readable when fin() has something to tell
 
     // Whether its page has made it take more memory than a page may.
     bool desbordado() const;
 
 private:
-    Dibujante(pid_t pid, int entrada) : m_pid(pid), m_entrada(entrada) {}
+    Dibujante(pid_t pid, int zocalo) : m_pid(pid), m_zocalo(zocalo) {}
 
-    pid_t m_pid;   // of the process and of its group
-    int m_entrada; // the renderer's standard input
+    pid_t m_pid;  // of the process and of its group
+    int m_zocalo; // its other end is the renderer's standard input
     std::optional<Reloj::time_point> m_tope;
 };

@@ -16,9 +16,11 @@ using namespace std::chrono_literals;
 
 namespace {
 
-// Two cores draw two pages at once; a third renderer gained nothing when it was measured. Memory
-// is bounded by this number.
+// A renderer draws a page in a small part of the time that it takes to start, and takes as much
+// memory as all that it will ever draw: one draws, and another only beside one that is at its page
+// for long. Memory is bounded by this number.
 constexpr std::size_t mesasMaximas = 2;
+constexpr auto tardanza = 2s;
 
 // Drawn pages that may wait for their turn, on disk: enough to keep drawing while one page ahead
 // of them hangs for a while, few enough for a small temporary folder.
@@ -100,7 +102,7 @@ bool Imprenta::avanzar()
         return algo;
     }
     m_ultimaActividad = Reloj::now();
-    return abrirMesas() || algo;
+    return abrirMesa() || algo;
 }
 
 // Brings the next waiting document as far as it goes without waiting: refused, or at a renderer.
@@ -144,12 +146,12 @@ bool Imprenta::darADibujar(const Cola::Documento &documento)
     auto libre = std::find_if(m_mesas.begin(), m_mesas.end(),
                               [](const Mesa &m) { return !m.dibujante->ocupado(); });
     if (libre == m_mesas.end()) {
-        if (m_mesas.size() >= mesasMaximas || Reloj::now() < m_proximoArranque)
+        if (!atascadasMenos(nullptr) || Reloj::now() < m_proximoArranque)
             return false;
         auto dibujante = Dibujante::nacer(m_dibujador);
         if (!dibujante)
             return sinDibujante(turno);
-        m_mesas.push_back({std::move(dibujante), {}});
+        m_mesas.push_back({std::move(dibujante), {}, {}});
         libre = m_mesas.end() - 1;
     }
     if (!libre->dibujante->encargar(m_impresora->papel, documento.ruta, pdfDe(turno).string(),
@@ -158,6 +160,7 @@ bool Imprenta::darADibujar(const Cola::Documento &documento)
         return true;
     }
     libre->turno = turno;
+    libre->desde = Reloj::now();
     m_cola.empezado(turno);
     return true;
 }
@@ -202,20 +205,28 @@ bool Imprenta::entregar(const Cola::Documento &primero)
     });
 }
 
-// Warms renderers up: as many as there are pages waiting, and one for the page that may come next.
-bool Imprenta::abrirMesas()
+// Warms a renderer up for the page that waits, or for the one that may come next.
+bool Imprenta::abrirMesa()
 {
-    const auto libres = static_cast<std::size_t>(std::count_if(
-        m_mesas.begin(), m_mesas.end(), [](const Mesa &m) { return !m.dibujante->ocupado(); }));
-    const std::size_t deseados = m_cola.enEspera() + (m_abierta ? 1 : 0);
-    if (m_mesas.size() >= mesasMaximas || libres >= deseados
-        || m_arranquesFallidos >= arranquesMaximos || Reloj::now() < m_proximoArranque)
+    const bool hace = m_cola.enEspera() > 0 || m_abierta;
+    if (!hace || !atascadasMenos(nullptr) || m_arranquesFallidos >= arranquesMaximos
+        || Reloj::now() < m_proximoArranque)
         return false;
     auto dibujante = Dibujante::nacer(m_dibujador);
     if (!dibujante)
         return false; // the document that needs it says so in the log
-    m_mesas.push_back({std::move(dibujante), {}});
+    m_mesas.push_back({std::move(dibujante), {}, {}});
     return true;
+}
+
+// Whether there is nobody to draw the next page but `una`, and room for one who does.
+bool Imprenta::atascadasMenos(const Mesa *una) const
+{
+    const auto ahora = Reloj::now();
+    return m_mesas.size() < mesasMaximas + (una ? 1 : 0)
+           && std::all_of(m_mesas.begin(), m_mesas.end(), [&](const Mesa &m) {
+                  return &m == una || (m.dibujante->ocupado() && ahora >= m.desde + tardanza);
+              });
 }
 
 // Between batches nothing is kept in memory for long: the window may stay open for days.
@@ -228,8 +239,11 @@ void Imprenta::cerrarMesasOciosas()
 void Imprenta::esperar(const sigset_t &senales, Reloj::time_point mirado)
 {
     // poll passes over negative descriptors.
-    std::array<pollfd, 2> fuentes{pollfd{m_abierta ? m_entrada : -1, POLLIN, 0},
-                                  pollfd{m_encargo ? m_encargo->descriptor() : -1, POLLIN, 0}};
+    std::vector<pollfd> fuentes{{m_abierta ? m_entrada : -1, POLLIN, 0},
+                                {m_encargo ? m_encargo->descriptor() : -1, POLLIN, 0}};
+    for (const Mesa &mesa : m_mesas)
+        fuentes.push_back(
+            {mesa.dibujante->ocupado() ? mesa.dibujante->descriptor() : -1, POLLIN, 0});
     const auto tope = proximoTope(mirado);
     timespec plazo{};
     if (tope != Reloj::time_point::max()) {
@@ -272,22 +286,24 @@ void Imprenta::leerEntrada()
 void Imprenta::revisarMesas()
 {
     const auto ahora = Reloj::now();
-    std::erase_if(m_mesas, [&](const Mesa &mesa) {
+    for (std::size_t i = 0; i < m_mesas.size();) {
+        Mesa &mesa = m_mesas[i];
         const auto fin = finDe(mesa, ahora);
-        if (!fin)
-            return false;
-        if (mesa.turno) {
+        if (fin && mesa.turno) {
             m_arranquesFallidos = 0;
-            concluirDibujo(*mesa.turno, *fin);
-        } else {
+            concluirDibujo(*std::exchange(mesa.turno, {}), *fin);
+        } else if (fin) {
             ++m_arranquesFallidos;
         }
-        return true;
-    });
+        if (fin && !(fin->sigue && atascadasMenos(&mesa)))
+            m_mesas.erase(m_mesas.begin() + static_cast<std::ptrdiff_t>(i));
+        else
+            ++i;
+    }
 }
 
 // How it ended, or why it is ended now; nothing while it may go on.
-std::optional<Dibujante::Fin> Imprenta::finDe(const Mesa &mesa, Reloj::time_point ahora) const
+std::optional<Dibujante::Fin> Imprenta::finDe(Mesa &mesa, Reloj::time_point ahora) const
 {
     if (auto fin = mesa.dibujante->fin())
         return fin;

@@ -41,6 +41,7 @@ private:
     struct Mesa { // a renderer and the document it has
         std::unique_ptr<Dibujante> dibujante;
         std::optional<Cola::Turno> turno;
+        Reloj::time_point desde; // when it got the document
     };
 
     bool avanzar(); // one round of the steps below; false when nothing changed
@@ -51,13 +52,14 @@ private:
     bool buscarImpresora();
     bool entregar(const Cola::Documento &primero);
     bool encargar(const Encargo::Trabajo &trabajo);
-    bool abrirMesas();
+    bool abrirMesa();
+    bool atascadasMenos(const Mesa *una) const;
     void cerrarMesasOciosas();
 
     void esperar(const sigset_t &senales, Reloj::time_point mirado);
     void leerEntrada();
     void revisarMesas();
-    std::optional<Dibujante::Fin> finDe(const Mesa &mesa, Reloj::time_point ahora) const;
+    std::optional<Dibujante::Fin> finDe(Mesa &mesa, Reloj::time_point ahora) const;
     void concluirDibujo(Cola::Turno turno, Dibujante::Fin fin);
     void revisarEncargo();
     void concluirEncargo(const impresora::Contestacion &dicho);

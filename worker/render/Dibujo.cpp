@@ -8,6 +8,8 @@
 #include <QWebEngineScript>
 
 #include <chrono>
+#include <csignal>
+#include <sys/types.h>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -111,6 +113,16 @@ void Dibujo::dibujar(const QString &html, const QString &pdf, const QPageLayout 
     m_detencion.start();
     if (!m_calentando)
         m_pagina.abrir(m_html);
+}
+
+void Dibujo::matar()
+{
+    m_pagina.disconnect(this);
+    for (QTimer *reloj : {&m_pregunta, &m_corte, &m_detencion})
+        reloj->stop();
+    const auto proceso = static_cast<pid_t>(m_pagina.renderProcessPid());
+    if (proceso > 0)
+        kill(proceso, SIGKILL);
 }
 
 void Dibujo::cargada(bool bien)

@@ -25,6 +25,9 @@ public:
     // `html` and `pdf` are absolute paths.
     void dibujar(const QString &html, const QString &pdf, const QPageLayout &hoja);
 
+    // Ends the page's process at once. Nothing is told any more.
+    void matar();
+
 Q_SIGNALS:
     void agotado(); // the time for fetching is over: what is still being fetched should fail now
     void terminado(int codigo); // of salida.h

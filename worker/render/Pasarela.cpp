@@ -165,6 +165,12 @@ void Pasarela::cortar()
         shutdown(cliente, SHUT_RDWR);
 }
 
+void Pasarela::admitir()
+{
+    const std::lock_guard guardia(m_cerrojo);
+    m_cortada = false;
+}
+
 void Pasarela::escuchar(int oyente)
 {
     for (;;) {

@@ -25,8 +25,9 @@ public:
     // Its port on 127.0.0.1; 0 when it could not be had, and then there is no way out.
     std::uint16_t puerto() const { return m_puerto; }
 
-    // Breaks off all that goes through it, and lets nothing more through.
+    // Breaks off all that goes through it, and lets nothing more through until admitir().
     void cortar();
+    void admitir();
 
 private:
     void escuchar(int oyente);

@@ -1,15 +1,17 @@
 // SPDX-License-Identifier: MIT
-// parvanel-print-render: draws one local page as PDF and ends.
+// parvanel-print-render: draws local pages as PDF.
 //
 //     parvanel-print-render [--papel ANCHOxALTO] [--margenes IZQ,ARRIBA,DER,ABAJO] IN.html OUT.pdf
 //     parvanel-print-render --espera
 //
 // Lengths are hundredths of a millimetre. With --espera it starts the engine and waits for three
-// lines on its standard input: the six lengths separated by blanks, the page, the PDF. It ends by
-// itself when the input ends first. Environment: see motor.h; exit codes: see salida.h.
+// lines on its standard input: the six lengths separated by blanks, the page, the PDF. When that is
+// a socket it may answer there that the page is drawn and wait for three more; else it ends with
+// its page, and by itself when the input ends first. Environment: see motor.h; answers: see
+// salida.h.
 
-#include "worker/render/Dibujo.h"
 #include "worker/render/Pasarela.h"
+#include "worker/render/Serie.h"
 #include "worker/render/casa.h"
 #include "worker/render/motor.h"
 #include "worker/render/salida.h"
@@ -17,7 +19,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QGuiApplication>
-#include <QSocketNotifier>
 
 #include <array>
 #include <csignal>
@@ -28,12 +29,6 @@
 #include <unistd.h>
 
 namespace {
-
-struct Pedido {
-    QString html;
-    QString pdf;
-    QPageLayout hoja;
-};
 
 std::optional<QPageLayout> hoja(const QList<QByteArray> &largos)
 {
@@ -92,24 +87,6 @@ std::optional<Pedido> deArgumentos(QList<QByteArray> argumentos)
     std::_Exit(codigo);
 }
 
-void atenderEntrada(Dibujo &dibujo, QByteArray &recibido)
-{
-    std::array<char, 4096> trozo{};
-    const ssize_t leidos = read(STDIN_FILENO, trozo.data(), trozo.size());
-    if (leidos <= 0)
-        return Q_EMIT
-    dibujo.terminado(salida::hecho); // nothing was asked for
-    recibido.append(trozo.data(), leidos);
-    if (recibido.count('\n') < 3)
-        return;
-    const QList<QByteArray> lineas = recibido.split('\n');
-    const auto pedida = pedido(lineas[0].simplified().split(' '), lineas[1], lineas[2]);
-    if (!pedida)
-        return Q_EMIT
-    dibujo.terminado(salida::malUso);
-    dibujo.dibujar(pedida->html, pedida->pdf, pedida->hoja);
-}
-
 } // namespace
 
 int main(int argc, char **argv)
@@ -133,23 +110,14 @@ int main(int argc, char **argv)
     motor::prepararEntorno(pasarela.puerto());
     int sinArgumentos = 1; // the engine would read the command line too
     const QGuiApplication aplicacion(sinArgumentos, argv);
-    const auto perfil = motor::perfil(encargo);
-    Dibujo dibujo(perfil.get(), encargo.plazo);
-    QObject::connect(&dibujo, &Dibujo::agotado, &dibujo, [&pasarela] { pasarela.cortar(); });
-    QObject::connect(&dibujo, &Dibujo::terminado, &dibujo,
+    Serie serie(encargo, pasarela, [](const auto &largos, const auto &html, const auto &pdf) {
+        return pedido(largos.simplified().split(' '), html, pdf);
+    });
+    QObject::connect(&serie, &Serie::terminada, &serie,
                      [carpeta](int codigo) { salir(carpeta, codigo); });
-
-    QByteArray recibido;
-    QSocketNotifier entrada(STDIN_FILENO, QSocketNotifier::Read);
-    entrada.setEnabled(espera);
-    if (espera) {
-        QObject::connect(&entrada, &QSocketNotifier::activated, &dibujo, [&] {
-            atenderEntrada(dibujo, recibido);
-            entrada.setEnabled(recibido.count('\n') < 3);
-        });
-        dibujo.calentar();
-    } else {
-        dibujo.dibujar(pedida->html, pedida->pdf, pedida->hoja);
-    }
+    if (espera)
+        serie.esperar();
+    else
+        serie.dibujar(*pedida);
     return QGuiApplication::exec();
 }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// How a renderer tells the worker what became of its page: by its exit code.
+// How a renderer tells the worker what became of its page: by its exit code; or, when the page is
+// drawn and it could draw another, by a byte on the socket that its order came through.
 #pragma once
 
 namespace salida {
@@ -9,5 +10,7 @@ constexpr int malUso = 2;
 constexpr int sinPagina = 3;  // the document could not be loaded
 constexpr int sinPdf = 4;     // the PDF could not be written
 constexpr int motorCaido = 5; // the page's process died, out of memory most likely
+
+constexpr char listo = '+';
 
 } // namespace salida
