@@ -121,6 +121,13 @@ class Serie(ConDibujador):
             self.assertLess(time.monotonic(), tope, "processes of earlier pages live on")
             time.sleep(0.02)
 
+    def test_motor_ningunProcesoSeGuardaParaIrSinEncierro(self):
+        self.abrir()
+        self.assertDibuja("<p>papel</p>", "papel")
+        ordenes = self.procesosVivos()
+        self.assertTrue([o for o in ordenes if b"--type=zygote" in o])
+        self.assertEqual([o for o in ordenes if b"--no-zygote-sandbox" in o], [])
+
     def test_paginaQueAgotaSuTiempo_seLlevaSuMotor(self):
         self.servicio.paginas["/nunca.png"] = lambda a: self.fin.wait(GUARDA)
         self.fin = threading.Event()

@@ -97,6 +97,8 @@ void motor::prepararEntorno(std::uint16_t pasarela)
     qputenv("QT_QPA_PLATFORM", "offscreen");
 
     QByteArray opciones = "--disable-gpu --disable-background-networking"
+                          // No helper goes without the sandbox; none need be kept ready for that.
+                          " --no-unsandboxed-zygote"
                           // A page that nobody looks at has timers that tick once a second, which
                           // would make each document wait for as long.
                           " --disable-background-timer-throttling"
