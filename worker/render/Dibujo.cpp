@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "worker/render/Dibujo.h"
 
+#include "worker/render/codigo.h"
 #include "worker/render/salida.h"
 
 #include <QPageLayout>
@@ -168,6 +169,7 @@ void Dibujo::imprimir()
     if (m_imprimiendo)
         return;
     m_imprimiendo = true;
+    codigo::soltar(); // what loading took is not kept beside what printing takes
     const QSizeF papel = m_hoja.pageSize().size(QPageSize::Millimeter);
     const QString guion = QString::fromLatin1(imponerPapel).arg(papel.width()).arg(papel.height());
     m_pagina.runJavaScript(guion, QWebEngineScript::ApplicationWorld, [this](const QVariant &hay) {

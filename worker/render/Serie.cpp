@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "worker/render/Serie.h"
 
+#include "worker/render/codigo.h"
 #include "worker/render/salida.h"
 
 #include <array>
@@ -45,6 +46,9 @@ void Serie::dibujar(const Pedido &pedido)
 {
     if (!m_dibujo)
         prepararDibujo();
+    // What the engine was brought up with, or drew the page before with, is not kept beside what
+    // this page takes.
+    codigo::soltar();
     m_pasarela.admitir();
     m_dibujo->dibujar(pedido.html, pedido.pdf, pedido.hoja);
 }
