@@ -117,6 +117,7 @@ curl_socket_t abrirZocalo(int familia, int tipo, int protocolo)
 void esperar(std::vector<Espera> &esperas, std::chrono::milliseconds alMas)
 {
     std::vector<pollfd> sucesos;
+    sucesos.reserve(esperas.size());
     for (const Espera &una : esperas)
         sucesos.push_back(
             {una.conexion,

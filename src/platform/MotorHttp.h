@@ -58,7 +58,7 @@ private:
     void vigilar(std::unique_ptr<QSocketNotifier> &aviso, bool hace, curl_socket_t conexion,
                  QSocketNotifier::Type tipo, int suceso);
     static int alCambiarSocket(CURL *, curl_socket_t conexion, int que, void *quien, void *);
-    static int alCambiarPlazo(CURLM *, long milisegundos, void *quien);
+    static int alCambiarPlazo(CURLM *, long espera, void *quien);
     void retirar(std::unique_ptr<QSocketNotifier> &aviso);
 
     AlTerminar m_alTerminar;
