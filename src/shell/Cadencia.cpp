@@ -39,8 +39,9 @@ bool Cadencia::eventFilter(QObject *objeto, QEvent *suceso)
     const bool dispone = suceso->type() == QEvent::LayoutRequest;
     if (!pinta && !dispone)
         return false;
-    const bool yaToca = !m_desdePintura.isValid() || m_desdePintura.hasExpired(cuadro);
-    if (m_soltando || yaToca) {
+    // Looked at once: by a second look the picture may be due, and no timer takes a time gone by.
+    const qint64 pasado = m_desdePintura.isValid() ? m_desdePintura.elapsed() : cuadro;
+    if (m_soltando || pasado >= cuadro) {
         if (pinta)
             m_desdePintura.start();
         return false;
@@ -50,7 +51,7 @@ bool Cadencia::eventFilter(QObject *objeto, QEvent *suceso)
     else if (!m_porDisponer.contains(objeto))
         m_porDisponer.append(objeto);
     if (!m_plazo.isActive())
-        m_plazo.start(static_cast<int>(cuadro - m_desdePintura.elapsed()));
+        m_plazo.start(static_cast<int>(cuadro - pasado));
     return true;
 }
 

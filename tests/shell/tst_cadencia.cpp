@@ -9,12 +9,23 @@
 #include <QTest>
 #include <QVBoxLayout>
 
+#include <atomic>
+
+#include <sys/syscall.h>
+#include <time.h>
+#include <unistd.h>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr int cambios = 400;
 constexpr qint64 cuadro = 16; // milliseconds
+
+// By how much the clock has been put forward, and by how much each further look at it does so: as
+// when another program is given the processor just then.
+std::atomic<qint64> adelanto = 0; // milliseconds
+std::atomic<qint64> porMirada = 0;
 
 // Notes what a bar shows whenever it is painted, and how often a layout is worked out.
 class Testigo : public QObject {
@@ -36,6 +47,17 @@ protected:
 };
 
 } // namespace
+
+// The system's clock as all of the process sees it, the library too.
+extern "C" int clock_gettime(clockid_t reloj, timespec *hora) noexcept
+{
+    if (::syscall(SYS_clock_gettime, reloj, hora) != 0)
+        return -1;
+    const qint64 nanos = hora->tv_nsec + (adelanto += porMirada) * 1'000'000;
+    hora->tv_sec += nanos / 1'000'000'000;
+    hora->tv_nsec = nanos % 1'000'000'000;
+    return 0;
+}
 
 class tst_cadencia : public QObject {
     Q_OBJECT
@@ -108,6 +130,20 @@ private Q_SLOTS:
         pausa(std::chrono::milliseconds(500));
         QCOMPARE(alPausar, m_barra->valor());
         QCOMPARE(pedida, std::chrono::milliseconds(500));
+    }
+
+    // The picture is due by the time that its timer is started.
+    void cuadroQueVenceMientrasSeMira_sePintaIgual()
+    {
+        m_cadencia->alDia();
+        m_barra->ponerValor(m_barra->valor() + 1);
+        m_cadencia->alDia();
+        m_barra->ponerValor(m_barra->valor() + 1);
+        porMirada = 12;
+        QCoreApplication::sendPostedEvents(m_ventana.get(), QEvent::UpdateRequest);
+        porMirada = 0;
+        QVERIFY(m_testigo->ultimo() < m_barra->valor());
+        QTRY_COMPARE(m_testigo->ultimo(), m_barra->valor());
     }
 
     void textoDeMasLineas_rotuloMasAlto()
