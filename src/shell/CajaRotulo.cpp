@@ -26,13 +26,16 @@ int CajaRotulo::heightForWidth(int ancho) const
     return rotulo()->heightForWidth(ancho);
 }
 
-// The label asks its parent to be laid out anew, which has no layout that would do so.
+// The label asks its parent to be laid out anew, which has no layout that would do so; it asks none
+// that is not seen, however its text changes meanwhile.
 bool CajaRotulo::event(QEvent *suceso)
 {
     if (suceso->type() == QEvent::LayoutRequest && heightForWidth(width()) != m_alto) {
         m_alto = heightForWidth(width());
         updateGeometry();
     }
+    if (suceso->type() == QEvent::Show)
+        updateGeometry();
     return QWidget::event(suceso);
 }
 
@@ -40,7 +43,7 @@ void CajaRotulo::resizeEvent(QResizeEvent *suceso)
 {
     QWidget::resizeEvent(suceso);
     rotulo()->setGeometry(rect());
-    m_alto = heightForWidth(width());
+    m_alto = -1; // the layout may still reckon with the text before
 }
 
 QWidget *CajaRotulo::rotulo() const

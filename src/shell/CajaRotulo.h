@@ -22,5 +22,5 @@ protected:
 private:
     QWidget *rotulo() const;
 
-    int m_alto = -1; // of the text that the layout was last worked out for
+    int m_alto = -1; // of the text that the layout was last worked out for; -1: not known
 };

@@ -2,6 +2,7 @@
 // Painting and laying out are gathered; values and texts are not.
 #include "BarraProgreso.h"
 #include "Cadencia.h"
+#include "CajaRotulo.h"
 #include "RotuloPlegado.h"
 
 #include <QCoreApplication>
@@ -154,6 +155,36 @@ private Q_SLOTS:
         QVERIFY(m_rotulo->height() >= m_rotulo->heightForWidth(m_rotulo->width()));
     }
 
+    void textoDeMasLineas_enPanelEscondido_rotuloMasAltoAlMostrarlo()
+    {
+        RotuloPlegado *rotulo = ponerEnCaja();
+        QTRY_COMPARE(rotulo->width(), m_barra->width());
+        QTRY_COMPARE(rotulo->height(), rotulo->heightForWidth(rotulo->width()));
+        const int antes = rotulo->height();
+        m_panel->hide();
+        rotulo->ponerTexto(u"palabra "_s.repeated(60));
+        QCoreApplication::processEvents();
+        m_panel->show();
+        QTRY_VERIFY(rotulo->height() > 2 * antes);
+        QVERIFY(rotulo->height() >= rotulo->heightForWidth(rotulo->width()));
+    }
+
+    // The layout remembers the heights that it was told for either width.
+    void textoDeMasLineas_antesDeOtroAncho_rotuloMasAlto()
+    {
+        RotuloPlegado *rotulo = ponerEnCaja();
+        for (const int ancho : {320, 300}) {
+            m_ventana->resize(ancho, m_ventana->height());
+            QTRY_COMPARE(rotulo->width(), m_barra->width());
+            QTRY_COMPARE(rotulo->height(), rotulo->heightForWidth(rotulo->width()));
+        }
+        const int antes = rotulo->height();
+        rotulo->ponerTexto(u"palabra "_s.repeated(60));
+        m_ventana->resize(320, m_ventana->height());
+        QTRY_VERIFY(rotulo->height() > 2 * antes);
+        QVERIFY(rotulo->height() >= rotulo->heightForWidth(rotulo->width()));
+    }
+
     void ventanaQueTermina_nadaQueda()
     {
         retenerUnCambio();
@@ -162,6 +193,16 @@ private Q_SLOTS:
     }
 
 private:
+    // A label in a box of its own, laid out below the others.
+    RotuloPlegado *ponerEnCaja()
+    {
+        auto *caja = new CajaRotulo;
+        auto *rotulo = new RotuloPlegado(caja);
+        rotulo->ponerTexto(u".."_s);
+        m_panel->layout()->addWidget(caja);
+        return rotulo;
+    }
+
     // A change right after a picture waits for the next one; another has not even been asked for.
     void retenerUnCambio()
     {
