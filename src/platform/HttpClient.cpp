@@ -91,8 +91,10 @@ public:
     };
 
     // Sends one request and waits for its reply. `protocolos`: the only ones that it may use.
+    // `pronto`: until then the event loop need not turn.
     Respuesta pedir(const direccionHttp::Partes &direccion, const char *protocolos,
-                    const Cabeceras &cabeceras, const TransferenciaHttp::Recibir &recibir)
+                    const Cabeceras &cabeceras, const TransferenciaHttp::Recibir &recibir,
+                    MotorHttp::Reloj::time_point pronto)
     {
         Respuesta respuesta;
         respuesta.resultado = CURLE_FAILED_INIT;
@@ -104,7 +106,7 @@ public:
         if (!preparar(transferencia, direccion, protocolos, lista.get()))
             return respuesta;
 
-        esperar(transferencia);
+        esperar(transferencia, pronto);
 
         respuesta.resultado = transferencia.resultado;
         // The library takes headers that break off for a reply with an empty body.
@@ -122,7 +124,8 @@ public:
 
     // The same through its redirects. They are followed here and not by the library, which would
     // send the first request's target to each further address. Once the way is a safe one it stays
-    // so: the library, too, is then allowed no other protocol, whatever it makes of an address.
+    // so: the library, too, is then allowed no other protocol, whatever it makes of an address. All
+    // of them together are one wait for the window, whose loop turns as it would in any other.
     std::optional<long> seguir(const QByteArray &direccion, const Cabeceras &cabeceras,
                                const TransferenciaHttp::Recibir &recibir)
     {
@@ -131,9 +134,10 @@ public:
         const EnCurso esta(m_enCurso);
         direccionHttp::Partes actual = direccionHttp::separar(direccion);
         bool segura = direccionHttp::esSegura(direccion);
+        const auto pronto = MotorHttp::prontoDesdeAhora();
         for (int saltos = 0;; ++saltos) {
             const Respuesta respuesta =
-                pedir(actual, segura ? "https" : "http,https", cabeceras, recibir);
+                pedir(actual, segura ? "https" : "http,https", cabeceras, recibir, pronto);
             if (respuesta.resultado != CURLE_OK)
                 return std::nullopt;
             if (!respuesta.sigue)
@@ -208,13 +212,13 @@ private:
 
     // Turns the event loop until the transfer has ended. No callback of the library does so:
     // they only note what has happened.
-    void esperar(TransferenciaHttp &transferencia)
+    void esperar(TransferenciaHttp &transferencia, MotorHttp::Reloj::time_point pronto)
     {
         IntentosHttp intentos(transferencia, m_motor, m_limites,
                               [&](CURLcode resultado) { terminar(transferencia, resultado); });
         transferencia.intentos = &intentos;
         intentos.empezar();
-        m_motor.esperarDeCerca(transferencia.terminada);
+        m_motor.esperarDeCerca(transferencia.terminada, pronto);
         if (!transferencia.terminada) {
             transferencia.mirarSalida();
             contarSilencio(transferencia);

@@ -52,9 +52,13 @@ void MotorHttp::quitar(CURL *easy)
     vigilar();
 }
 
-void MotorHttp::esperarDeCerca(const bool &terminada)
+MotorHttp::Reloj::time_point MotorHttp::prontoDesdeAhora()
 {
-    const auto hasta = Reloj::now() + deCerca;
+    return Reloj::now() + deCerca;
+}
+
+void MotorHttp::esperarDeCerca(const bool &terminada, Reloj::time_point hasta)
+{
     {
         const QScopedValueRollback cerca(m_deCerca, true);
         for (auto ahora = Reloj::now(); !terminada && ahora < hasta; ahora = Reloj::now())

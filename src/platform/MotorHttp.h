@@ -18,6 +18,7 @@
 
 class MotorHttp : public QObject {
 public:
+    using Reloj = std::chrono::steady_clock;
     // Called when a transfer has ended, from within the event loop and from no callback of the
     // library: it may take transfers off and put others on, but must not turn the loop. What it
     // refers to must outlive this object.
@@ -34,15 +35,15 @@ public:
     // Lets go of a transfer and its connection, whether it has ended or not: no callback of it is
     // called any more.
     void quitar(CURL *easy);
-    // Waits for the sockets alone, until it has ended or for a moment that nobody notices: a reply
-    // that comes at once is not worth what the event loop costs.
-    void esperarDeCerca(const bool &terminada);
+    // The end of a moment, from now, that nobody notices.
+    static Reloj::time_point prontoDesdeAhora();
+    // Waits for the sockets alone, until it has ended or the moment has: a reply that comes at once
+    // is not worth what the event loop costs.
+    void esperarDeCerca(const bool &terminada, Reloj::time_point hasta);
     // Handles what events there are, or waits for one.
     void girar();
 
 private:
-    using Reloj = std::chrono::steady_clock;
-
     // The notifiers of one socket, which is the library's own: it says when to stop watching, and
     // closes it.
     struct Vigia {

@@ -4,15 +4,18 @@
 #include "esperasHttp.h"
 #include "sinProxy.h"
 
+#include <QAbstractEventDispatcher>
 #include <QBuffer>
 #include <QDir>
 #include <QProcess>
 #include <QTest>
 #include <QTimer>
 
+#include <array>
 #include <atomic>
 #include <csignal>
 #include <semaphore>
+#include <thread>
 
 #include <unistd.h>
 
@@ -36,6 +39,7 @@ private Q_SLOTS:
     void initTestCase();
 
     void elBucleGira_mientrasSeEspera();
+    void elBucleGira_entreRedirecciones();
 
     void cadaPeticion_conexionPropia_data();
     void cadaPeticion_conexionPropia();
@@ -68,6 +72,34 @@ void tst_HttpEspera::elBucleGira_mientrasSeEspera()
     connect(&reloj, &QTimer::timeout, this, [&] { vueltas.release(); });
     reloj.start(10ms);
     QCOMPARE(http.get(guion.base() + "/a", {}), QByteArray("/a"));
+}
+
+// The redirects of one request are one wait: once it lasts, none of them is waited for without the
+// event loop, however quickly its reply comes.
+void tst_HttpEspera::elBucleGira_entreRedirecciones()
+{
+    std::atomic<int> vueltas = 0;
+    std::array<int, 11> alLlegar = {}; // turns until each request came
+    const ServidorGuion guion([&](Charla &charla) {
+        const QByteArray cabeza = charla.leerCabeza();
+        alLlegar[static_cast<std::size_t>(charla.numero)] = vueltas;
+        if (charla.numero == 0)
+            std::this_thread::sleep_for(10ms);
+        if (charla.numero < 10)
+            charla.enviar("HTTP/1.1 302 Found\r\nLocation: /b\r\nContent-Length: 0\r\n\r\n");
+        else
+            contestar(charla, cabeza);
+        charla.clienteCierra();
+    });
+    HttpClient http;
+    connect(
+        QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
+        [&] { ++vueltas; }, Qt::DirectConnection);
+    QCOMPARE(http.get(guion.base() + "/a", {}), QByteArray("/b"));
+    disconnect(QAbstractEventDispatcher::instance(), nullptr, this, nullptr);
+    QCOMPARE(guion.conexiones(), 11);
+    for (std::size_t i = 1; i < alLlegar.size(); ++i)
+        QVERIFY2(alLlegar[i] > alLlegar[i - 1], qPrintable(QString::number(i)));
 }
 
 void tst_HttpEspera::cadaPeticion_conexionPropia_data()
