@@ -44,8 +44,8 @@ void BarraProgreso::paintEvent(QPaintEvent *)
         maximum() > 0 ? static_cast<int>(qint64(dentro.width()) * value() / maximum()) : 0;
     const QRect lleno(dentro.topLeft(), QSize(ancho, dentro.height()));
     const QRect vacio = dentro.adjusted(ancho, 0, 0, 0);
-    pintor.setPen(palette().color(QPalette::Mid));
-    pintor.drawRect(rect().adjusted(0, 0, -1, -1));
+    // As an area too: a line of one pixel would lie beside it where the desktop scales the window.
+    pintor.fillRect(rect(), palette().brush(QPalette::Mid));
     pintarParte(pintor, lleno, QPalette::Highlight, QPalette::HighlightedText);
     pintarParte(pintor, vacio, QPalette::Base, QPalette::Text);
 }
