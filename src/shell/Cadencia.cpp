@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "Cadencia.h"
+#include "CajaRotulo.h"
 
 #include <QCoreApplication>
 #include <QEvent>
-#include <QLayout>
 #include <QScopedValueRollback>
 
 #include <utility>
@@ -25,10 +25,9 @@ void Cadencia::seguir(QWidget *ventana)
 {
     m_ventana = ventana;
     ventana->installEventFilter(this);
-    const QList<QWidget *> elementos = ventana->findChildren<QWidget *>();
-    for (QWidget *elemento : elementos) {
-        elemento->installEventFilter(this);
-    }
+    const QList<CajaRotulo *> cajas = ventana->findChildren<CajaRotulo *>();
+    for (CajaRotulo *caja : cajas)
+        caja->installEventFilter(this);
 }
 
 // The library asks once for each kind and then waits for its request to be answered: one that is
@@ -36,8 +35,8 @@ void Cadencia::seguir(QWidget *ventana)
 bool Cadencia::eventFilter(QObject *objeto, QEvent *suceso)
 {
     const bool pinta = suceso->type() == QEvent::UpdateRequest && objeto == m_ventana;
-    const bool dispone = suceso->type() == QEvent::LayoutRequest;
-    if (!pinta && !dispone)
+    const bool mide = suceso->type() == QEvent::LayoutRequest;
+    if (!pinta && !mide)
         return false;
     // Looked at once: by a second look the picture may be due, and no timer takes a time gone by.
     const qint64 pasado = m_desdePintura.isValid() ? m_desdePintura.elapsed() : cuadro;
@@ -48,22 +47,22 @@ bool Cadencia::eventFilter(QObject *objeto, QEvent *suceso)
     }
     if (pinta)
         m_porPintar = true;
-    else if (!m_porDisponer.contains(objeto))
-        m_porDisponer.append(objeto);
+    else if (!m_porMedir.contains(objeto))
+        m_porMedir.append(objeto);
     if (!m_plazo.isActive())
         m_plazo.start(static_cast<int>(cuadro - pasado));
     return true;
 }
 
-// Layouts first: what they move is painted where it then is.
+// Heights first: what they move is painted where it then is.
 void Cadencia::alDia()
 {
     m_plazo.stop();
     const QScopedValueRollback soltando(m_soltando, true);
-    for (const QPointer<QObject> &elemento : std::exchange(m_porDisponer, {})) {
-        QEvent disponer(QEvent::LayoutRequest);
-        if (elemento)
-            QCoreApplication::sendEvent(elemento, &disponer);
+    for (const QPointer<QObject> &caja : std::exchange(m_porMedir, {})) {
+        QEvent medir(QEvent::LayoutRequest);
+        if (caja)
+            QCoreApplication::sendEvent(caja, &medir);
     }
     QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
     QCoreApplication::sendPostedEvents(m_ventana, QEvent::UpdateRequest);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// Gathers the painting and the laying out of one window. A run changes its texts and bars many
-// hundred times a second, and nobody sees more than some sixty pictures: the elements themselves
-// change at once, what is drawn of them follows at the latest 16 ms behind.
+// Gathers the painting of one window, and the measuring of its progress texts. A run changes its
+// texts and bars many hundred times a second, and nobody sees more than some sixty pictures: the
+// elements themselves change at once, what is drawn of them follows at the latest 16 ms behind.
 #pragma once
 
 #include <QElapsedTimer>
@@ -36,7 +36,7 @@ protected:
 
 private:
     QPointer<QWidget> m_ventana;
-    QList<QPointer<QObject>> m_porDisponer; // whose layouts are to be worked out again
+    QList<QPointer<QObject>> m_porMedir; // the boxes of progress texts that have changed
     bool m_porPintar = false;
     bool m_soltando = false;
     QElapsedTimer m_desdePintura; // since the window was last painted
