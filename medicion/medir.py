@@ -330,7 +330,7 @@ def cercano(banco, base, alcance_pared, alcance_cpu, muestra):
               Cifra("requests", cuantas, nota=f"window: {por_peticion(ventana)}; "
                                               f"bare loop: {por_peticion(bucle)}"),
               Cifra("paints a request", sucesos.get("Paint", 0) / cuantas),
-              Cifra("layout passes a request", sucesos.get("LayoutRequest", 0) / cuantas),
+              Cifra("layouts asked for a request", sucesos.get("LayoutRequest", 0) / cuantas),
               Cifra("CPU of the display", series(ventana, "cpu_xvfb").mediana, unidad="s"),
               Cifra("CPU of the service", series(ventana, "cpu_servicio").mediana, unidad="s")]
     for programa in AJENOS:
