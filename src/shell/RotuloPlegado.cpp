@@ -17,15 +17,19 @@ void RotuloPlegado::ponerTexto(const QString &texto)
     setText(texto);
 }
 
-// A layout reckons with one line only when it works out how small the window may get.
+// A layout reckons with one line only when it works out how small the window may get. Before the
+// label has its width from a layout it is as narrow as any new element, and its text would ask for
+// a window that is higher than it ever needs.
 QSize RotuloPlegado::minimumSizeHint() const
 {
-    return {QLabel::minimumSizeHint().width(), heightForWidth(width())};
+    const QSize deLaBiblioteca = QLabel::minimumSizeHint();
+    return m_dispuesto ? QSize(deLaBiblioteca.width(), heightForWidth(width())) : deLaBiblioteca;
 }
 
 void RotuloPlegado::resizeEvent(QResizeEvent *suceso)
 {
     QLabel::resizeEvent(suceso);
+    m_dispuesto = true;
     if (suceso->oldSize().width() != width())
         updateGeometry();
 }

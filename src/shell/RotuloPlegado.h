@@ -18,4 +18,7 @@ public:
 
 protected:
     void resizeEvent(QResizeEvent *suceso) override;
+
+private:
+    bool m_dispuesto = false; // by a layout
 };

@@ -107,6 +107,18 @@ private Q_SLOTS:
         QCOMPARE(v.form.size(), QSize(623, 484)); // 9350 by 7260 twips at 15 to the pixel
     }
 
+    // Every mode has room in the window as it opens.
+    void cambioDeModo_noCambiaElTamano()
+    {
+        VentanaDePrueba v;
+        v.ingresar();
+        for (const char *modo : {"Option1_1", "Option1_2", "Option1_3", "Option1_0"}) {
+            v.elegir(modo);
+            QCoreApplication::processEvents(); // in which a window that has to grow does so
+            QCOMPARE(v.form.size(), QSize(623, 484));
+        }
+    }
+
     void listasDesplegables_tienenSusOpciones()
     {
         const VentanaDePrueba v;
