@@ -57,7 +57,7 @@ std::optional<bool> conectada(const sockaddr_storage &propia)
     return conCable;
 }
 
-// The same of the older kind of addresses alone, and of the first few interfaces, through a socket
+// The same of the older kind of addresses alone, and where there are few of them, through a socket
 // that is open already: at each request the other way would cost more than the request's
 // connection.
 std::optional<bool> conectadaDeCerca(int zocalo, const sockaddr_storage &propia)
@@ -68,8 +68,10 @@ std::optional<bool> conectadaDeCerca(int zocalo, const sockaddr_storage &propia)
     pedido.ifc_req = interfaces.data();
     if (propia.ss_family != AF_INET || ::ioctl(zocalo, SIOCGIFCONF, &pedido) != 0)
         return std::nullopt;
-    std::optional<bool> conCable;
     const auto cuantas = static_cast<std::size_t>(pedido.ifc_len) / sizeof(ifreq);
+    if (cuantas == interfaces.size())
+        return std::nullopt; // there may be more of them
+    std::optional<bool> conCable;
     for (ifreq &una : std::span(interfaces).first(cuantas)) {
         if (!mismaDireccion(&una.ifr_addr, propia) || ::ioctl(zocalo, SIOCGIFFLAGS, &una) != 0)
             continue;
