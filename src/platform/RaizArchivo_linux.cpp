@@ -16,15 +16,15 @@ namespace {
 constexpr int soloNombrar = O_PATH | O_DIRECTORY | O_CLOEXEC;
 constexpr int maximoDeEnlaces = 8; // on the way to one folder
 
-// A folder below another one, in its exact spelling, the system itself seeing to it that no link
-// leads out of it meanwhile.
-Descriptor abrirDebajo(const Descriptor &carpeta, const QString &ruta)
+// A folder in its exact spelling, the system itself seeing to it that no link is followed which
+// `comoMucho` (RESOLVE_...) does not allow.
+Descriptor abrirExacta(int desde, const QString &ruta, unsigned comoMucho)
 {
     open_how como = {};
     como.flags = soloNombrar;
-    como.resolve = RESOLVE_BENEATH | RESOLVE_NO_MAGICLINKS;
+    como.resolve = comoMucho;
     const long numero =
-        ::syscall(SYS_openat2, carpeta.numero(), enDisco(ruta).constData(), &como, sizeof como);
+        ::syscall(SYS_openat2, desde, enDisco(ruta).constData(), &como, sizeof como);
     return Descriptor(static_cast<int>(numero));
 }
 
@@ -69,10 +69,19 @@ Descriptor RaizArchivo::abrirRaiz()
 
 Descriptor RaizArchivo::abrirCarpeta(const QStringList &nombres)
 {
+    const QString dentro = nombres.join(u'/');
+    // Where there is no link at all, root and folder are opened as one: this is done twice a page.
+    if (hayUnidad() && !nombres.isEmpty()) {
+        Descriptor carpeta = abrirExacta(AT_FDCWD, m_personal + u'/' + m_nombre + u'/' + dentro,
+                                         RESOLVE_NO_SYMLINKS);
+        if (carpeta)
+            return carpeta;
+    }
     Descriptor raiz = abrirRaiz();
     if (!raiz || nombres.isEmpty())
         return raiz;
-    Descriptor carpeta = abrirDebajo(raiz, nombres.join(u'/'));
+    Descriptor carpeta =
+        abrirExacta(raiz.numero(), dentro, RESOLVE_BENEATH | RESOLVE_NO_MAGICLINKS);
     // Another spelling, a link that is written from the disk's top, or a system that does not
     // know the call: each name is looked up by itself.
     return carpeta ? std::move(carpeta) : andar(std::move(raiz), nombres);
