@@ -22,11 +22,15 @@ QString caracteres()
     return codepage::aTexto(todos);
 }
 
+QChar enForma(QChar c, Qt::CaseSensitivity letras)
+{
+    return letras == Qt::CaseInsensitive ? c.toCaseFolded() : c;
+}
+
 QString enForma(QString texto, Qt::CaseSensitivity letras)
 {
-    if (letras == Qt::CaseInsensitive)
-        std::transform(texto.begin(), texto.end(), texto.begin(),
-                       [](QChar c) { return c.toCaseFolded(); });
+    for (QChar &c : texto)
+        c = enForma(c, letras);
     return texto;
 }
 
@@ -67,15 +71,16 @@ Buscador::Buscador(const QString &buscado, Qt::CaseSensitivity letras) : m_forma
 bool Buscador::tomarTexto(const QString &buscado, Qt::CaseSensitivity letras)
 {
     const QString &todos = comparados(letras);
-    const QString texto = enForma(buscado, letras);
-    m_buscado.reserve(texto.size());
-    for (const QChar c : texto) {
+    m_buscado.resize(buscado.size());
+    char *forma = m_buscado.data();
+    for (const QChar buscada : buscado) {
+        const QChar c = enForma(buscada, letras);
         // Most characters have the number of their byte.
         const bool directo = c.unicode() < cuantosBytes && todos[c.unicode()] == c;
         const qsizetype byte = directo ? c.unicode() : todos.indexOf(c);
         if (byte < 0)
             return false;
-        m_buscado.append(static_cast<char>(m_formas[static_cast<std::size_t>(byte)]));
+        *forma++ = static_cast<char>(m_formas[static_cast<std::size_t>(byte)]);
     }
     return !m_buscado.isEmpty();
 }

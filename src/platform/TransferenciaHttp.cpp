@@ -155,13 +155,21 @@ void TransferenciaHttp::recibirCabecera(const QByteArray &linea)
 
 void TransferenciaHttp::leerCabecera(const QByteArray &linea)
 {
-    const QByteArray nombre = linea.left(linea.indexOf(':')).toLower();
-    const QByteArray valor = linea.mid(nombre.size() + 1).trimmed();
-    if (nombre == "location" && m_lugar.isEmpty())
-        m_lugar = valor;
-    const bool enTransporte = nombre == "transfer-encoding";
-    if (!enTransporte && nombre != "content-encoding")
+    const auto dosPuntos = std::find(linea.begin(), linea.end(), ':');
+    const QByteArrayView nombre(linea.begin(), dosPuntos);
+    const auto es = [&](QByteArrayView otro) {
+        return nombre.compare(otro, Qt::CaseInsensitive) == 0;
+    };
+    const bool enTransporte = es("transfer-encoding");
+    const bool deLugar = es("location");
+    if (!deLugar && !enTransporte && !es("content-encoding"))
         return;
+    const QByteArray valor = linea.mid(nombre.size() + 1).trimmed();
+    if (deLugar) {
+        if (m_lugar.isEmpty())
+            m_lugar = valor;
+        return;
+    }
     for (const QByteArray &una : valor.split(',')) {
         const QByteArray codificacion = una.trimmed();
         // Chunks are the library's business.

@@ -3,11 +3,24 @@
 
 #include <QList>
 
+#include <algorithm>
 #include <memory>
+#include <string_view>
 
 #include <curl/curl.h>
 
 namespace direccionHttp {
+namespace {
+
+// Whether a byte cannot stand in a request target.
+bool esImposible(char byte)
+{
+    constexpr std::string_view imposibles("\"#<>\\^`{|}");
+    const auto valor = static_cast<unsigned char>(byte);
+    return valor <= 0x20 || valor >= 0x7F || imposibles.find(byte) != imposibles.npos;
+}
+
+} // namespace
 
 bool esRedireccion(long estado)
 {
@@ -50,15 +63,15 @@ std::optional<QByteArray> direccionDe(const QByteArray &lugar, const QByteArray 
     return direccion;
 }
 
+// Asked at every request: most targets have no such byte and go out as they are.
 QByteArray destinoEnLinea(const QByteArray &destino)
 {
-    static const QByteArray imposibles("\"#<>\\^`{|}");
+    if (std::none_of(destino.begin(), destino.end(), esImposible))
+        return destino;
     QByteArray enLinea;
-    enLinea.reserve(destino.size());
     for (const char byte : destino) {
-        const auto valor = static_cast<unsigned char>(byte);
-        if (valor <= 0x20 || valor >= 0x7F || imposibles.contains(byte))
-            enLinea += '%' + QByteArray::number(valor, 16).rightJustified(2, '0').toUpper();
+        if (esImposible(byte))
+            enLinea += '%' + QByteArray(1, byte).toHex().toUpper();
         else
             enLinea += byte;
     }

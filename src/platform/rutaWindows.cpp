@@ -6,6 +6,8 @@
 
 #include <algorithm>
 #include <array>
+#include <string_view>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -17,6 +19,13 @@ bool esSeparador(QChar c)
     return c == u'\\' || c == u'/';
 }
 
+bool esProhibida(QChar c)
+{
+    constexpr std::u16string_view prohibidas = u"<>:\"|?*";
+    return c.unicode() < 0x20
+           || (c.unicode() < 0x80 && prohibidas.find(c.unicode()) != prohibidas.npos);
+}
+
 QStringView sinColaDeBlancosYPuntos(QStringView nombre)
 {
     while (nombre.endsWith(u' ') || nombre.endsWith(u'.'))
@@ -24,18 +33,13 @@ QStringView sinColaDeBlancosYPuntos(QStringView nombre)
     return nombre;
 }
 
-// What stands between separators.
-QList<QStringView> trozos(QStringView ruta)
+// What stands before the first separator, which it takes off with that; it may be nothing.
+QStringView tomarTrozo(QStringView &ruta)
 {
-    QList<QStringView> resultado;
-    while (!ruta.isEmpty()) {
-        const auto *fin = std::find_if(ruta.begin(), ruta.end(), esSeparador);
-        const qsizetype largo = fin - ruta.begin();
-        if (largo > 0)
-            resultado.append(ruta.first(largo));
-        ruta = ruta.sliced(std::min(largo + 1, ruta.size()));
-    }
-    return resultado;
+    const qsizetype largo = std::find_if(ruta.begin(), ruta.end(), esSeparador) - ruta.begin();
+    const QStringView trozo = ruta.first(largo);
+    ruta = ruta.sliced(std::min(largo + 1, ruta.size()));
+    return trozo;
 }
 
 // "con", "LPT1.txt", "nul .html": the part before the first dot, without the blanks at its end.
@@ -67,8 +71,10 @@ bool enUnidadC(const QString &ruta)
 std::optional<Lugar> lugarEn(const QString &raiz, const QString &ruta)
 {
     auto hallados = nombres(ruta);
-    if (!hallados || hallados->isEmpty()
-        || nombresNativos::plegado(hallados->first()) != nombresNativos::plegado(raiz))
+    const auto esRaiz = [&](const QString &nombre) {
+        return nombre == raiz || nombresNativos::plegado(nombre) == nombresNativos::plegado(raiz);
+    };
+    if (!hallados || hallados->isEmpty() || !esRaiz(hallados->first()))
         return std::nullopt;
     Lugar lugar;
     lugar.esRaiz = hallados->size() == 1;
@@ -114,11 +120,8 @@ bool terminaEnSeparador(const QString &ruta)
 // Asked at every file: names are looked at letter by letter.
 bool nombreRefusado(const QString &nombre)
 {
-    constexpr QStringView prohibidos = u"<>:\"|?*";
-    const bool imposible = std::any_of(nombre.begin(), nombre.end(), [&](QChar c) {
-        return c.unicode() < 0x20 || prohibidos.contains(c);
-    });
-    return nombre.isEmpty() || imposible || esDispositivo(nombre);
+    return nombre.isEmpty() || std::any_of(nombre.begin(), nombre.end(), esProhibida)
+           || esDispositivo(nombre);
 }
 
 std::optional<QStringList> nombres(const QString &ruta)
@@ -126,18 +129,19 @@ std::optional<QStringList> nombres(const QString &ruta)
     if (!enUnidadC(ruta))
         return std::nullopt;
     QStringList resultado;
-    for (const QStringView trozo : trozos(QStringView(ruta).sliced(3))) {
-        if (trozo == u".")
+    for (QStringView resto = QStringView(ruta).sliced(3); !resto.isEmpty();) {
+        const QStringView trozo = tomarTrozo(resto);
+        if (trozo.isEmpty() || trozo == u".")
             continue;
         if (trozo == u"..") {
             if (!resultado.isEmpty())
                 resultado.removeLast();
             continue;
         }
-        const QString nombre = sinColaDeBlancosYPuntos(trozo).toString();
+        QString nombre = sinColaDeBlancosYPuntos(trozo).toString();
         if (nombreRefusado(nombre))
             return std::nullopt;
-        resultado.append(nombre);
+        resultado.append(std::move(nombre));
     }
     return resultado;
 }
