@@ -6,6 +6,7 @@
 #include <QEvent>
 #include <QScopedValueRollback>
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -27,31 +28,37 @@ void Cadencia::seguir(QWidget *ventana)
     ventana->installEventFilter(this);
     const QList<CajaRotulo *> cajas = ventana->findChildren<CajaRotulo *>();
     for (CajaRotulo *caja : cajas)
-        caja->installEventFilter(this);
+        connect(caja, &CajaRotulo::porMedir, this, [this, caja] { porMedir(caja); });
 }
 
-// The library asks once for each kind and then waits for its request to be answered: one that is
-// held back stands for all that follow it.
+// The library asks once and then waits for its request to be answered: one that is held back stands
+// for all that follow it.
 bool Cadencia::eventFilter(QObject *objeto, QEvent *suceso)
 {
-    const bool pinta = suceso->type() == QEvent::UpdateRequest && objeto == m_ventana;
-    const bool mide = suceso->type() == QEvent::LayoutRequest;
-    if (!pinta && !mide)
+    if (suceso->type() != QEvent::UpdateRequest || objeto != m_ventana)
         return false;
-    // Looked at once: by a second look the picture may be due, and no timer takes a time gone by.
-    const qint64 pasado = m_desdePintura.isValid() ? m_desdePintura.elapsed() : cuadro;
-    if (m_soltando || pasado >= cuadro) {
-        if (pinta)
-            m_desdePintura.start();
+    if (m_soltando) {
+        m_desdePintura.start();
         return false;
     }
-    if (pinta)
-        m_porPintar = true;
-    else if (!m_porMedir.contains(objeto))
-        m_porMedir.append(objeto);
-    if (!m_plazo.isActive())
-        m_plazo.start(static_cast<int>(cuadro - pasado));
+    m_porPintar = true;
+    retener();
     return true;
+}
+
+void Cadencia::porMedir(CajaRotulo *caja)
+{
+    if (!m_porMedir.contains(caja))
+        m_porMedir.append(caja);
+    retener();
+}
+
+void Cadencia::retener()
+{
+    if (m_plazo.isActive())
+        return;
+    const qint64 pasado = m_desdePintura.isValid() ? m_desdePintura.elapsed() : cuadro;
+    m_plazo.start(static_cast<int>(std::max(cuadro - pasado, qint64(0))));
 }
 
 // Heights first: what they move is painted where it then is.
@@ -59,10 +66,9 @@ void Cadencia::alDia()
 {
     m_plazo.stop();
     const QScopedValueRollback soltando(m_soltando, true);
-    for (const QPointer<QObject> &caja : std::exchange(m_porMedir, {})) {
-        QEvent medir(QEvent::LayoutRequest);
+    for (const QPointer<CajaRotulo> &caja : std::exchange(m_porMedir, {})) {
         if (caja)
-            QCoreApplication::sendEvent(caja, &medir);
+            caja->medir();
     }
     QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
     QCoreApplication::sendPostedEvents(m_ventana, QEvent::UpdateRequest);

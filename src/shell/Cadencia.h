@@ -14,6 +14,8 @@
 #include <chrono>
 #include <functional>
 
+class CajaRotulo;
+
 class Cadencia : public QObject {
     Q_OBJECT
 public:
@@ -35,8 +37,11 @@ protected:
     bool eventFilter(QObject *objeto, QEvent *suceso) override;
 
 private:
+    void porMedir(CajaRotulo *caja);
+    void retener();
+
     QPointer<QWidget> m_ventana;
-    QList<QPointer<QObject>> m_porMedir; // the boxes of progress texts that have changed
+    QList<QPointer<CajaRotulo>> m_porMedir; // the boxes of progress texts that have changed
     bool m_porPintar = false;
     bool m_soltando = false;
     QElapsedTimer m_desdePintura; // since the window was last painted

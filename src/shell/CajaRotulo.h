@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The place of one label in a layout. A label's every new text has its layout worked out again,
-// with all that is in it; in a box of its own it does so only when its height has become another.
+// with all that is in it; in a box of its own it does so only when it is measured and its height
+// has become another.
 #pragma once
 
 #include <QWidget>
@@ -10,16 +11,17 @@ class CajaRotulo : public QWidget {
 public:
     explicit CajaRotulo(QWidget *padre = nullptr);
 
-    // Those of the label, the box's one child.
-    QSize sizeHint() const override;
-    QSize minimumSizeHint() const override;
-    int heightForWidth(int ancho) const override;
+    // Asks for another layout if the text of the label, the box's one child, needs another height.
+    void medir();
 
-protected:
-    bool event(QEvent *suceso) override;
-    void resizeEvent(QResizeEvent *suceso) override;
+Q_SIGNALS:
+    // The label may need another height. It is measured when whoever listens sees fit: nobody else
+    // does.
+    void porMedir();
 
 private:
+    class Lugar;
+
     QWidget *rotulo() const;
 
     int m_alto = -1; // of the text that the layout was last worked out for; -1: not known
