@@ -329,6 +329,8 @@ def cercano(banco, base, alcance_pared, alcance_cpu, muestra):
               razon("CPU", ventana, bucle, "cpu", alcance_cpu),
               Cifra("requests", cuantas, nota=f"window: {por_peticion(ventana)}; "
                                               f"bare loop: {por_peticion(bucle)}"),
+              Cifra("drawn within the pauses, a request", una["enPausas"] / cuantas * 1e6,
+                    unidad="us", nota="in the CPU above, and not in the wall time"),
               Cifra("paints a request", sucesos.get("Paint", 0) / cuantas),
               Cifra("layouts asked for a request", sucesos.get("LayoutRequest", 0) / cuantas),
               Cifra("CPU of the display", series(ventana, "cpu_xvfb").mediana, unidad="s"),

@@ -155,15 +155,28 @@ void Jornada::alDescargar()
 void Jornada::marcar(int hechas)
 {
     m_marcas.append(QJsonObject{{u"documentos"_s, hechas},
-                                {u"pared"_s, consumo::ahora() - m_empieza},
+                                {u"pared"_s, pared()},
                                 {u"cpu"_s, consumo::cpu() - m_cpuAntes},
                                 {u"memoria"_s, consumo::memoria()}});
 }
 
-// From the first click up to now.
+void Jornada::contarPausa(std::chrono::nanoseconds queda)
+{
+    constexpr std::chrono::nanoseconds pausa = std::chrono::milliseconds(500);
+    ++m_pausas;
+    m_enPausas += std::chrono::duration<double>(pausa - queda).count();
+}
+
+// Wall time from the first click up to now.
+double Jornada::pared() const
+{
+    return consumo::ahora() - m_empieza - (m_encargo.pausasReales ? 0 : m_enPausas);
+}
+
 QJsonObject Jornada::tramo() const
 {
-    QJsonObject medido{{u"pared"_s, consumo::ahora() - m_empieza},
+    QJsonObject medido{{u"pared"_s, pared()},
+                       {u"enPausas"_s, m_enPausas},
                        {u"cpu"_s, consumo::cpu() - m_cpuAntes},
                        {u"pausas"_s, m_pausas},
                        {u"sucesos"_s, m_cuentas.tomar()},

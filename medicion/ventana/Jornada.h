@@ -38,8 +38,9 @@ public:
     // printed and the process ends.
     QJsonObject hacer();
 
-    // Instead of a pause.
-    void contarPausa() { ++m_pausas; }
+    // Of each pause is told what is left of it when the window has been drawn in it. That drawing
+    // costs a real run no time, since the pause goes on meanwhile, and is taken out with the pause.
+    void contarPausa(std::chrono::nanoseconds queda);
 
 private:
     QWidget *elemento(const char *nombre) const;
@@ -49,6 +50,7 @@ private:
     void alVer(QObject *objeto, QEvent *suceso);
     void alDescargar();
     void marcar(int hechas);
+    double pared() const;
     QJsonObject tramo() const;
     QString haciendo() const;
 
@@ -61,5 +63,6 @@ private:
     double m_empieza = 0;
     double m_cpuAntes = 0;
     int m_pausas = 0;
-    int m_hechas = 0; // of the students' documents
+    double m_enPausas = 0; // seconds that were drawn in them
+    int m_hechas = 0;      // of the students' documents
 };

@@ -84,10 +84,10 @@ int main(int cuantos, char *argumentos[])
                                         ? HttpClient::autoridadesDelSistema()
                                         : encargo.autoridades,
                      .pausa =
-                         [&](std::chrono::milliseconds duracion) {
-                             jornada->contarPausa();
+                         [&](std::chrono::nanoseconds queda) {
+                             jornada->contarPausa(queda);
                              if (encargo.pausasReales)
-                                 pausa(duracion);
+                                 pausa(queda);
                          },
                      .terminar =
                          [] {

@@ -3,7 +3,7 @@
 
 #include <thread>
 
-void pausa(std::chrono::milliseconds duracion)
+void pausa(std::chrono::nanoseconds duracion)
 {
     std::this_thread::sleep_for(duracion);
 }

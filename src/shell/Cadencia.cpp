@@ -77,10 +77,11 @@ void Cadencia::alDia()
         QCoreApplication::sendEvent(m_ventana, &pintar);
 }
 
-Cadencia::Pausa Cadencia::alDiaEn(Pausa pausa)
+Cadencia::Pausa Cadencia::alDiaEn(Sueno duermeLoQueResta)
 {
-    return [this, pausa = std::move(pausa)](std::chrono::milliseconds duracion) {
+    return [this, dormir = std::move(duermeLoQueResta)](std::chrono::milliseconds duracion) {
+        const auto hasta = std::chrono::steady_clock::now() + duracion;
         alDia();
-        pausa(duracion);
+        dormir(std::max(hasta - std::chrono::steady_clock::now(), std::chrono::nanoseconds(0)));
     };
 }

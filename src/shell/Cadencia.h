@@ -28,10 +28,12 @@ public:
     // Draws what has been held back.
     void alDia();
 
-    // The pause during which the event loop does not turn, with the window brought up to date
-    // before it: what it shows then is seen for a long time. It must not outlive this object.
+    // A pause during which the event loop does not turn. The window is brought up to date in it,
+    // since what it shows then is seen for a long time: `duermeLoQueResta` is given what is left
+    // after that. It must not outlive this object.
     using Pausa = std::function<void(std::chrono::milliseconds)>;
-    Pausa alDiaEn(Pausa pausa);
+    using Sueno = std::function<void(std::chrono::nanoseconds)>;
+    Pausa alDiaEn(Sueno duermeLoQueResta);
 
 protected:
     bool eventFilter(QObject *objeto, QEvent *suceso) override;

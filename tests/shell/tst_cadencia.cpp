@@ -10,7 +10,12 @@
 #include <QTest>
 #include <QVBoxLayout>
 
+#include <atomic>
 #include <chrono>
+
+#include <sys/syscall.h>
+#include <time.h>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -19,6 +24,9 @@ namespace {
 
 constexpr int cambios = 400;
 constexpr qint64 cuadro = 16; // milliseconds
+
+// By how much the clock has been put forward.
+std::atomic<std::chrono::milliseconds> adelanto{};
 
 // Counts how often it is worked out.
 class Columna : public QVBoxLayout {
@@ -57,6 +65,7 @@ public:
 class Testigo : public QObject {
 public:
     QList<int> pintados;
+    std::chrono::milliseconds tarda{}; // each painting, by the clock
 
     int ultimo() const { return pintados.isEmpty() ? -1 : pintados.last(); }
 
@@ -66,12 +75,24 @@ protected:
         const auto *barra = qobject_cast<BarraProgreso *>(objeto);
         if (barra && suceso->type() == QEvent::Paint) {
             pintados.append(barra->value());
+            adelanto = adelanto.load() + tarda;
         }
         return false;
     }
 };
 
 } // namespace
+
+// The system's clock as all of the process sees it, the library too.
+extern "C" int clock_gettime(clockid_t reloj, timespec *hora) noexcept
+{
+    if (::syscall(SYS_clock_gettime, reloj, hora) != 0)
+        return -1;
+    const qint64 nanos = hora->tv_nsec + std::chrono::nanoseconds(adelanto.load()).count();
+    hora->tv_sec += nanos / 1'000'000'000;
+    hora->tv_nsec = nanos % 1'000'000'000;
+    return 0;
+}
 
 class tst_cadencia : public QObject {
     Q_OBJECT
@@ -141,9 +162,30 @@ private Q_SLOTS:
         retenerUnCambio();
         int alPausar = -1;
         const auto pausa =
-            m_cadencia->alDiaEn([&](std::chrono::milliseconds) { alPausar = m_testigo->ultimo(); });
+            m_cadencia->alDiaEn([&](std::chrono::nanoseconds) { alPausar = m_testigo->ultimo(); });
         pausa(500ms);
         QCOMPARE(alPausar, m_barra->valor());
+    }
+
+    void pausa_loQueTardaLaPinturaEsDeElla_data()
+    {
+        QTest::addColumn<std::chrono::milliseconds>("tarda");
+        QTest::addColumn<std::chrono::nanoseconds>("queda"); // at the most
+        QTest::newRow("poco") << 30ms << std::chrono::nanoseconds(470ms);
+        QTest::newRow("mas que la pausa") << 700ms << std::chrono::nanoseconds(0);
+    }
+    void pausa_loQueTardaLaPinturaEsDeElla()
+    {
+        QFETCH(std::chrono::milliseconds, tarda);
+        QFETCH(std::chrono::nanoseconds, queda);
+        retenerUnCambio();
+        m_testigo->tarda = tarda;
+        std::chrono::nanoseconds pedida = 1h;
+        const auto antes = std::chrono::steady_clock::now();
+        m_cadencia->alDiaEn([&](std::chrono::nanoseconds resta) { pedida = resta; })(500ms);
+        const auto pasado = std::chrono::steady_clock::now() - antes;
+        QVERIFY2(pedida >= 0ns && pedida <= queda, qPrintable(QString::number(pedida.count())));
+        QVERIFY(pedida == 0ns || pedida + pasado >= 500ms);
     }
 
     void textoDeMasLineas_rotuloMasAlto()

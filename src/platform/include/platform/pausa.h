@@ -5,4 +5,4 @@
 #include <chrono>
 
 // Stops the window's thread for this much wall time. No handler runs meanwhile.
-void pausa(std::chrono::milliseconds duracion);
+void pausa(std::chrono::nanoseconds duracion);

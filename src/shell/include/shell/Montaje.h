@@ -18,7 +18,8 @@ public:
     struct Pedido {
         QString ServiceBase; // scheme and host, without a trailing slash
         QString autoridades; // the file of trusted certificate authorities
-        std::function<void(std::chrono::milliseconds)> pausa;
+        // Sleeps; it is given what is left of a pause once the window has been drawn in it.
+        std::function<void(std::chrono::nanoseconds)> pausa;
         std::function<void()> terminar; // see Form1
     };
     explicit Montaje(const Pedido &pedido);
