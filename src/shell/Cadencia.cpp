@@ -12,6 +12,7 @@
 namespace {
 
 constexpr qint64 cuadro = 16; // milliseconds: one picture of sixty a second
+constexpr qint64 respiro = 4; // milliseconds: far longer than it takes to send a request
 
 } // namespace
 
@@ -58,7 +59,7 @@ void Cadencia::retener()
     if (m_plazo.isActive())
         return;
     const qint64 pasado = m_desdePintura.isValid() ? m_desdePintura.elapsed() : cuadro;
-    m_plazo.start(static_cast<int>(std::max(cuadro - pasado, qint64(0))));
+    m_plazo.start(static_cast<int>(std::max(cuadro - pasado, respiro)));
 }
 
 // Heights first: what they move is painted where it then is.

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Gathers the painting of one window, and the measuring of its progress texts. A run changes its
 // texts and bars many hundred times a second, and nobody sees more than some sixty pictures: the
-// elements themselves change at once, what is drawn of them follows at the latest 16 ms behind.
+// elements themselves change at once, what is drawn of them follows at the latest 16 ms behind, and
+// never at once: the request that comes after a change goes out before the change is drawn.
 #pragma once
 
 #include <QElapsedTimer>

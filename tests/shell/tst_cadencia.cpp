@@ -25,8 +25,17 @@ namespace {
 constexpr int cambios = 400;
 constexpr qint64 cuadro = 16; // milliseconds
 
-// By how much the clock has been put forward.
+// By how much the clock has been put forward, and at what it stands still; 0: it runs.
 std::atomic<std::chrono::milliseconds> adelanto{};
+std::atomic<qint64> detenido = 0; // nanoseconds
+
+class Detenido {
+public:
+    Detenido() { detenido = std::chrono::steady_clock::now().time_since_epoch().count(); }
+    ~Detenido() { detenido = 0; }
+    Detenido(const Detenido &) = delete;
+    Detenido &operator=(const Detenido &) = delete;
+};
 
 // Counts how often it is worked out.
 class Columna : public QVBoxLayout {
@@ -91,6 +100,10 @@ extern "C" int clock_gettime(clockid_t reloj, timespec *hora) noexcept
     const qint64 nanos = hora->tv_nsec + std::chrono::nanoseconds(adelanto.load()).count();
     hora->tv_sec += nanos / 1'000'000'000;
     hora->tv_nsec = nanos % 1'000'000'000;
+    if (reloj == CLOCK_MONOTONIC && detenido != 0) {
+        hora->tv_sec = detenido / 1'000'000'000;
+        hora->tv_nsec = detenido % 1'000'000'000;
+    }
     return 0;
 }
 
@@ -186,6 +199,21 @@ private Q_SLOTS:
         const auto pasado = std::chrono::steady_clock::now() - antes;
         QVERIFY2(pedida >= 0ns && pedida <= queda, qPrintable(QString::number(pedida.count())));
         QVERIFY(pedida == 0ns || pedida + pasado >= 500ms);
+    }
+
+    // Whatever follows the change at once, a request above all, goes first.
+    void unCambioTrasMuchaCalma_noSePintaEnSeguida()
+    {
+        adelanto = adelanto.load() + 100ms;
+        m_testigo->pintados.clear();
+        {
+            const Detenido reloj;
+            m_barra->ponerValor(m_barra->valor() + 1);
+            for (int vuelta = 0; vuelta < 10; ++vuelta)
+                QCoreApplication::processEvents();
+            QVERIFY(m_testigo->pintados.isEmpty());
+        }
+        QTRY_COMPARE(m_testigo->ultimo(), m_barra->valor());
     }
 
     void textoDeMasLineas_rotuloMasAlto()
