@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/HttpClient.h"
+#include "BibliotecaCurl.h"
 #include "HttpClientSistema.h"
 #include "IntentosHttp.h"
 #include "MotorHttp.h"
@@ -9,38 +10,13 @@
 #include <algorithm>
 #include <vector>
 
-#include <curl/curl.h>
-
 namespace {
 
 constexpr int redireccionesMaximas = 10;
 
-// The library, made ready for use. It is never undone: a name look-up that was left to itself may
-// be at work in it until the process ends.
-struct Biblioteca {
-    bool lista = preparar();
-
-private:
-    static bool preparar()
-    {
-        HttpClientSistema::preparar();
-        return curl_global_init(CURL_GLOBAL_DEFAULT) == CURLE_OK;
-    }
-};
-
-struct BorraManija {
-    void operator()(CURL *easy) const { curl_easy_cleanup(easy); }
-};
-using Manija = std::unique_ptr<CURL, BorraManija>;
-
-struct BorraComun {
-    void operator()(CURLSH *comun) const { curl_share_cleanup(comun); }
-};
-
-struct BorraLista {
-    void operator()(curl_slist *lista) const { curl_slist_free_all(lista); }
-};
-using Lista = std::unique_ptr<curl_slist, BorraLista>;
+using Manija = std::unique_ptr<CURL, decltype(&curl_easy_cleanup)>;
+using Comun = std::unique_ptr<CURLSH, decltype(&curl_share_cleanup)>;
+using Lista = std::unique_ptr<curl_slist, decltype(&curl_slist_free_all)>;
 
 // Counts a request for as long as its caller waits.
 class EnCurso {
@@ -55,33 +31,40 @@ private:
 };
 
 // Null when there are no headers, and when one of them could not be added.
-Lista listaDe(const HttpClient::Cabeceras &cabeceras)
+Lista listaDe(const BibliotecaCurl &curl, const HttpClient::Cabeceras &cabeceras)
 {
-    Lista lista;
+    Lista lista(nullptr, curl.slist_free_all);
     for (const auto &[nombre, valor] : cabeceras) {
-        curl_slist *mas = curl_slist_append(lista.get(), (nombre + ": " + valor).constData());
+        curl_slist *mas = curl.slist_append(lista.get(), (nombre + ": " + valor).constData());
         if (!mas)
-            return nullptr;
+            return {nullptr, curl.slist_free_all};
         static_cast<void>(lista.release()); // the same list, by its first member
         lista.reset(mas);
     }
     return lista;
 }
 
-} // namespace
-
-class HttpClient::Interno {
+// All that requests need and share, from the first one on.
+class Peticiones {
 public:
-    Interno(const QString &autoridades, const Limites &limites)
-        : m_autoridades(autoridades.toUtf8()), m_limites(limites),
-          m_motor([this](CURL *easy, CURLcode resultado) { alTerminar(easy, resultado); }),
-          m_listo(m_biblioteca.lista && m_comun && m_motor.listo())
+    using Cabeceras = HttpClient::Cabeceras;
+
+    Peticiones(const BibliotecaCurl &curl, const QByteArray &autoridades,
+               const HttpClient::Limites &limites)
+        : m_curl(curl), m_autoridades(autoridades), m_limites(limites),
+          m_comienzo(curl.global_init(CURL_GLOBAL_DEFAULT)),
+          m_comun(curl.share_init(), curl.share_cleanup),
+          m_motor(m_curl, [this](CURL *easy, CURLcode resultado) { alTerminar(easy, resultado); }),
+          m_listo(m_comienzo == CURLE_OK && m_comun && m_motor.listo())
     {
         for (const curl_lock_data que :
              {CURL_LOCK_DATA_COOKIE, CURL_LOCK_DATA_DNS, CURL_LOCK_DATA_SSL_SESSION})
             m_listo =
-                m_listo && curl_share_setopt(m_comun.get(), CURLSHOPT_SHARE, que) == CURLSHE_OK;
+                m_listo && m_curl.share_setopt(m_comun.get(), CURLSHOPT_SHARE, que) == CURLSHE_OK;
     }
+
+    // Whether all of it could be had. Every request fails otherwise, without a wait.
+    bool listo() const { return m_listo; }
 
     struct Respuesta {
         CURLcode resultado = CURLE_OK;
@@ -98,11 +81,11 @@ public:
     {
         Respuesta respuesta;
         respuesta.resultado = CURLE_FAILED_INIT;
-        Manija manija = m_listo ? tomar() : nullptr;
-        const Lista lista = listaDe(cabeceras);
+        Manija manija = m_listo ? tomar() : ninguna();
+        const Lista lista = listaDe(m_curl, cabeceras);
         if (!manija || (!lista && !cabeceras.isEmpty()))
             return respuesta;
-        TransferenciaHttp transferencia(manija.get(), recibir, m_limites.texto);
+        TransferenciaHttp transferencia(m_curl, manija.get(), recibir, m_limites.texto);
         if (!preparar(transferencia, direccion, protocolos, lista.get()))
             return respuesta;
 
@@ -129,7 +112,7 @@ public:
     std::optional<long> seguir(const QByteArray &direccion, const Cabeceras &cabeceras,
                                const TransferenciaHttp::Recibir &recibir)
     {
-        if (m_enCurso == peticionesMaximas)
+        if (m_enCurso == HttpClient::peticionesMaximas)
             return std::nullopt;
         const EnCurso esta(m_enCurso);
         direccionHttp::Partes actual = direccionHttp::separar(direccion);
@@ -151,20 +134,20 @@ public:
         }
     }
 
-    qint64 limiteTexto() const { return m_limites.texto; }
-
 private:
+    Manija ninguna() const { return {nullptr, m_curl.easy_cleanup}; }
+
     // Null when there is none to be had.
     Manija tomar()
     {
         if (m_libres.empty())
-            return Manija(curl_easy_init());
+            return {m_curl.easy_init(), m_curl.easy_cleanup};
         Manija manija = std::move(m_libres.back());
         m_libres.pop_back();
         // Which a reset would lose.
-        if (curl_easy_setopt(manija.get(), CURLOPT_COOKIEFILE, nullptr) != CURLE_OK)
-            return nullptr;
-        curl_easy_reset(manija.get());
+        if (m_curl.easy_setopt(manija.get(), CURLOPT_COOKIEFILE, nullptr) != CURLE_OK)
+            return ninguna();
+        m_curl.easy_reset(manija.get());
         return manija;
     }
 
@@ -175,7 +158,7 @@ private:
     {
         bool bien = true;
         const auto poner = [&](CURLoption opcion, auto valor) {
-            bien = bien && curl_easy_setopt(transferencia.easy, opcion, valor) == CURLE_OK;
+            bien = bien && m_curl.easy_setopt(transferencia.easy, opcion, valor) == CURLE_OK;
         };
         constexpr const char *nada = nullptr;
         poner(CURLOPT_URL, (direccion.servidor + direccion.destino).constData());
@@ -246,7 +229,7 @@ private:
     {
         m_motor.quitar(easy);
         TransferenciaHttp *transferencia = nullptr;
-        curl_easy_getinfo(easy, CURLINFO_PRIVATE, &transferencia);
+        m_curl.easy_getinfo(easy, CURLINFO_PRIVATE, &transferencia);
         m_haContestado = m_haContestado || transferencia->cabeceraEntera();
         if (!m_haContestado || !transferencia->intentos->otroTras(resultado))
             terminar(*transferencia, resultado);
@@ -263,17 +246,53 @@ private:
         m_motor.quitar(transferencia.easy);
     }
 
+    BibliotecaCurl m_curl;
     QByteArray m_autoridades;
-    Limites m_limites;
+    HttpClient::Limites m_limites;
     // In this order, and undone in the other: what is shared outlives the transfers' engine and
-    // the handles that share it.
-    Biblioteca m_biblioteca;
-    std::unique_ptr<CURLSH, BorraComun> m_comun{curl_share_init()};
+    // the handles that share it. How the library was begun is never undone: a name look-up that
+    // was left to itself may be at work in it until the process ends.
+    CURLcode m_comienzo;
+    Comun m_comun;
     MotorHttp m_motor;
     bool m_listo = false; // all of them could be had
     std::vector<Manija> m_libres;
     bool m_haContestado = false; // the service, in this process
     int m_enCurso = 0;           // requests, one within the other
+};
+
+} // namespace
+
+class HttpClient::Interno {
+public:
+    Interno(const QString &autoridades, const Limites &limites)
+        : m_autoridades(autoridades.toUtf8()), m_limites(limites)
+    {
+        HttpClientSistema::preparar();
+    }
+
+    // As `Peticiones` does. What the first request cannot have makes it fail, and the next one
+    // tries to have it again.
+    std::optional<long> seguir(const QByteArray &direccion, const Cabeceras &cabeceras,
+                               const TransferenciaHttp::Recibir &recibir)
+    {
+        if (!m_peticiones || !m_peticiones->listo())
+            empezar();
+        return m_peticiones ? m_peticiones->seguir(direccion, cabeceras, recibir) : std::nullopt;
+    }
+
+    qint64 limiteTexto() const { return m_limites.texto; }
+
+private:
+    void empezar()
+    {
+        if (const auto curl = BibliotecaCurl::traer())
+            m_peticiones.emplace(*curl, m_autoridades, m_limites);
+    }
+
+    QByteArray m_autoridades;
+    Limites m_limites;
+    std::optional<Peticiones> m_peticiones;
 };
 
 HttpClient::HttpClient(const QString &autoridades) : HttpClient(autoridades, Limites()) {}

@@ -17,11 +17,12 @@ constexpr milliseconds deCerca(4);
 
 } // namespace
 
-MotorHttp::MotorHttp(AlTerminar alTerminar)
-    : m_alTerminar(std::move(alTerminar)), m_multi(curl_multi_init()), m_listo(m_multi != nullptr)
+MotorHttp::MotorHttp(const BibliotecaCurl &curl, AlTerminar alTerminar)
+    : m_curl(curl), m_alTerminar(std::move(alTerminar)), m_multi(curl.multi_init()),
+      m_listo(m_multi != nullptr)
 {
     const auto poner = [&](CURLMoption opcion, auto valor) {
-        m_listo = m_listo && curl_multi_setopt(m_multi, opcion, valor) == CURLM_OK;
+        m_listo = m_listo && m_curl.multi_setopt(m_multi, opcion, valor) == CURLM_OK;
     };
     poner(CURLMOPT_SOCKETFUNCTION, &MotorHttp::alCambiarSocket);
     poner(CURLMOPT_SOCKETDATA, this);
@@ -35,12 +36,12 @@ MotorHttp::MotorHttp(AlTerminar alTerminar)
 MotorHttp::~MotorHttp()
 {
     if (m_multi)
-        curl_multi_cleanup(m_multi);
+        m_curl.multi_cleanup(m_multi);
 }
 
 bool MotorHttp::poner(CURL *easy)
 {
-    const bool puesta = curl_multi_add_handle(m_multi, easy) == CURLM_OK;
+    const bool puesta = m_curl.multi_add_handle(m_multi, easy) == CURLM_OK;
     vigilar();
     return puesta;
 }
@@ -48,7 +49,7 @@ bool MotorHttp::poner(CURL *easy)
 // To take off what is not there changes nothing.
 void MotorHttp::quitar(CURL *easy)
 {
-    static_cast<void>(curl_multi_remove_handle(m_multi, easy));
+    static_cast<void>(m_curl.multi_remove_handle(m_multi, easy));
     vigilar();
 }
 
@@ -106,9 +107,9 @@ void MotorHttp::actuar(curl_socket_t conexion, int suceso)
 {
     int enMarcha = 0;
     // What goes wrong with a transfer here is told by the message of its end.
-    static_cast<void>(curl_multi_socket_action(m_multi, conexion, suceso, &enMarcha));
+    static_cast<void>(m_curl.multi_socket_action(m_multi, conexion, suceso, &enMarcha));
     int restantes = 0;
-    while (const CURLMsg *mensaje = curl_multi_info_read(m_multi, &restantes)) {
+    while (const CURLMsg *mensaje = m_curl.multi_info_read(m_multi, &restantes)) {
         if (mensaje->msg == CURLMSG_DONE)
             m_alTerminar(mensaje->easy_handle, mensaje->data.result);
     }

@@ -3,6 +3,8 @@
 // of the client's or a message box, moves all of them on.
 #pragma once
 
+#include "BibliotecaCurl.h"
+
 #include <QObject>
 #include <QSocketNotifier>
 #include <QTimer>
@@ -14,8 +16,6 @@
 #include <optional>
 #include <vector>
 
-#include <curl/curl.h>
-
 class MotorHttp : public QObject {
 public:
     using Reloj = std::chrono::steady_clock;
@@ -24,7 +24,8 @@ public:
     // refers to must outlive this object.
     using AlTerminar = std::function<void(CURL *, CURLcode)>;
 
-    explicit MotorHttp(AlTerminar alTerminar);
+    // `curl` is borrowed, and must outlive the object.
+    MotorHttp(const BibliotecaCurl &curl, AlTerminar alTerminar);
     ~MotorHttp() override;
 
     // Whether the library has given all that is needed. Nothing may be started otherwise.
@@ -62,6 +63,7 @@ private:
     static int alCambiarPlazo(CURLM *, long espera, void *quien);
     void retirar(std::unique_ptr<QSocketNotifier> &aviso);
 
+    const BibliotecaCurl &m_curl;
     AlTerminar m_alTerminar;
     CURLM *m_multi = nullptr;
     bool m_listo = false;

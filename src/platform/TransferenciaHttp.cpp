@@ -24,7 +24,7 @@ bool TransferenciaHttp::atender()
 {
     bool bien = true;
     const auto poner = [&](CURLoption opcion, auto valor) {
-        bien = bien && curl_easy_setopt(easy, opcion, valor) == CURLE_OK;
+        bien = bien && m_curl.easy_setopt(easy, opcion, valor) == CURLE_OK;
     };
     poner(CURLOPT_WRITEFUNCTION, &TransferenciaHttp::alRecibirCuerpo);
     poner(CURLOPT_WRITEDATA, this);
@@ -43,7 +43,7 @@ bool TransferenciaHttp::atender()
 // refuse to be given none.
 TransferenciaHttp::~TransferenciaHttp()
 {
-    static_cast<void>(curl_easy_setopt(easy, CURLOPT_ERRORBUFFER, nullptr));
+    static_cast<void>(m_curl.easy_setopt(easy, CURLOPT_ERRORBUFFER, nullptr));
 }
 
 bool TransferenciaHttp::renovar(long conexion)
@@ -51,7 +51,7 @@ bool TransferenciaHttp::renovar(long conexion)
     m_error.front() = '\0';
     m_conSalida.clear();
     m_sinSalida = 0;
-    return curl_easy_setopt(easy, CURLOPT_CONNECTTIMEOUT_MS, conexion) == CURLE_OK;
+    return m_curl.easy_setopt(easy, CURLOPT_CONNECTTIMEOUT_MS, conexion) == CURLE_OK;
 }
 
 std::chrono::milliseconds TransferenciaHttp::quieta() const
@@ -87,7 +87,7 @@ long TransferenciaHttp::estado() const
 {
     long numero = 0;
     // It stays 0 when there is nothing to tell.
-    static_cast<void>(curl_easy_getinfo(easy, CURLINFO_RESPONSE_CODE, &numero));
+    static_cast<void>(m_curl.easy_getinfo(easy, CURLINFO_RESPONSE_CODE, &numero));
     return numero;
 }
 

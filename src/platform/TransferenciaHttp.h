@@ -2,6 +2,7 @@
 // One request on its way: the library's transfer, and what has come of its reply.
 #pragma once
 
+#include "BibliotecaCurl.h"
 #include "decodificacionHttp.h"
 
 #include <QByteArray>
@@ -13,8 +14,6 @@
 #include <functional>
 #include <memory>
 
-#include <curl/curl.h>
-
 class IntentosHttp;
 
 class TransferenciaHttp {
@@ -23,11 +22,12 @@ public:
     using Recibir = std::function<bool(const char *, qsizetype)>;
     using Reloj = std::chrono::steady_clock;
 
-    // `easy` is borrowed, and must outlive the object. The object must not move: the library holds
-    // its address. What `recibir` refers to must outlive it. `limiteSalto`: how many bytes a
-    // redirect's own body may have.
-    TransferenciaHttp(CURL *easy, const Recibir &recibir, qint64 limiteSalto)
-        : easy(easy), m_recibir(recibir), m_limiteSalto(limiteSalto)
+    // `curl` and `easy` are borrowed, and must outlive the object. The object must not move: the
+    // library holds its address. What `recibir` refers to must outlive it. `limiteSalto`: how many
+    // bytes a redirect's own body may have.
+    TransferenciaHttp(const BibliotecaCurl &curl, CURL *easy, const Recibir &recibir,
+                      qint64 limiteSalto)
+        : easy(easy), m_curl(curl), m_recibir(recibir), m_limiteSalto(limiteSalto)
     {
     }
     ~TransferenciaHttp();
@@ -75,6 +75,7 @@ private:
     void terminarCabecera();
     bool recibirCuerpo(const char *datos, qsizetype cuantos);
 
+    const BibliotecaCurl &m_curl;
     Recibir m_recibir;
     qint64 m_limiteSalto;
     qint64 m_salto = 0; // of it so far

@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "platform/direccionHttp.h"
+#include "BibliotecaCurl.h"
 
 #include <QList>
 
 #include <algorithm>
 #include <memory>
 #include <string_view>
-
-#include <curl/curl.h>
 
 namespace direccionHttp {
 namespace {
@@ -49,15 +48,19 @@ bool esSegura(const QByteArray &direccion)
 // for the same reason, and because one that cannot be read is given there as it came.
 std::optional<QByteArray> direccionDe(const QByteArray &lugar, const QByteArray &desde)
 {
+    const auto curl = BibliotecaCurl::traer();
+    if (!curl)
+        return std::nullopt;
     const QByteArray escrito = destinoEnLinea(lugar.split('#').first());
-    const std::unique_ptr<CURLU, decltype(&curl_url_cleanup)> partes(curl_url(), curl_url_cleanup);
+    const std::unique_ptr<CURLU, decltype(&curl_url_cleanup)> partes(curl->url(),
+                                                                     curl->url_cleanup);
     char *entera = nullptr;
-    if (!partes || curl_url_set(partes.get(), CURLUPART_URL, desde.constData(), 0) != CURLUE_OK
-        || curl_url_set(partes.get(), CURLUPART_URL, escrito.constData(), 0) != CURLUE_OK
-        || curl_url_get(partes.get(), CURLUPART_URL, &entera, 0) != CURLUE_OK)
+    if (!partes || curl->url_set(partes.get(), CURLUPART_URL, desde.constData(), 0) != CURLUE_OK
+        || curl->url_set(partes.get(), CURLUPART_URL, escrito.constData(), 0) != CURLUE_OK
+        || curl->url_get(partes.get(), CURLUPART_URL, &entera, 0) != CURLUE_OK)
         return std::nullopt;
     const QByteArray direccion(entera);
-    curl_free(entera);
+    curl->free(entera);
     if (!esSegura(direccion) && direccion.left(5).toLower() != "http:")
         return std::nullopt;
     return direccion;

@@ -116,6 +116,31 @@ int pedirConDescriptores(const QByteArray &direccion, const QString &autoridad, 
     return 0;
 }
 
+bool tieneLaBiblioteca()
+{
+    QFile mapas(u"/proc/self/maps"_s);
+    return mapas.open(QIODevice::ReadOnly) && mapas.readAll().contains("libcurl");
+}
+
+int pedirConBiblioteca(const QByteArray &direccion)
+{
+    HttpClient http;
+    const bool antes = tieneLaBiblioteca();
+    const auto respuesta = http.get(direccion, {});
+    std::printf("%d\n%s\n%d\n", antes, respuesta.value_or("nada").constData(), tieneLaBiblioteca());
+    return 0;
+}
+
+// Once in vain, and once when nothing stands in the library's way any more.
+int pedirDosVeces(const QByteArray &direccion, const QString &estorbo)
+{
+    HttpClient http;
+    std::printf("%s\n", http.get(direccion, {}).value_or("nada").constData());
+    std::printf("%d\n", QFile::remove(estorbo));
+    std::printf("%s\n", http.get(direccion, {}).value_or("nada").constData());
+    return 0;
+}
+
 } // namespace
 
 class tst_HttpProceso : public QObject {
@@ -130,6 +155,8 @@ private Q_SLOTS:
     void archivoDeLlaves_noSeEscribe();
     void pocosDescriptores_terminaSiempre_data();
     void pocosDescriptores_terminaSiempre();
+    void biblioteca_vieneConLaPrimeraPeticion();
+    void bibliotecaQueNoSeCarga_peticionFallidaHastaQueLaHay();
 
 private:
     QTemporaryDir m_carpeta;
@@ -234,6 +261,30 @@ void tst_HttpProceso::pocosDescriptores_terminaSiempre()
     QCOMPARE(ultima, QByteArray("305001012345")); // enough of them
 }
 
+// A window that nobody has logged in to has no use for it.
+void tst_HttpProceso::biblioteca_vieneConLaPrimeraPeticion()
+{
+    const ServidorGuion guion("HTTP/1.1 200 OK\r\nContent-Length: 4\r\n\r\nhola");
+    const Salida salida = correr({u"--biblioteca"_s, QString::fromLatin1(guion.base() + "/")});
+    QVERIFY(salida.termino);
+    QCOMPARE(salida.lineas, QList<QByteArray>({"0", "hola", "1", ""}));
+}
+
+// What is found first under the library's name is no library.
+void tst_HttpProceso::bibliotecaQueNoSeCarga_peticionFallidaHastaQueLaHay()
+{
+    const ServidorGuion guion("HTTP/1.1 200 OK\r\nContent-Length: 4\r\n\r\nhola");
+    QFile estorbo(m_carpeta.filePath(u"libcurl.so.4"_s));
+    QVERIFY(estorbo.open(QIODevice::WriteOnly));
+    estorbo.close();
+    QProcessEnvironment entorno = QProcessEnvironment::systemEnvironment();
+    entorno.insert(u"LD_LIBRARY_PATH"_s, m_carpeta.path());
+    const Salida salida = correr(
+        {u"--dos-veces"_s, QString::fromLatin1(guion.base() + "/"), estorbo.fileName()}, entorno);
+    QVERIFY(salida.termino);
+    QCOMPARE(salida.lineas, QList<QByteArray>({"nada", "1", "hola", ""}));
+}
+
 int main(int argc, char **argv)
 {
     QGuiApplication aplicacion(argc, argv);
@@ -247,6 +298,10 @@ int main(int argc, char **argv)
     if (como == u"--descriptores")
         return pedirConDescriptores(direccion, argumentos.value(3), argumentos.value(4).toInt(),
                                     argumentos.value(5) == u"principio");
+    if (como == u"--biblioteca")
+        return pedirConBiblioteca(direccion);
+    if (como == u"--dos-veces")
+        return pedirDosVeces(direccion, argumentos.value(3));
     tst_HttpProceso prueba;
     return QTest::qExec(&prueba, argc, argv);
 }
