@@ -12,11 +12,11 @@
 #include "platform/HttpClient.h"
 #include "platform/pausa.h"
 #include "shell/Form1.h"
+#include "shell/Logotipo.h"
 #include "shell/Montaje.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
-#include <QIcon>
 #include <QJsonDocument>
 #include <QLibraryInfo>
 #include <QLocale>
@@ -70,7 +70,7 @@ int main(int cuantos, char *argumentos[])
 {
     QApplication aplicacion(cuantos, argumentos);
     QApplication::setApplicationName(u"Parvanel"_s);
-    QApplication::setWindowIcon(QIcon(u":/logo.svg"_s));
+    QApplication::setWindowIcon(Logotipo::icono());
     const Encargo encargo = leerEncargo(QApplication::arguments());
     QTranslator traductor;
     if (traductor.load(QLocale(QLocale::Spanish), u"qtbase"_s, u"_"_s,

@@ -12,7 +12,6 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
-#include <QSvgRenderer>
 
 using namespace Qt::StringLiterals;
 
@@ -46,8 +45,6 @@ void Form1::unirElementos()
                           .estadoTS = ui->estadoTS,
                           .estadoHS = ui->estadoHS};
     ui->Dir1->ponerDisco(&m_entorno.disco);
-    ui->Image1->load(u":/logo.svg"_s);
-    ui->Image1->renderer()->setAspectRatioMode(Qt::KeepAspectRatio);
 
     const QList<QRadioButton *> modos = {ui->Option1_0, ui->Option1_1, ui->Option1_2,
                                          ui->Option1_3};

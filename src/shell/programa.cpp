@@ -3,9 +3,9 @@
 #include "platform/HttpClient.h"
 #include "platform/pausa.h"
 #include "shell/Form1.h"
+#include "shell/Logotipo.h"
 #include "shell/Montaje.h"
 
-#include <QIcon>
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QTranslator>
@@ -18,7 +18,7 @@ Programa::Programa(char *nombre)
     : m_argumentos{nombre, nullptr}, m_aplicacion(m_cuantos, m_argumentos.data())
 {
     QApplication::setApplicationName(u"Parvanel"_s);
-    QApplication::setWindowIcon(QIcon(u":/logo.svg"_s));
+    QApplication::setWindowIcon(Logotipo::icono());
 }
 
 int Programa::correr(const QString &ServiceBase)
