@@ -450,22 +450,28 @@ def arranque(banco):
     def ventana():
         return aplanada(banco.ventana(banco.llano, "--abrir"))
 
-    def vacia():
+    def vacia(*opciones):
         with banco.casa() as casa:
-            hecho = correr([BIN / "bench-vacia", "--desde", time.monotonic()], banco.entorno(casa))
+            hecho = correr([BIN / "bench-vacia", "--desde", time.monotonic(), *opciones],
+                           banco.entorno(casa))
         return aplanada(json.loads(hecho["dicho"]))
 
     def aplanada(medida):
         return {"arranque": medida["arranque"], **medida["enReposo"]}
 
-    corridas = banco.rotar({"ventana": ventana, "vacia": vacia}, 5 if banco.rapido else 20)
-    unas, otras = corridas["ventana"], corridas["vacia"]
+    corridas = banco.rotar({"ventana": ventana, "vacia": vacia,
+                            "palabra": lambda: vacia("--palabra")}, 5 if banco.rapido else 20)
+    unas, otras, palabras = corridas["ventana"], corridas["vacia"], corridas["palabra"]
     memoria = [Serie(una["pss"] for una in de) for de in (unas, otras)]
     propia = [Serie(una["propia"] for una in de).mediana for de in (unas, otras)]
     return [razon("to the first picture", unas, otras, "arranque", 1.15),
             Cifra("memory at rest", memoria[0].mediana / memoria[1].mediana, 1.35, "x",
                   f"PSS {memoria[0]} MB to {memoria[1]} MB; own {propia[0]:.3g} to "
-                  f"{propia[1]:.3g} MB")]
+                  f"{propia[1]:.3g} MB"),
+            razon("to the first picture, beside one word", unas, palabras, "arranque", None),
+            Cifra("memory at rest, beside one word",
+                  memoria[0].mediana / series(palabras, "pss").mediana, None, "x",
+                  f"PSS {memoria[0]} MB to {series(palabras, 'pss')} MB")]
 
 
 class ArbolVigilado:
