@@ -14,10 +14,12 @@ void DirListBox::ponerDisco(const DriveC *disco)
 
 void DirListBox::Path(const QString &carpeta)
 {
-    if (!m_disco || !m_disco->carpetas(carpeta))
+    const auto carpetas = m_disco ? m_disco->carpetas(carpeta) : std::nullopt;
+    if (!carpetas)
         return;
     m_carpeta = carpeta;
-    Refresh();
+    clear();
+    addItems(*carpetas);
 }
 
 void DirListBox::Refresh()
