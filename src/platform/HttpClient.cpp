@@ -212,12 +212,12 @@ private:
 
     void contarSilencio(TransferenciaHttp &transferencia)
     {
-        QTimer &silencio = transferencia.silencio;
+        QTimer &silencio = transferencia.silencio.emplace();
         silencio.setSingleShot(true);
         QObject::connect(&silencio, &QTimer::timeout, &silencio, [this, &transferencia] {
             const auto quieta = transferencia.quieta();
             if (quieta < m_limites.silencio)
-                transferencia.silencio.start(m_limites.silencio - quieta);
+                transferencia.silencio->start(m_limites.silencio - quieta);
             else
                 terminar(transferencia, CURLE_OPERATION_TIMEDOUT);
         });
@@ -242,7 +242,8 @@ private:
     {
         transferencia.resultado = resultado;
         transferencia.terminada = true;
-        transferencia.silencio.stop();
+        if (transferencia.silencio)
+            transferencia.silencio->stop();
         m_motor.quitar(transferencia.easy);
     }
 

@@ -3,14 +3,17 @@
 
 using namespace std::chrono_literals;
 
+namespace {
+
+constexpr auto mirada = 20ms; // between two looks at a look-up
+
+} // namespace
+
 IntentosHttp::IntentosHttp(TransferenciaHttp &transferencia, MotorHttp &motor,
                            const HttpClient::Limites &limites, AlFallar alFallar)
     : m_transferencia(transferencia), m_motor(motor), m_limites(limites),
       m_alFallar(std::move(alFallar))
 {
-    m_pausa.setSingleShot(true);
-    QObject::connect(&m_pausa, &QTimer::timeout, &m_pausa, [this] { intentar(); });
-    QObject::connect(&m_mirada, &QTimer::timeout, &m_mirada, [this] { mirarRespuesta(); });
 }
 
 std::chrono::milliseconds IntentosHttp::resta() const
@@ -44,7 +47,7 @@ bool IntentosHttp::otroTras(CURLcode resultado)
     const QByteArray nombre = m_transferencia.nombreBuscado();
     m_consulta = nombre.isEmpty() ? nullptr : HttpClientSistema::consultar(nombre);
     if (m_consulta)
-        m_mirada.start(20ms);
+        despertar(mirada);
     return m_consulta != nullptr;
 }
 
@@ -52,7 +55,7 @@ bool IntentosHttp::programar()
 {
     if (resta() <= m_limites.reintento)
         return false;
-    m_pausa.start(m_limites.reintento);
+    despertar(m_limites.reintento);
     return true;
 }
 
@@ -60,9 +63,22 @@ void IntentosHttp::mirarRespuesta()
 {
     using HttpClientSistema::Busqueda;
     const Busqueda busqueda = *m_consulta;
-    if (busqueda == Busqueda::EnCurso && resta() > 0ms)
+    if (busqueda == Busqueda::EnCurso && resta() > 0ms) {
+        despertar(mirada);
         return;
-    m_mirada.stop();
+    }
+    m_consulta.reset();
     if (busqueda != Busqueda::OtraVez || !programar())
         m_alFallar(m_fallo);
+}
+
+void IntentosHttp::despertar(std::chrono::milliseconds espera)
+{
+    if (!m_reloj) {
+        m_reloj.emplace();
+        m_reloj->setSingleShot(true);
+        QObject::connect(&*m_reloj, &QTimer::timeout, &*m_reloj,
+                         [this] { m_consulta ? mirarRespuesta() : intentar(); });
+    }
+    m_reloj->start(espera);
 }

@@ -13,6 +13,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 class IntentosHttp {
 public:
@@ -35,6 +36,7 @@ private:
     void intentar();
     bool programar();
     void mirarRespuesta();
+    void despertar(std::chrono::milliseconds espera);
 
     TransferenciaHttp &m_transferencia;
     MotorHttp &m_motor;
@@ -42,7 +44,8 @@ private:
     AlFallar m_alFallar;
     TransferenciaHttp::Reloj::time_point m_principio;
     CURLcode m_fallo = CURLE_OK; // of the last attempt
-    QTimer m_pausa;              // until the next
+    // The look-up of a name that goes on, or null.
     std::shared_ptr<const HttpClientSistema::Consulta> m_consulta;
-    QTimer m_mirada;
+    // Until the next look at it, or the next attempt. Hardly a request needs it.
+    std::optional<QTimer> m_reloj;
 };

@@ -13,6 +13,7 @@
 #include <chrono>
 #include <functional>
 #include <memory>
+#include <optional>
 
 class IntentosHttp;
 
@@ -43,7 +44,7 @@ public:
     CURL *const easy;
     CURLcode resultado = CURLE_OK; // when it has ended
     bool terminada = false;
-    QTimer silencio;
+    std::optional<QTimer> silencio;   // there when the reply does not come at once
     IntentosHttp *intentos = nullptr; // borrowed: those of this transfer
 
     // How long no byte has moved since the connection was made, which has a limit of its own.
