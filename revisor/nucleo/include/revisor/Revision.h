@@ -19,13 +19,13 @@
 // as near as can be. What is not known is empty.
 struct Hallazgo {
     const Regla *regla = nullptr; // a row of reglas::todas, which lives as long as the program
-    QString archivo;   // its path in the archive, with "/": "archivos/fotos/7-alumno.jpg"
-    QString idPersona; // the student concerned
-    QString persona;   // by name where a page tells it, else the id
-    QString idSalon;   // the classroom concerned: the student's own, or the page's
-    QString salon;     // by name where a page tells it, else the id
-    QString detalle;   // what is particular to this one, in Spanish: which value, what link
-    int veces = 1;     // how many pages show the same, where one finding stands for all of them
+    QString archivo{};   // its path in the archive, with "/": "archivos/fotos/7-alumno.jpg"
+    QString idPersona{}; // the student concerned
+    QString persona{};   // by name where a page tells it, else the id
+    QString idSalon{};   // the classroom concerned: the student's own, or the page's
+    QString salon{};     // by name where a page tells it, else the id
+    QString detalle{};   // what is particular to this one, in Spanish: which value, what link
+    int veces = 1;       // how many pages show the same, where one finding stands for all of them
 };
 
 enum class Veredicto {

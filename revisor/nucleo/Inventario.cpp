@@ -1,0 +1,248 @@
+// SPDX-License-Identifier: MIT
+#include "Inventario.h"
+#include "platform/nombresNativos.h"
+#include "texto.h"
+
+#include <algorithm>
+#include <chrono>
+#include <set>
+#include <system_error>
+
+using namespace Qt::StringLiterals;
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr int hondoMaximo = 64;
+
+qint64 enMilisegundos(fs::file_time_type cuando)
+{
+    using namespace std::chrono;
+    return duration_cast<milliseconds>(file_clock::to_sys(cuando).time_since_epoch()).count();
+}
+
+bool estaDentro(const fs::path &real, const fs::path &raiz)
+{
+    const auto [fin, resto] = std::mismatch(raiz.begin(), raiz.end(), real.begin(), real.end());
+    return fin == raiz.end() && resto != real.end();
+}
+
+// Whether the link stands below the folder to which it leads.
+bool leContiene(const fs::path &real, const fs::path &enlace)
+{
+    std::error_code error;
+    const fs::path suya = fs::canonical(enlace.parent_path(), error);
+    return !error && (suya == real || estaDentro(suya, real));
+}
+
+Entrada::Clase claseDe(const QString &ruta)
+{
+    const auto acaba = [&](QStringView fin) {
+        return ruta.endsWith(fin, Qt::CaseInsensitive);
+    };
+    const auto empieza = [&](QStringView inicio) {
+        return ruta.startsWith(inicio, Qt::CaseInsensitive);
+    };
+    if (ruta.mid(ruta.lastIndexOf(u'/') + 1).startsWith(u".descarga-"))
+        return Entrada::Resto;
+    if (ruta.compare(u"configuracion.txt", Qt::CaseInsensitive) == 0)
+        return Entrada::Configuracion;
+    if (empieza(u"archivos/jscript/") && acaba(u".js"))
+        return Entrada::Biblioteca;
+    if (empieza(u"archivos/images/") || empieza(u"archivos/fotos/"))
+        return acaba(u"/thumbs.db") || acaba(u"/desktop.ini") || acaba(u"/.ds_store")
+                   ? Entrada::Otra
+                   : Entrada::Imagen;
+    if (acaba(u".html") || acaba(u".htm"))
+        return Entrada::Pagina;
+    for (const QStringView fin : {u".jpg", u".jpeg", u".png", u".gif"}) {
+        if (acaba(fin))
+            return Entrada::Imagen;
+    }
+    return acaba(u".css") ? Entrada::Estilo : Entrada::Otra;
+}
+
+} // namespace
+
+class Inventario::Recorrido {
+public:
+    Recorrido(Inventario &inventario, fs::path raiz, const std::stop_token &parar)
+        : m_i(inventario), m_raiz(std::move(raiz)), m_parar(parar)
+    {
+        std::error_code error;
+        m_real = fs::canonical(m_raiz, error);
+        if (error)
+            m_i.raizLegible = false;
+        else
+            m_i.raizLegible = carpeta({}, 0);
+    }
+
+private:
+    // False when it cannot be listed.
+    bool carpeta(const fs::path &relativa, int hondo)
+    {
+        std::error_code error;
+        fs::directory_iterator lista(m_raiz / relativa, error);
+        if (error)
+            return false;
+        for (; lista != fs::directory_iterator(); lista.increment(error)) {
+            if (m_parar.stop_requested())
+                return true;
+            entrada(*lista, relativa / lista->path().filename(), hondo);
+        }
+        return !error;
+    }
+
+    void entrada(const fs::directory_entry &una, const fs::path &relativa, int hondo)
+    {
+        std::error_code error;
+        if (una.is_symlink(error))
+            enlace(una, relativa, hondo);
+        else if (una.is_directory(error))
+            subcarpeta(relativa, hondo);
+        else if (una.is_regular_file(error))
+            archivo(una, relativa);
+        // Devices, pipes and the like are none of an archive's, and are never opened.
+    }
+
+    void subcarpeta(const fs::path &relativa, int hondo)
+    {
+        const QString texto = texto::deRuta(relativa);
+        m_i.m_carpetas.insert(texto::clave(texto));
+        m_i.m_carpetasExactas.insert(texto);
+        if (hondo >= hondoMaximo || !carpeta(relativa, hondo + 1))
+            m_i.ilegibles.append(texto);
+    }
+
+    void enlace(const fs::directory_entry &una, const fs::path &relativa, int hondo)
+    {
+        const QString texto = texto::deRuta(relativa);
+        std::error_code error;
+        const fs::path destino = fs::read_symlink(una.path(), error);
+        const bool entera = !error && fs::exists(una.path(), error);
+        const QString propio = texto::deRuta(relativa.filename());
+        if (entera && nombresNativos::esOtraEscritura(propio, texto::deRuta(destino))
+            && propio != texto::deRuta(destino)) {
+            m_i.m_otrasEscrituras.insert(texto, texto::deRuta(relativa.parent_path() / destino));
+            return;
+        }
+        const fs::path real = entera ? fs::canonical(una.path(), error) : fs::path();
+        if (!entera || error)
+            m_i.sinDestino.append(texto);
+        else if (leContiene(real, una.path()))
+            m_i.sinDestino.append(texto); // it leads in a circle
+        else if (!estaDentro(real, m_real))
+            m_i.haciaFuera.append(texto);
+        else if (fs::is_regular_file(real, error))
+            archivo(fs::directory_entry(real, error), relativa);
+        else if (fs::is_directory(real, error) && m_seguidas.insert(real).second)
+            subcarpeta(relativa, hondo);
+    }
+
+    void archivo(const fs::directory_entry &una, const fs::path &relativa)
+    {
+        std::error_code sinLargo;
+        std::error_code sinFecha;
+        Entrada nueva;
+        nueva.ruta = relativa;
+        nueva.texto = texto::deRuta(relativa);
+        nueva.largo = static_cast<qint64>(una.file_size(sinLargo));
+        const auto fecha = una.last_write_time(sinFecha);
+        if (sinLargo || sinFecha) {
+            m_i.ilegibles.append(nueva.texto);
+            return;
+        }
+        nueva.fecha = enMilisegundos(fecha);
+        nueva.clase = claseDe(nueva.texto);
+        if (auto lugar = familias::lugarDe(nueva.texto)) {
+            nueva.familia = lugar->familia;
+            nueva.id = std::move(lugar->id);
+        }
+        m_i.archivos.push_back(std::move(nueva));
+    }
+
+    Inventario &m_i;
+    fs::path m_raiz;
+    fs::path m_real;
+    const std::stop_token &m_parar;
+    // Folders to which links lead: each is gone through once by them, so that links which lead to
+    // one another come to an end.
+    std::set<fs::path> m_seguidas;
+};
+
+Inventario::Inventario(const fs::path &carpeta, const std::stop_token &parar)
+{
+    try {
+        Recorrido(*this, carpeta, parar);
+    } catch (const std::exception &) {
+        // The library's own, out of memory or of a name that the system cannot turn into text.
+        raizLegible = false;
+    }
+    std::sort(archivos.begin(), archivos.end(), [](const Entrada &una, const Entrada &otra) {
+        return una.texto != otra.texto ? una.texto < otra.texto : una.ruta < otra.ruta;
+    });
+    for (QStringList *lista : {&ilegibles, &haciaFuera, &sinDestino})
+        lista->sort();
+    m_exactos.reserve(static_cast<qsizetype>(archivos.size()));
+    m_claves.reserve(static_cast<qsizetype>(archivos.size()));
+    for (std::size_t i = archivos.size(); i-- > 0;) {
+        m_exactos.insert(archivos[i].texto, static_cast<int>(i));
+        m_claves.insert(texto::clave(archivos[i].texto), static_cast<int>(i));
+    }
+}
+
+// Whether each of its names stands there letter by letter, or a link of that spelling does.
+bool Inventario::estaExacta(const QString &ruta) const
+{
+    QString real;
+    for (const QString &nombre : ruta.split(u'/')) {
+        if (!real.isEmpty())
+            real += u'/';
+        real += nombre;
+        const auto escritura = m_otrasEscrituras.constFind(real);
+        if (escritura != m_otrasEscrituras.constEnd())
+            real = escritura.value();
+    }
+    return m_exactos.contains(real) || m_carpetasExactas.contains(real);
+}
+
+Hallado Inventario::buscar(const QString &ruta) const
+{
+    if (const auto exacto = m_exactos.constFind(ruta); exacto != m_exactos.constEnd())
+        return {Hallado::Archivo, exacto.value(), true};
+    const QString clave = texto::clave(ruta);
+    if (const auto igual = m_claves.constFind(clave); igual != m_claves.constEnd())
+        return {Hallado::Archivo, igual.value(), estaExacta(ruta)};
+    if (m_carpetas.contains(clave))
+        return {Hallado::Carpeta, -1, estaExacta(ruta)};
+    return {};
+}
+
+Hallado Inventario::buscar(const QStringList &nombres) const
+{
+    const bool deCarpeta = !nombres.isEmpty() && nombres.last().isEmpty();
+    QStringList propios = nombres;
+    if (deCarpeta)
+        propios.removeLast();
+    if (propios.isEmpty())
+        return {Hallado::Carpeta, -1, true};
+    Hallado hallado = buscar(propios.join(u'/'));
+    if (hallado.clase != Hallado::Ninguno) {
+        if (deCarpeta && hallado.clase == Hallado::Archivo)
+            return {};
+        return hallado;
+    }
+    // Windows passes over dots and blanks at a name's end, as the program did that stored it.
+    bool otros = false;
+    for (QString &nombre : propios) {
+        while (nombre.size() > 1 && (nombre.endsWith(u'.') || nombre.endsWith(u' '))) {
+            nombre.chop(1);
+            otros = true;
+        }
+    }
+    if (!otros)
+        return {};
+    hallado = buscar(propios.join(u'/'));
+    hallado.exacto = false;
+    return hallado;
+}

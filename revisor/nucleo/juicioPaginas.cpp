@@ -1,0 +1,150 @@
+// SPDX-License-Identifier: MIT
+// What a page is, told by those of its own kind.
+#include "Juicio.h"
+#include "texto.h"
+
+#include <QHash>
+
+#include <algorithm>
+#include <unordered_map>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr std::size_t familiaMinima = 3; // fewer say nothing of one another
+constexpr std::size_t marcasMinimas = 4; // that a family must have in common
+constexpr qsizetype paginaMaxima = 80LL * 1024 * 1024;
+
+template <typename Si>
+std::size_t cuantas(const std::vector<int> &paginas, Si si)
+{
+    return static_cast<std::size_t>(std::count_if(paginas.begin(), paginas.end(), si));
+}
+
+} // namespace
+
+void Juicio::compararPaginas()
+{
+    for (std::size_t i = 0; i < familias::todas.size(); ++i)
+        compararFamilia(static_cast<familias::Cual>(i));
+}
+
+void Juicio::compararFamilia(familias::Cual familia)
+{
+    std::vector<int> paginas;
+    for (std::size_t i = 0; i < m_lecturas.size(); ++i) {
+        if (m_inventario.archivos[i].familia != familia || !m_lecturas[i].comparable)
+            continue;
+        if (m_lecturas[i].diceError)
+            avisarPagina(static_cast<int>(i), reglas::PaginaDeError, m_lecturas[i].titulo);
+        else
+            paginas.push_back(static_cast<int>(i));
+    }
+    const De de = familias::todas[familia].de;
+    if (de == De::Alumno || (de == De::Lote && familia != familias::Planillas))
+        repetidas(paginas);
+    std::erase_if(paginas, [&](int i) { return m_malas[static_cast<std::size_t>(i)] != 0; });
+    ajenasPorSusMarcas(paginas);
+    std::erase_if(paginas, [&](int i) { return m_malas[static_cast<std::size_t>(i)] != 0; });
+    cortadas(paginas);
+    if (familias::todas[familia].guion.isEmpty())
+        return;
+    for (const int pagina : paginas) {
+        if (!m_lecturas[static_cast<std::size_t>(pagina)].conGuion)
+            avisarPagina(pagina, reglas::SinGuion);
+    }
+}
+
+// Pages of several students that are alike to the byte.
+void Juicio::repetidas(const std::vector<int> &paginas)
+{
+    std::unordered_map<std::uint64_t, std::vector<int>> porHuella;
+    for (const int pagina : paginas) {
+        const Lectura &lectura = m_lecturas[static_cast<std::size_t>(pagina)];
+        porHuella[lectura.huella ^ static_cast<std::uint64_t>(lectura.largo)].push_back(pagina);
+    }
+    for (const int pagina : paginas) { // in the order of the files
+        const Lectura &lectura = m_lecturas[static_cast<std::size_t>(pagina)];
+        const auto &iguales = porHuella[lectura.huella ^ static_cast<std::uint64_t>(lectura.largo)];
+        if (iguales.size() > 1 && iguales.front() == pagina && sonIguales(iguales[0], iguales[1]))
+            avisarRepetidas(iguales);
+    }
+}
+
+void Juicio::avisarRepetidas(const std::vector<int> &iguales)
+{
+    const auto esSuya = [&](int i) {
+        return m_lecturas[static_cast<std::size_t>(i)].mencionaSuId;
+    };
+    const std::size_t suyas = cuantas(iguales, esSuya);
+    // Nobody's own, many times: what the service says when it has no page.
+    const bool deNadie = suyas == 0 && iguales.size() >= familiaMinima;
+    const auto duena = std::find_if(iguales.begin(), iguales.end(), esSuya);
+    for (const int pagina : iguales) {
+        if (suyas == 1 && pagina == *duena)
+            continue;
+        const int otra = duena != iguales.end() ? *duena
+                         : pagina == iguales[0] ? iguales[1]
+                                                : iguales[0];
+        const QString detalle =
+            deNadie ? u"La misma página está en %1 documentos."_s.arg(iguales.size())
+                    : u"Es igual a %1."_s.arg(
+                        m_inventario.archivos[static_cast<std::size_t>(otra)].texto);
+        avisarPagina(pagina, deNadie ? reglas::PaginaDeError : reglas::PaginaAjena, detalle);
+    }
+}
+
+bool Juicio::sonIguales(int una, int otra) const
+{
+    const auto leida = [&](int cual) {
+        const Entrada &entrada = m_inventario.archivos[static_cast<std::size_t>(cual)];
+        const auto bytes = texto::leer(m_contexto.carpeta / entrada.ruta, paginaMaxima);
+        return bytes ? cuerpoDe(*bytes, familias::todas[static_cast<std::size_t>(entrada.familia)])
+                           .bytes
+                     : QByteArray();
+    };
+    return leida(una) == leida(otra);
+}
+
+// A page that has next to nothing of what most of its siblings are made of is none of them. An
+// empty classroom's page lacks its rows and keeps all the rest.
+void Juicio::ajenasPorSusMarcas(const std::vector<int> &paginas)
+{
+    if (paginas.size() < familiaMinima)
+        return;
+    std::unordered_map<std::uint32_t, std::size_t> veces;
+    for (const int pagina : paginas) {
+        for (const std::uint32_t marca : m_lecturas[static_cast<std::size_t>(pagina)].marcas)
+            ++veces[marca];
+    }
+    const std::size_t comunes =
+        static_cast<std::size_t>(std::count_if(veces.begin(), veces.end(), [&](const auto &una) {
+            return una.second * 2 > paginas.size();
+        }));
+    if (comunes < marcasMinimas)
+        return;
+    for (const int pagina : paginas) {
+        const auto &marcas = m_lecturas[static_cast<std::size_t>(pagina)].marcas;
+        const auto suyas = std::count_if(marcas.begin(), marcas.end(), [&](std::uint32_t marca) {
+            return veces[marca] * 2 > paginas.size();
+        });
+        if (static_cast<std::size_t>(suyas) * 4 < comunes)
+            avisarPagina(pagina, reglas::PaginaDeError,
+                         m_lecturas[static_cast<std::size_t>(pagina)].titulo);
+    }
+}
+
+// Its siblings end in </html>, or, when it has too few of them, its own <html> wants that.
+void Juicio::cortadas(const std::vector<int> &paginas)
+{
+    const std::size_t cierran =
+        cuantas(paginas, [&](int i) { return m_lecturas[static_cast<std::size_t>(i)].cierra; });
+    const bool loHacen =
+        paginas.size() >= familiaMinima ? cierran * 2 > paginas.size() : cierran > 0;
+    for (const int pagina : paginas) {
+        const Lectura &lectura = m_lecturas[static_cast<std::size_t>(pagina)];
+        if (!lectura.cierra && (loHacen || lectura.abreHtml))
+            avisarPagina(pagina, reglas::PaginaCortada);
+    }
+}

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+#include "texto.h"
+#include "platform/nombresNativos.h"
+
+#include <fstream>
+#include <string>
+
+namespace texto {
+namespace {
+
+QString deNativo(const std::string &nombre)
+{
+    return QString::fromUtf8(nombre);
+}
+
+// Where the system's names are wide.
+[[maybe_unused]] QString deNativo(const std::wstring &nombre)
+{
+    return QString::fromStdWString(nombre).replace(u'\\', u'/');
+}
+
+} // namespace
+
+QString deRuta(const std::filesystem::path &ruta)
+{
+    return deNativo(ruta.native());
+}
+
+QString clave(const QString &nombre)
+{
+    return nombresNativos::plegado(nombre.normalized(QString::NormalizationForm_C));
+}
+
+std::optional<QByteArray> leer(const std::filesystem::path &ruta, qint64 maximo)
+{
+    std::ifstream archivo;
+    archivo.rdbuf()->pubsetbuf(nullptr, 0);
+    archivo.open(ruta, std::ios::binary | std::ios::ate);
+    if (!archivo)
+        return std::nullopt;
+    const auto largo = static_cast<qint64>(archivo.tellg());
+    if (largo < 0 || largo > maximo)
+        return std::nullopt;
+    QByteArray contenido(largo, Qt::Uninitialized);
+    archivo.seekg(0);
+    archivo.read(contenido.data(), largo);
+    // Shorter when it was cut meanwhile.
+    contenido.truncate(archivo.gcount());
+    if (archivo.bad())
+        return std::nullopt;
+    return contenido;
+}
+
+} // namespace texto
