@@ -52,7 +52,7 @@ private:
     void avisarRepetidas(const std::vector<int> &iguales);
     void ajenasPorSusMarcas(const std::vector<int> &paginas);
     void cortadas(const std::vector<int> &paginas);
-    bool sonIguales(int una, int otra) const;
+    QByteArray cuerpoDe(int pagina) const;
 
     // juicioEnlaces.cpp
     void reunirAusentes();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What a page is, told by those of its own kind.
 #include "Juicio.h"
+#include "platform/codepage.h"
 #include "texto.h"
 
 #include <QHash>
@@ -67,15 +68,20 @@ void Juicio::repetidas(const std::vector<int> &paginas)
     for (const int pagina : paginas) { // in the order of the files
         const Lectura &lectura = m_lecturas[static_cast<std::size_t>(pagina)];
         const auto &iguales = porHuella[lectura.huella ^ static_cast<std::uint64_t>(lectura.largo)];
-        if (iguales.size() > 1 && iguales.front() == pagina && sonIguales(iguales[0], iguales[1]))
+        if (iguales.size() > 1 && iguales.front() == pagina
+            && cuerpoDe(iguales[0]) == cuerpoDe(iguales[1]))
             avisarRepetidas(iguales);
     }
 }
 
 void Juicio::avisarRepetidas(const std::vector<int> &iguales)
 {
+    const QByteArray texto = cuerpoDe(iguales.front());
     const auto esSuya = [&](int i) {
-        return m_lecturas[static_cast<std::size_t>(i)].mencionaSuId;
+        const QString clave = texto::clave(m_inventario.archivos[static_cast<std::size_t>(i)].id);
+        const QByteArray nombre = codepage::aBytes(m_personas.value(clave).nombre);
+        return m_lecturas[static_cast<std::size_t>(i)].mencionaSuId
+               || (!nombre.isEmpty() && texto.contains(nombre));
     };
     const std::size_t suyas = cuantas(iguales, esSuya);
     // Nobody's own, many times: what the service says when it has no page.
@@ -95,16 +101,12 @@ void Juicio::avisarRepetidas(const std::vector<int> &iguales)
     }
 }
 
-bool Juicio::sonIguales(int una, int otra) const
+QByteArray Juicio::cuerpoDe(int pagina) const
 {
-    const auto leida = [&](int cual) {
-        const Entrada &entrada = m_inventario.archivos[static_cast<std::size_t>(cual)];
-        const auto bytes = texto::leer(m_contexto.carpeta / entrada.ruta, paginaMaxima);
-        return bytes ? cuerpoDe(*bytes, familias::todas[static_cast<std::size_t>(entrada.familia)])
-                           .bytes
-                     : QByteArray();
-    };
-    return leida(una) == leida(otra);
+    const Entrada &entrada = m_inventario.archivos[static_cast<std::size_t>(pagina)];
+    const auto bytes = texto::leer(m_contexto.carpeta / entrada.ruta, paginaMaxima);
+    const Familia &familia = familias::todas[static_cast<std::size_t>(entrada.familia)];
+    return bytes ? ::cuerpoDe(*bytes, familia).bytes : QByteArray();
 }
 
 // A page that has next to nothing of what most of its siblings are made of is none of them. An

@@ -97,8 +97,8 @@ std::optional<QByteArray> rotulo(demo::Rutas &rutas, const QByteArray &destino)
 
 QString idRaro(QRandomGenerator &azar, int numero)
 {
-    const std::array<QString, 9> formas = {u"%1"_s,        u"00%1"_s,  u"A-%1"_s,
-                                           u"Ñu%1"_s,      u"%1.%1"_s, u"TI %1 x"_s,
+    const std::array<QString, 9> formas = {u"%1"_s,       u"00%1"_s,  u"A-%1"_s,
+                                           u"Ñu%1"_s,     u"%1.%1"_s, u"TI %1 x"_s,
                                            u"é_%1 (1)"_s, u"%1'b"_s,  u"v%1.html"_s};
     return formas[azar.bounded(static_cast<quint32>(formas.size()))].arg(numero);
 }
@@ -140,9 +140,8 @@ Escuela escuelaAlAzar(QRandomGenerator &azar)
 }
 
 EscuelaDePrueba::EscuelaDePrueba(Escuela una)
-    : escuela(std::move(una)), m_rutas(escuela, base), m_http([this](const QByteArray &direccion) {
-          return responder(direccion);
-      })
+    : escuela(std::move(una)), m_rutas(escuela, base),
+      m_http([this](const QByteArray &direccion) { return responder(direccion); })
 {
 }
 
