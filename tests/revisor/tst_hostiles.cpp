@@ -1,0 +1,315 @@
+// SPDX-License-Identifier: MIT
+// Archives that mean harm, and disks that fail: each gives a finding or a refusal. What is asked of
+// all of them is that the review comes back.
+#include "escenario/SinPermiso.h"
+#include "revisor/EscuelaDePrueba.h"
+#include "revisor/Revision.h"
+
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <atomic>
+#include <thread>
+
+#include <sys/stat.h>
+
+using namespace Qt::StringLiterals;
+namespace fs = std::filesystem;
+
+namespace {
+
+// An archive with room for one bad thing: a front page, settings and one student's pages.
+class Pequeno {
+public:
+    Pequeno()
+    {
+        for (const char *carpeta : {"archivos/infoAlumnos", "archivos/fotos", "archivos/salones"})
+            fs::create_directories(carpetaDe() / carpeta);
+        escrito(carpetaDe() / "index.html", "<html><body><a href='#'>x</a></body></html>\r\n");
+    }
+    ~Pequeno() { fs::remove_all(carpetaDe()); }
+    Pequeno(const Pequeno &) = delete;
+    Pequeno &operator=(const Pequeno &) = delete;
+
+    fs::path carpetaDe() const { return fs::path(m_personal.path().toStdString()) / "123-2010"; }
+    void pagina(const QByteArray &bytes) const
+    {
+        escrito(carpetaDe() / "archivos/infoAlumnos/1.html", bytes);
+    }
+    QStringList reglasDe(const QString &archivo) const
+    {
+        QStringList reglas;
+        const Resultado resultado = revisar(carpetaDe());
+        for (const Hallazgo &h : resultado.hallazgos) {
+            if (h.archivo == archivo)
+                reglas.append(h.regla->nombre.toString());
+        }
+        return reglas;
+    }
+
+private:
+    QTemporaryDir m_personal;
+};
+
+const QString laPagina = u"archivos/infoAlumnos/1.html"_s;
+
+} // namespace
+
+class tst_hostiles : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void pagina_siempreVuelve_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<QString>("regla");
+        const QByteArray inicio = "<html><body>";
+        QTest::newRow("10 MB of text") << inicio + QByteArray("hola ").repeated(2'000'000) << u""_s;
+        QTest::newRow("10 MB of a row")
+            << inicio + "<table>" + QByteArray("<tr><td>1<td>2").repeated(700'000) << u""_s;
+        QTest::newRow("100,000 links")
+            << inicio + QByteArray("<a href='../x/y.html'>x</a>").repeated(100'000)
+            << u"enlace-roto"_s;
+        QTest::newRow("100,000 deep")
+            << inicio + QByteArray("<div>").repeated(100'000) << u"pagina-enredada"_s;
+        QTest::newRow("100,000 lists deep")
+            << inicio + QByteArray("<ul><li>").repeated(100'000) << u"pagina-enredada"_s;
+        QTest::newRow("100,000 fonts deep")
+            << inicio + QByteArray("<font color=red>").repeated(100'000) << u"pagina-enredada"_s;
+        QTest::newRow("15,000 deep") << inicio + QByteArray("<div>").repeated(15'000) << u""_s;
+        QTest::newRow("crossed formats")
+            << inicio + QByteArray("<b><i><p></b></i>").repeated(3'000) << u""_s;
+        QTest::newRow("quotes that never end")
+            << inicio + QByteArray("<a href=\"x <b title='").repeated(50'000) << u""_s;
+        QTest::newRow("comments that never end")
+            << inicio + QByteArray("<!-- <!").repeated(200'000) << u""_s;
+        QTest::newRow("style that never ends")
+            << inicio + "<style>" + QByteArray("url( url('\\").repeated(200'000) << u""_s;
+        QTest::newRow("bytes of all kinds") << inicio + [] {
+            QByteArray bytes;
+            QRandomGenerator azar(7);
+            for (int i = 0; i < 1'000'000; ++i)
+                bytes.append(static_cast<char>(azar.bounded(256)));
+            return bytes;
+        }() << u""_s;
+        QTest::newRow("addresses up and up")
+            << inicio + "<a href='" + QByteArray("../").repeated(300'000) + "'>"
+            << u"enlace-fuera"_s;
+        QTest::newRow("addresses down and down")
+            << inicio + "<a href='" + QByteArray("a/").repeated(300'000) + "'>" << u"enlace-roto"_s;
+    }
+    void pagina_siempreVuelve()
+    {
+        QFETCH(QByteArray, bytes);
+        QFETCH(QString, regla);
+        const Pequeno archivo;
+        archivo.pagina(bytes);
+        const QStringList reglas = archivo.reglasDe(laPagina);
+        QVERIFY2(regla.isEmpty() || reglas.contains(regla), qPrintable(reglas.join(u' ')));
+    }
+
+    void configuracion_siempreVuelve_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::newRow("brackets") << QByteArray("[").repeated(1'000'000);
+        QTest::newRow("loop without end") << QByteArray("var rector = \"a\"; while (true) {}\r\n");
+        QTest::newRow("loop in a value")
+            << QByteArray("var rector = \"a\" + (function() { while (true) {} })();\r\n");
+        QTest::newRow("zeros") << QByteArray(1'000'000, '\0');
+        QTest::newRow("long line")
+            << QByteArray("var rector = \"") + QByteArray(10'000'000, 'x') + "\";\r\n";
+        QTest::newRow("many variables") << QByteArray("var rector = \"a\";\r\n").repeated(100'000);
+    }
+    void configuracion_siempreVuelve()
+    {
+        QFETCH(QByteArray, bytes);
+        const Pequeno archivo;
+        escrito(archivo.carpetaDe() / "configuracion.txt", bytes);
+        QVERIFY(!archivo.reglasDe(u"configuracion.txt"_s).isEmpty());
+    }
+
+    void imagen_deMuchosPuntos_seRehusa()
+    {
+        const Pequeno archivo;
+        // Black JPEG and GIF headers of 60,000 by 60,000.
+        const QByteArray jpeg =
+            QByteArray::fromHex("ffd8ffc0001108ea60ea6003012200021101031101ffd9");
+        const QByteArray gif = QByteArray("GIF89a\x60\xEA\x60\xEA\x80\x00\x00", 13)
+                               + QByteArray(6, '\0')
+                               + QByteArray(",\0\0\0\0\x60\xEA\x60\xEA\0\x02\0;", 13);
+        escrito(archivo.carpetaDe() / "archivos/fotos/1-alumno.jpg", jpeg);
+        escrito(archivo.carpetaDe() / "archivos/fotos/2-alumno.jpg", gif);
+        QVERIFY(!archivo.reglasDe(u"archivos/fotos/1-alumno.jpg"_s).isEmpty());
+        QCOMPARE(archivo.reglasDe(u"archivos/fotos/2-alumno.jpg"_s),
+                 QStringList{u"imagen-enorme"_s});
+    }
+
+    void enlacesEnCirculo_seLeenUnaVez()
+    {
+        const Pequeno archivo;
+        const fs::path a = archivo.carpetaDe() / "archivos";
+        fs::create_directory(a / "uno");
+        fs::create_directory(a / "dos");
+        fs::create_directory_symlink("../dos", a / "uno/dos");
+        fs::create_directory_symlink("../uno", a / "dos/uno");
+        fs::create_directory_symlink("..", a / "uno/arriba");
+        fs::create_symlink("solo", a / "solo");
+        fs::create_directory_symlink("/", a / "raiz");
+        escrito(a / "uno/x.html", "<html></html>");
+        const Resultado resultado = revisar(archivo.carpetaDe());
+        QVERIFY(resultado.archivos < 10);
+        QStringList fuera;
+        QStringList nada;
+        for (const Hallazgo &h : resultado.hallazgos) {
+            if (h.regla == &reglas::todas[reglas::CarpetaFuera])
+                fuera.append(h.archivo);
+            if (h.regla == &reglas::todas[reglas::EnlaceSinDestino])
+                nada.append(h.archivo);
+        }
+        QCOMPARE(fuera, QStringList{u"archivos/raiz"_s});
+        QVERIFY(nada.contains(u"archivos/solo"_s));
+        QVERIFY(nada.contains(u"archivos/uno/arriba"_s));
+    }
+
+    void tuberia_noSeAbre()
+    {
+        const Pequeno archivo;
+        const std::string ruta = (archivo.carpetaDe() / "archivos/infoAlumnos/1.html").string();
+        QCOMPARE(::mkfifo(ruta.c_str(), 0600), 0);
+        QCOMPARE(revisar(archivo.carpetaDe()).veredicto, Veredicto::FaltanDocumentos);
+    }
+
+    void nombresDeCualquierByte_seRevisan()
+    {
+        const Pequeno archivo;
+        int cuantos = 0;
+        for (int byte = 1; byte < 256; ++byte) {
+            if (byte == '/' || byte == '.')
+                continue;
+            const std::string nombre(1, static_cast<char>(byte));
+            escrito(archivo.carpetaDe() / "archivos/infoAlumnos" / fs::path(nombre + ".html"),
+                    "ERROR");
+            ++cuantos;
+        }
+        const Resultado resultado = revisar(archivo.carpetaDe());
+        int errores = 0;
+        for (const Hallazgo &h : resultado.hallazgos)
+            errores += h.regla == &reglas::todas[reglas::PalabraDelServicio] ? 1 : 0;
+        QCOMPARE(errores, cuantos);
+    }
+
+    void carpetaSinPermiso_esUnHallazgo()
+    {
+        const Pequeno archivo;
+        const QString carpeta = textoDe(archivo.carpetaDe() / "archivos/salones");
+        const SinPermiso sinPermiso(carpeta, {textoDe(archivo.carpetaDe().parent_path()),
+                                              textoDe(archivo.carpetaDe()),
+                                              textoDe(archivo.carpetaDe() / "archivos"), carpeta});
+        fs::permissions(archivo.carpetaDe() / "archivos/salones", fs::perms::none);
+        const QStringList reglas = archivo.reglasDe(u"archivos/salones"_s);
+        fs::permissions(archivo.carpetaDe() / "archivos/salones", fs::perms::owner_all);
+        QCOMPARE(reglas, QStringList{u"no-se-lee"_s});
+    }
+
+    void archivosQueDesaparecen_sonHallazgos()
+    {
+        for (int vez = 0; vez < 5; ++vez) {
+            const Pequeno archivo;
+            for (int i = 0; i < 300; ++i)
+                escrito(archivo.carpetaDe() / "archivos/infoAlumnos"
+                            / (std::to_string(i) + ".html"),
+                        "<html><body>" + QByteArray::number(i) + "</body></html>\r\n");
+            std::atomic<bool> empezado = false;
+            std::jthread borrador([&] {
+                empezado = true;
+                fs::remove_all(archivo.carpetaDe() / "archivos");
+            });
+            while (!empezado)
+                std::this_thread::yield();
+            const Resultado resultado = revisar(archivo.carpetaDe());
+            QVERIFY(resultado.veredicto != Veredicto::Completo);
+        }
+    }
+
+    void loQueNoEsUnHistorico_seDice()
+    {
+        const QTemporaryDir vacia;
+        const fs::path ruta = vacia.path().toStdString();
+        QCOMPARE(revisar(ruta).veredicto, Veredicto::NoEsHistorico);
+        escrito(ruta / "index.html", "<html></html>");
+        QCOMPARE(revisar(ruta).veredicto, Veredicto::NoEsHistorico);
+        QCOMPARE(revisar(ruta / "index.html").veredicto, Veredicto::NoSeLee);
+        QCOMPARE(revisar(ruta / "nada").veredicto, Veredicto::NoSeLee);
+        QCOMPARE(revisar({}).veredicto, Veredicto::NoSeLee);
+    }
+
+    void soloLotes_seDiceUnaVez()
+    {
+        EscuelaDePrueba escuela(generarEscuela({2010, 1, 4, 3}));
+        const QTemporaryDir personal;
+        escuela.imprimir(personal.path());
+        const Resultado resultado =
+            revisar(fs::path(personal.path().toStdString()) / "Quorvela/123-2010");
+        QStringList faltas;
+        for (const Hallazgo &h : resultado.hallazgos) {
+            if (h.regla->gravedad != Gravedad::Nota)
+                faltas.append(h.regla->nombre.toString());
+        }
+        QCOMPARE(faltas, QStringList{u"solo-impresiones"_s});
+        QCOMPARE(resultado.veredicto, Veredicto::FaltanDocumentos);
+    }
+
+    void detener_noDiceNada()
+    {
+        EscuelaDePrueba escuela(generarEscuela({2010, 1, 4, 3}));
+        const QTemporaryDir personal;
+        const fs::path carpeta = escuela.descargar(personal.path());
+        std::stop_source parar;
+        const Resultado resultado = revisar(
+            carpeta, [&](std::size_t, std::size_t) { parar.request_stop(); }, parar.get_token());
+        QCOMPARE(resultado.veredicto, Veredicto::Detenida);
+        QVERIFY(resultado.hallazgos.isEmpty());
+    }
+
+    void avance_llegaAlFinal()
+    {
+        EscuelaDePrueba escuela(generarEscuela({2010, 1, 4, 3}));
+        const QTemporaryDir personal;
+        const fs::path carpeta = escuela.descargar(personal.path());
+        std::size_t ultimo = 0;
+        std::size_t todos = 0;
+        bool crece = true;
+        const Resultado resultado = revisar(carpeta, [&](std::size_t hechos, std::size_t total) {
+            crece = crece && hechos >= ultimo;
+            ultimo = hechos;
+            todos = total;
+        });
+        QVERIFY(crece);
+        QCOMPARE(ultimo, todos);
+        QCOMPARE(int(todos), resultado.archivos);
+    }
+
+    // Nothing is written, not even a time stamp.
+    void revisar_noCambiaNada()
+    {
+        EscuelaDePrueba escuela(generarEscuela({2010, 1, 4, 3}));
+        const QTemporaryDir personal;
+        const fs::path carpeta = escuela.descargar(personal.path());
+        const auto foto = [&] {
+            QStringList lineas;
+            for (const auto &una : fs::recursive_directory_iterator(carpeta))
+                lineas.append(textoDe(una.path()) + u' '
+                              + QString::number(una.last_write_time().time_since_epoch().count())
+                              + u' '
+                              + QString::number(una.is_regular_file() ? una.file_size() : 0));
+            lineas.sort();
+            return lineas;
+        };
+        const QStringList antes = foto();
+        const Resultado resultado = revisar(carpeta);
+        QCOMPARE(resultado.veredicto, Veredicto::Completo);
+        QCOMPARE(foto(), antes);
+    }
+};
+
+QTEST_MAIN(tst_hostiles)
+#include "tst_hostiles.moc"
