@@ -127,12 +127,11 @@ private:
             return;
         }
         const fs::path real = entera ? fs::canonical(una.path(), error) : fs::path();
-        if (!entera || error)
-            m_i.sinDestino.append(texto);
-        else if (real != m_real && !estaDentro(real, m_real))
+        const bool perdido = !entera || error;
+        if (!perdido && real != m_real && !estaDentro(real, m_real))
             m_i.haciaFuera.append(texto);
-        else if (leContiene(real, una.path()))
-            m_i.sinDestino.append(texto); // it leads in a circle
+        else if (perdido || leContiene(real, una.path())) // or it leads in a circle
+            m_i.sinDestino.append(texto);
         else if (fs::is_regular_file(real, error))
             archivo(fs::directory_entry(real, error), relativa);
         else if (fs::is_directory(real, error) && m_seguidas.insert(real).second)

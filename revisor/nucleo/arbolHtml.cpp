@@ -68,7 +68,7 @@ private:
     };
     struct Pedazo {
         std::unique_ptr<char[], Liberar> bytes;
-        std::size_t largo;
+        std::size_t largo = 0;
     };
 
     bool agregar(std::size_t largo) noexcept

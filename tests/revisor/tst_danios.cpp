@@ -745,8 +745,8 @@ private:
                                            [](const AlumnoDemo &a) { return a.id.toInt() == 0; });
             const auto conFoto = std::count_if(escuela.alumnos.begin(), escuela.alumnos.end(),
                                                [](const AlumnoDemo &a) { return a.conFoto; });
-            if (raros && escuela.salones.size() >= 3 && escuela.alumnos.size() >= 8 && conFoto >= 2
-                && escuela.materias.size() >= 3)
+            if (raros && escuela.salones.size() >= 3 && escuela.alumnos.size() >= 8
+                && escuela.alumnos.size() <= 16 && conFoto >= 2 && escuela.materias.size() >= 3)
                 return escuela;
         }
     }
@@ -810,7 +810,7 @@ private Q_SLOTS:
             m_semilla = 20101;
         qInfo("PARVANEL_REVISOR_SEMILLA=%u", m_semilla);
         QRandomGenerator azar(m_semilla);
-        hacer(m_demostracion, generarEscuela({2010, 3, 5, 6}), true);
+        hacer(m_demostracion, generarEscuela({2010, 2, 4, 5}), true);
         hacer(m_alAzar, deVarios(azar), false);
     }
 
