@@ -8,6 +8,7 @@
 
 #include <QMap>
 
+#include <unordered_set>
 #include <vector>
 
 class Juicio {
@@ -50,7 +51,11 @@ private:
     void compararFamilia(familias::Cual familia);
     void repetidas(const std::vector<int> &paginas);
     void avisarRepetidas(const std::vector<int> &iguales);
+    using Marcas = std::unordered_set<std::uint32_t>;
+    Marcas marcasComunes(const std::vector<int> &paginas) const;
+    std::size_t marcasEn(int pagina, const Marcas &comunes) const;
     void ajenasPorSusMarcas(const std::vector<int> &paginas);
+    void sinHermanas();
     void cortadas(const std::vector<int> &paginas);
     QByteArray cuerpoDe(int pagina) const;
 

@@ -7,6 +7,7 @@
 #include <QHash>
 
 #include <algorithm>
+#include <array>
 #include <unordered_map>
 
 using namespace Qt::StringLiterals;
@@ -14,6 +15,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr std::size_t familiaMinima = 3; // fewer say nothing of one another
+constexpr std::size_t familiaGrande = 8; // what so many have in common is their nature
 constexpr std::size_t marcasMinimas = 4; // that a family must have in common
 constexpr qsizetype paginaMaxima = 80LL * 1024 * 1024;
 
@@ -29,6 +31,7 @@ void Juicio::compararPaginas()
 {
     for (std::size_t i = 0; i < familias::todas.size(); ++i)
         compararFamilia(static_cast<familias::Cual>(i));
+    sinHermanas();
 }
 
 void Juicio::compararFamilia(familias::Cual familia)
@@ -109,31 +112,73 @@ QByteArray Juicio::cuerpoDe(int pagina) const
     return bytes ? ::cuerpoDe(*bytes, familia).bytes : QByteArray();
 }
 
+// What more than half of the pages are made of, as a question about one of their marks.
+Juicio::Marcas Juicio::marcasComunes(const std::vector<int> &paginas) const
+{
+    std::unordered_map<std::uint32_t, std::size_t> veces;
+    for (const int pagina : paginas) {
+        for (const std::uint32_t marca : m_lecturas[static_cast<std::size_t>(pagina)].marcas)
+            ++veces[marca];
+    }
+    Marcas comunes;
+    for (const auto &[marca, cuantasVeces] : veces) {
+        if (cuantasVeces * 2 > paginas.size())
+            comunes.insert(marca);
+    }
+    return comunes;
+}
+
+std::size_t Juicio::marcasEn(int pagina, const Marcas &comunes) const
+{
+    const auto &marcas = m_lecturas[static_cast<std::size_t>(pagina)].marcas;
+    return static_cast<std::size_t>(
+        std::count_if(marcas.begin(), marcas.end(),
+                      [&](std::uint32_t marca) { return comunes.contains(marca); }));
+}
+
 // A page that has next to nothing of what most of its siblings are made of is none of them. An
 // empty classroom's page lacks its rows and keeps all the rest.
 void Juicio::ajenasPorSusMarcas(const std::vector<int> &paginas)
 {
     if (paginas.size() < familiaMinima)
         return;
-    std::unordered_map<std::uint32_t, std::size_t> veces;
-    for (const int pagina : paginas) {
-        for (const std::uint32_t marca : m_lecturas[static_cast<std::size_t>(pagina)].marcas)
-            ++veces[marca];
-    }
-    const std::size_t comunes =
-        static_cast<std::size_t>(std::count_if(veces.begin(), veces.end(), [&](const auto &una) {
-            return una.second * 2 > paginas.size();
-        }));
-    if (comunes < marcasMinimas)
+    const Marcas comunes = marcasComunes(paginas);
+    if (comunes.size() < marcasMinimas)
         return;
     for (const int pagina : paginas) {
-        const auto &marcas = m_lecturas[static_cast<std::size_t>(pagina)].marcas;
-        const auto suyas = std::count_if(marcas.begin(), marcas.end(), [&](std::uint32_t marca) {
-            return veces[marca] * 2 > paginas.size();
-        });
-        if (static_cast<std::size_t>(suyas) * 4 < comunes)
+        if (marcasEn(pagina, comunes) * 4 < comunes.size())
             avisarPagina(pagina, reglas::PaginaDeError,
                          m_lecturas[static_cast<std::size_t>(pagina)].titulo);
+    }
+}
+
+// A page with few siblings, as the front page is, or one of few classrooms half of which failed,
+// stands beside all pages of the archive: it is none of them when it has nothing in common with
+// them and is next to nothing itself.
+void Juicio::sinHermanas()
+{
+    std::vector<int> paginas;
+    std::vector<qint64> largos;
+    std::array<std::size_t, familias::Cuantas> deFamilia{};
+    for (std::size_t i = 0; i < m_lecturas.size(); ++i) {
+        const int familia = m_inventario.archivos[i].familia;
+        if (familia < 0 || !m_lecturas[i].comparable)
+            continue;
+        paginas.push_back(static_cast<int>(i));
+        largos.push_back(m_lecturas[i].largo);
+        ++deFamilia[static_cast<std::size_t>(familia)];
+    }
+    if (paginas.size() < familiaMinima)
+        return;
+    const auto medio = largos.begin() + static_cast<std::ptrdiff_t>(largos.size() / 2);
+    std::nth_element(largos.begin(), medio, largos.end());
+    const Marcas comunes = marcasComunes(paginas);
+    for (const int pagina : paginas) {
+        const auto i = static_cast<std::size_t>(pagina);
+        const auto familia = static_cast<std::size_t>(m_inventario.archivos[i].familia);
+        if (deFamilia[familia] < familiaGrande && comunes.size() >= marcasMinimas
+            && marcasEn(pagina, comunes) == 0 && m_lecturas[i].largo * 8 < *medio)
+            avisarPagina(pagina, reglas::PaginaDeError, m_lecturas[i].titulo);
     }
 }
 

@@ -450,6 +450,11 @@ QList<Danio> dePaginas()
              t.escribir(u"index.html"_s, "\r\n");
              return Blanco{u"index.html"_s};
          }},
+        {"page of maintenance in place of the front page", reglas::PaginaDeError,
+         [](Taller &t) {
+             t.escribir(u"index.html"_s, mantenimiento);
+             return Blanco{u"index.html"_s};
+         }},
         {"somebody else's page", reglas::PaginaAjena,
          [](Taller &t) {
              const Blanco b = t.pagina(deAlumno);
