@@ -3,9 +3,8 @@
 #pragma once
 
 #include <QByteArray>
+#include <QList>
 #include <QString>
-
-#include <optional>
 
 // What is wrong with the settings or a library; empty when nothing is.
 struct FallaDeGuion {

@@ -24,7 +24,9 @@ EstadoImagen porQt(const QByteArray &bytes)
     if (!memoria.open(QIODevice::ReadOnly))
         return EstadoImagen::Danada;
     QImageReader lector(&memoria);
-    if (!lector.canRead())
+    // Drawings are no photos, and a reader of them does more than read.
+    static const QList<QByteArray> formatos = {"bmp", "webp", "ico", "avif"};
+    if (!lector.canRead() || !formatos.contains(lector.format()))
         return EstadoImagen::Danada;
     const QSize tamano = lector.size();
     if (tamano.isValid() && demasiadoGrande(tamano.width(), tamano.height()))
