@@ -209,7 +209,9 @@ private:
         const Hallado hallado = m_contexto.inventario.buscar(direccion.nombres);
         const QString ruta = direccion.nombres.join(u'/');
         nombrar(ruta, enlace);
-        if (hallado.clase == Hallado::Ninguno) {
+        if (hallado.clase == Hallado::Ninguno && esEtiquetaCortada(enlace, ruta)) {
+            senalar(reglas::EtiquetaImposible, QString::fromStdString(enlace.direccion));
+        } else if (hallado.clase == Hallado::Ninguno) {
             faltar(ruta, enlace.clase == Enlace::Recurso);
         } else if (hallado.clase == Hallado::Carpeta) {
             if (enlace.clase == Enlace::Recurso)
@@ -219,6 +221,13 @@ private:
         }
         if (hallado.clase != Hallado::Ninguno && (!hallado.exacto || direccion.deWindows))
             senalar(reglas::SoloWindows, QString::fromStdString(enlace.direccion));
+    }
+
+    // A label's text with a question mark or a number sign in it: browsers end the name there.
+    static bool esEtiquetaCortada(const Enlace &enlace, const QString &ruta)
+    {
+        return enlace.direccion.find_first_of("?#") != std::string::npos
+               && ruta.startsWith(u"archivos/images/labels/"_s, Qt::CaseInsensitive);
     }
 
     void faltar(const QString &ruta, bool recurso)
@@ -266,17 +275,24 @@ private:
             senalar(reglas::GuionDelServicio, direccion);
     }
 
-    // The school's id stands in the name of the archive's folder.
+    // The school's id stands in the name of the archive's folder. Under another name, as in a copy,
+    // any school's is taken for it.
     bool esDe(QStringView ruta, const Localizada &una) const
     {
+        const qsizetype lugar = una.direccion.indexOf(u"{colegio}"_s);
+        if (lugar < 0)
+            return ruta.startsWith(una.direccion, una.letras);
+        static const QRegularExpression deArchivo(u"^(.+)-\\d{4}$"_s);
+        bool conId = false;
         for (const QString &nombre : m_contexto.nombres) {
-            const qsizetype guion = nombre.lastIndexOf(u'-');
+            const auto partes = deArchivo.match(nombre);
+            conId |= partes.hasMatch();
             QString esperada = una.direccion.toString();
-            esperada.replace(u"{colegio}"_s, nombre.left(std::max<qsizetype>(guion, 0)));
-            if (ruta.startsWith(esperada, una.letras))
+            esperada.replace(u"{colegio}"_s, partes.captured(1));
+            if (partes.hasMatch() && ruta.startsWith(esperada, una.letras))
                 return true;
         }
-        return false;
+        return !conId && ruta.startsWith(una.direccion.first(lugar), una.letras);
     }
 
     // Many of one rule in one file are one that says how many.

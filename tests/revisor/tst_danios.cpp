@@ -387,6 +387,36 @@ QList<Danio> deEnlaces()
              return Blanco{};
          },
          true},
+        {"second stamp of a kind", reglas::SegundoSello,
+         [base](Taller &t) {
+             const Blanco b = t.pagina(QStringList{u"infoFinal"_s});
+             const QByteArray sello = t.leer(b.archivo).contains("\\promovido.png")
+                                          ? "/images/promovido.png"
+                                          : "/images/reprobado.png";
+             t.cambiar(b.archivo, "</body>", "<img src='" + base + sello + "'></body>");
+             return b;
+         }},
+        {"label with a colon", reglas::EtiquetaImposible,
+         [](Taller &t) {
+             const QString ruta = u"archivos/consolidadoF/%1.html"_s.arg(t.salon().id);
+             t.cambiar(ruta, "</body>", "<img src='../images/labels/NOTA:FINAL'></body>");
+             return Blanco{u"archivos/images/labels/NOTA:FINAL"_s};
+         }},
+        {"label with a question mark", reglas::EtiquetaImposible,
+         [](Taller &t) {
+             const QString ruta = u"archivos/consolidadoN/%1.html"_s.arg(t.salon().id);
+             t.cambiar(ruta, "</body>", "<img src='../images/labels/\xBFY T\xDA?'></body>");
+             return Blanco{ruta};
+         }},
+        {"logo of the service in a copy of another name", reglas::DireccionDelServicio,
+         [base](Taller &t) {
+             const Blanco b = t.conMas(QStringList{u"certificados"_s},
+                                       "<img src='" + base + "/images/colegios/123/logo.png'>");
+             const fs::path nueva = t.carpeta.parent_path() / "data";
+             fs::rename(t.carpeta, nueva);
+             t.carpeta = nueva;
+             return b;
+         }},
         {"picture that no page shows", reglas::ImagenSinTraer,
          [](Taller &t) {
              for (const SalonDemo &salon : t.escuela.salones)
@@ -843,14 +873,12 @@ private Q_SLOTS:
         probar(enUna ? m_demostracion : m_alAzar, danio, m_semilla + quint32(cual));
     }
 
-    // Every rule has its damage, but for those that need a disk that refuses or an archive of
-    // another make.
+    // Every rule has its damage; of the first two another test has it (tst_hostiles), and the
+    // others every archive has, damaged or not (tst_completos).
     void reglas_tienenTodasSuDanio()
     {
-        QSet<int> probadas = {reglas::SoloImpresiones,  reglas::NoSeLee,
-                              reglas::AvatarSinFoto,    reglas::SegundoSello,
-                              reglas::AjustesDeBoletin, reglas::GuionDelServicio,
-                              reglas::EtiquetaImposible};
+        QSet<int> probadas = {reglas::SoloImpresiones, reglas::NoSeLee, reglas::AvatarSinFoto,
+                              reglas::AjustesDeBoletin, reglas::GuionDelServicio};
         for (const Danio &danio : todos())
             probadas.insert(danio.regla);
         for (int i = 0; i < reglas::Cuantas; ++i)
