@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+// A ZIP that is being written, one entry after another.
+#pragma once
+
+#include <QByteArray>
+#include <QIODevice>
+
+#include <filesystem>
+#include <memory>
+#include <span>
+
+struct archive;
+
+namespace copia {
+
+class EscritorZip {
+public:
+    // `salida` is borrowed, is open for writing and must outlive this object.
+    explicit EscritorZip(QIODevice &salida);
+    ~EscritorZip();
+    EscritorZip(const EscritorZip &) = delete;
+    EscritorZip &operator=(const EscritorZip &) = delete;
+
+    // Each says whether it was written as asked for; after a false one, nothing more is of use.
+    // Names are UTF-8 with "/". A file's bytes follow with agregar(), exactly as many as announced.
+    bool carpeta(const QByteArray &nombre, std::filesystem::file_time_type escrito);
+    bool archivo(const QByteArray &nombre, qint64 bytes, std::filesystem::file_time_type escrito);
+    bool agregar(std::span<const char> bytes);
+    bool terminarArchivo();
+
+    // Writes the list of contents; without it there is no ZIP.
+    bool cerrar();
+
+private:
+    bool entrada(const QByteArray &nombre, qint64 bytes, std::filesystem::file_time_type escrito,
+                 unsigned tipo);
+
+    struct Soltar {
+        void operator()(archive *zip) const;
+    };
+    std::unique_ptr<archive, Soltar> m_zip;
+    bool m_listo = false;
+};
+
+} // namespace copia
