@@ -57,11 +57,11 @@ struct Encargo {
     QString programa;              // and as its maker, such as "parvanel-revisor 4.0.0"
 };
 
-// Writes the copy. It stands under another name in the same folder until it is whole; unless it
-// comes back as Hecha, there is no new file and an earlier one is as it was. The archive is only
-// read. Nothing is written when the destination lies in the archive, when a file cannot be read,
-// has a name that is no UTF-8 or holds a "\", or changes meanwhile. Memory does not grow with the
-// size of files, only with their number.
+// Writes the copy. It stands in the same folder under another name, or none, until it is whole;
+// unless it comes back as Hecha, there is no new file and an earlier one is as it was. The archive
+// is only read. Nothing is written when the destination lies in the archive, when a file cannot be
+// read, has a name that is no UTF-8 or holds a "\", or changes meanwhile. Memory does not grow with
+// the size of files, only with their number.
 Guardada guardar(const Encargo &encargo, const Avance &avance, const std::stop_token &parar);
 
 } // namespace copia
