@@ -1,0 +1,370 @@
+// SPDX-License-Identifier: MIT
+// The built program from its command line, on archives that the main program made, without a
+// display.
+#include "revisor/EscuelaDePrueba.h"
+
+#include <QDir>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <csignal>
+
+using namespace Qt::StringLiterals;
+
+class tst_consola : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void completo_ceroYEnPalabras();
+    void faltas_unoYDeQuien();
+    void noEsHistorico_dos_data();
+    void noEsHistorico_dos();
+    void variasCarpetas_laPeor_data();
+    void variasCarpetas_laPeor();
+    void json_todasLasCarpetas();
+    void html_seGuarda();
+    void html_nuncaEnElHistorico_data();
+    void html_nuncaEnElHistorico();
+    void malUso_sesentaYCuatro_data();
+    void malUso_sesentaYCuatro();
+    void ayudaYVersion_data();
+    void ayudaYVersion();
+    void copia_seGuardaYSeComprueba();
+    void copia_noReemplazaSinPedirlo();
+    void copia_loQueQuedaFueraSeDice();
+    void copiaCambiada_unoYCual();
+    void comprobarOtraCosa_dos();
+    void carpetaDeCualquierNombre_sirve();
+    void salidaQueNoSePuedeEscribir_dos();
+    void interrumpida_noDejaNada();
+
+private:
+    struct Respuesta {
+        int salida = -1;
+        QString dicho;
+        QString queja;
+    };
+    Respuesta correr(const QStringList &argumentos) const;
+    QString lugar(const QString &dentro) const { return m_lugar->filePath(dentro); }
+    QString historico() const { return lugar(u"Quorvela/123-2010"_s); }
+
+    std::unique_ptr<QTemporaryDir> m_lugar;
+};
+
+void tst_consola::init()
+{
+    m_lugar = std::make_unique<QTemporaryDir>();
+    EscuelaDePrueba escuela(generarEscuela({2010, 1, 3, 2}));
+    QCOMPARE(textoDe(escuela.descargar(m_lugar->path())), historico());
+}
+
+tst_consola::Respuesta tst_consola::correr(const QStringList &argumentos) const
+{
+    QProcess proceso;
+    QProcessEnvironment entorno = QProcessEnvironment::systemEnvironment();
+    for (const QString &pantalla : {u"DISPLAY"_s, u"WAYLAND_DISPLAY"_s, u"QT_QPA_PLATFORM"_s})
+        entorno.remove(pantalla);
+    proceso.setProcessEnvironment(entorno);
+    proceso.setWorkingDirectory(m_lugar->path());
+    proceso.start(QStringLiteral(PARVANEL_REVISOR), argumentos);
+    if (!proceso.waitForFinished(60000) || proceso.exitStatus() != QProcess::NormalExit)
+        return {};
+    return {.salida = proceso.exitCode(),
+            .dicho = QString::fromUtf8(proceso.readAllStandardOutput()),
+            .queja = QString::fromUtf8(proceso.readAllStandardError())};
+}
+
+void tst_consola::completo_ceroYEnPalabras()
+{
+    for (const QStringList &argumentos :
+         {QStringList{historico()}, QStringList{u"--texto"_s, historico()}}) {
+        const Respuesta respuesta = correr(argumentos);
+        QCOMPARE(respuesta.queja, QString());
+        QCOMPARE(respuesta.salida, 0);
+        QVERIFY2(respuesta.dicho.startsWith(u"123-2010: Completo\n"_s),
+                 qUtf8Printable(respuesta.dicho));
+        QVERIFY(respuesta.dicho.contains(u"Carpeta: "_s + historico()));
+    }
+}
+
+void tst_consola::faltas_unoYDeQuien()
+{
+    const QString informes = historico() + u"/archivos/infoFinal/"_s;
+    const QString uno = QDir(informes).entryList(QDir::Files).first();
+    QVERIFY(QFile::remove(informes + uno));
+    const Respuesta respuesta = correr({historico()});
+    QCOMPARE(respuesta.salida, 1);
+    QVERIFY(respuesta.dicho.startsWith(u"123-2010: Faltan documentos\n"_s));
+    QVERIFY(respuesta.dicho.contains(u"archivos/infoFinal/"_s + uno));
+    QVERIFY(respuesta.dicho.contains(u" (%1)\n"_s.arg(uno.section(u'.', 0, 0))));
+}
+
+void tst_consola::noEsHistorico_dos_data()
+{
+    QTest::addColumn<QString>("carpeta");
+    QTest::addColumn<QString>("titulo");
+    QTest::newRow("vacia") << u"vacia"_s << u"No es un histórico"_s;
+    QTest::newRow("no hay") << u"ninguna"_s << u"No se puede leer"_s;
+    QTest::newRow("sin nombre") << u""_s << u"No se puede leer"_s;
+}
+
+void tst_consola::noEsHistorico_dos()
+{
+    QFETCH(QString, carpeta);
+    QFETCH(QString, titulo);
+    QVERIFY(QDir(m_lugar->path()).mkdir(u"vacia"_s));
+    const Respuesta respuesta = correr({carpeta});
+    QCOMPARE(respuesta.salida, 2);
+    QVERIFY2(respuesta.dicho.contains(titulo), qUtf8Printable(respuesta.dicho));
+}
+
+void tst_consola::variasCarpetas_laPeor_data()
+{
+    QTest::addColumn<QStringList>("carpetas");
+    QTest::addColumn<int>("salida");
+    QTest::newRow("buenas") << QStringList{u"Quorvela/123-2010"_s, u"Quorvela/123-2010"_s} << 0;
+    QTest::newRow("una mala") << QStringList{u"mala"_s, u"Quorvela/123-2010"_s} << 1;
+    QTest::newRow("una que no hay") << QStringList{u"ninguna"_s, u"mala"_s} << 2;
+}
+
+void tst_consola::variasCarpetas_laPeor()
+{
+    QFETCH(QStringList, carpetas);
+    QFETCH(int, salida);
+    std::filesystem::copy(historico().toStdString(), lugar(u"mala"_s).toStdString(),
+                          std::filesystem::copy_options::recursive);
+    QVERIFY(QFile::remove(lugar(u"mala/configuracion.txt"_s)));
+    const Respuesta respuesta = correr(carpetas);
+    QCOMPARE(respuesta.salida, salida);
+    for (const QString &carpeta : carpetas)
+        QVERIFY(respuesta.dicho.contains(carpeta.section(u'/', -1) + u": "_s));
+}
+
+void tst_consola::json_todasLasCarpetas()
+{
+    const Respuesta respuesta = correr({u"--json"_s, historico(), u"ninguna"_s});
+    QCOMPARE(respuesta.salida, 2);
+    const QJsonObject raiz = QJsonDocument::fromJson(respuesta.dicho.toUtf8()).object();
+    QCOMPARE(raiz[u"formato"_s], QJsonValue(u"parvanel-revisor"_s));
+    QCOMPARE(raiz[u"version"_s], QJsonValue(1));
+    const QJsonArray historicos = raiz[u"historicos"_s].toArray();
+    QCOMPARE(historicos.size(), 2);
+    QCOMPARE(historicos[0][u"veredicto"_s], QJsonValue(u"completo"_s));
+    QCOMPARE(historicos[0][u"carpeta"_s], QJsonValue(historico()));
+    QCOMPARE(historicos[1][u"veredicto"_s], QJsonValue(u"no-se-lee"_s));
+}
+
+void tst_consola::html_seGuarda()
+{
+    const Respuesta respuesta = correr({u"--html"_s, u"informe.html"_s, historico()});
+    QCOMPARE(respuesta.salida, 0);
+    QVERIFY(respuesta.dicho.startsWith(u"123-2010: Completo. "_s));
+    const QByteArray pagina = leido(lugar(u"informe.html"_s).toStdString());
+    QVERIFY(pagina.startsWith("<!DOCTYPE html>"));
+    QVERIFY(pagina.contains("<p class=\"palabra\">Completo</p>"));
+    const Respuesta sinLugar = correr({u"--html"_s, u"ninguna/informe.html"_s, historico()});
+    QCOMPARE(sinLugar.salida, 2);
+    QVERIFY(sinLugar.queja.contains(u"No se pudo guardar el informe en ninguna/informe.html"_s));
+}
+
+void tst_consola::html_nuncaEnElHistorico_data()
+{
+    QTest::addColumn<QString>("informe");
+    QTest::newRow("dentro") << u"Quorvela/123-2010/informe.html"_s;
+    QTest::newRow("hondo") << u"Quorvela/123-2010/archivos/salones/informe.html"_s;
+    QTest::newRow("por un enlace") << u"puerta/informe.html"_s;
+}
+
+void tst_consola::html_nuncaEnElHistorico()
+{
+    QFETCH(QString, informe);
+    QVERIFY(QFile::link(historico() + u"/archivos"_s, lugar(u"puerta"_s)));
+    const Respuesta respuesta = correr({u"--html"_s, informe, historico()});
+    QCOMPARE(respuesta.salida, 2);
+    QVERIFY(respuesta.queja.contains(u"dentro del histórico"_s));
+    QVERIFY(!QFile::exists(lugar(informe)));
+}
+
+void tst_consola::malUso_sesentaYCuatro_data()
+{
+    QTest::addColumn<QStringList>("argumentos");
+    QTest::newRow("opcion desconocida") << QStringList{u"--todo"_s, u"x"_s};
+    QTest::newRow("opcion de Qt") << QStringList{u"-style"_s, u"fusion"_s, u"x"_s};
+    QTest::newRow("sin carpeta") << QStringList{u"--texto"_s};
+    QTest::newRow("dos formas") << QStringList{u"--texto"_s, u"--json"_s, u"x"_s};
+    QTest::newRow("html sin archivo") << QStringList{u"x"_s, u"--html"_s};
+    QTest::newRow("texto con valor") << QStringList{u"--texto=x"_s, u"x"_s};
+    QTest::newRow("copia sin carpeta") << QStringList{u"--copia"_s, u"x.zip"_s};
+    QTest::newRow("copia de dos") << QStringList{u"--copia"_s, u"x.zip"_s, u"a"_s, u"b"_s};
+    QTest::newRow("copia y comprobar")
+        << QStringList{u"--copia"_s, u"x.zip"_s, u"--comprobar"_s, u"x.zip"_s};
+    QTest::newRow("dos copias") << QStringList{u"--copia"_s, u"x.zip"_s, u"--copia"_s, u"y.zip"_s,
+                                               u"a"_s};
+    QTest::newRow("comprobar dos") << QStringList{u"--comprobar"_s, u"x.zip"_s, u"y.zip"_s};
+    QTest::newRow("reemplazar solo") << QStringList{u"--reemplazar"_s, u"x"_s};
+}
+
+void tst_consola::malUso_sesentaYCuatro()
+{
+    QFETCH(QStringList, argumentos);
+    const Respuesta respuesta = correr(argumentos);
+    QCOMPARE(respuesta.salida, 64);
+    QCOMPARE(respuesta.dicho, QString());
+    QVERIFY(respuesta.queja.startsWith(u"parvanel-revisor: "_s));
+    QVERIFY(respuesta.queja.contains(u"--ayuda"_s));
+}
+
+void tst_consola::ayudaYVersion_data()
+{
+    QTest::addColumn<QString>("opcion");
+    QTest::addColumn<QString>("dicho");
+    QTest::newRow("ayuda") << u"--ayuda"_s << u"parvanel-revisor --comprobar"_s;
+    QTest::newRow("help") << u"--help"_s << u"parvanel-revisor --comprobar"_s;
+    QTest::newRow("version") << u"--version"_s << u"parvanel-revisor " PARVANEL_VERSION "\n"_s;
+}
+
+void tst_consola::ayudaYVersion()
+{
+    QFETCH(QString, opcion);
+    QFETCH(QString, dicho);
+    const Respuesta respuesta = correr({opcion});
+    QCOMPARE(respuesta.salida, 0);
+    QCOMPARE(respuesta.queja, QString());
+    QVERIFY2(respuesta.dicho.contains(dicho), qUtf8Printable(respuesta.dicho));
+}
+
+void tst_consola::copia_seGuardaYSeComprueba()
+{
+    const Respuesta guardada = correr({u"--copia"_s, u"copia.zip"_s, historico()});
+    QCOMPARE(guardada.queja, QString());
+    QCOMPARE(guardada.dicho, u"Copia guardada: copia.zip\n"_s);
+    QCOMPARE(guardada.salida, 0);
+    const Respuesta comprobada = correr({u"--comprobar"_s, u"copia.zip"_s});
+    QCOMPARE(comprobada.salida, 0);
+    QVERIFY(comprobada.dicho.startsWith(u"La copia está intacta: "_s));
+
+    QCOMPARE(
+        QProcess::execute(u"unzip"_s, {u"-q"_s, lugar(u"copia.zip"_s), u"-d"_s, lugar(u"fuera"_s)}),
+        0);
+    QCOMPARE(correr({u"--comprobar"_s, u"fuera"_s}).dicho, comprobada.dicho);
+    // What comes out is an archive again, and says when it was downloaded.
+    const Respuesta revisada = correr({u"fuera/copia/data"_s});
+    QCOMPARE(revisada.salida, 0);
+}
+
+void tst_consola::copia_noReemplazaSinPedirlo()
+{
+    escrito(lugar(u"copia.zip"_s).toStdString(), "anterior");
+    const Respuesta guardada = correr({u"--copia"_s, u"copia.zip"_s, historico()});
+    QCOMPARE(guardada.salida, 2);
+    QCOMPARE(guardada.queja, u"parvanel-revisor: Ya existe copia.zip\n"_s);
+    QCOMPARE(leido(lugar(u"copia.zip"_s).toStdString()), QByteArray("anterior"));
+    QCOMPARE(correr({u"--copia"_s, u"copia.zip"_s, u"--reemplazar"_s, historico()}).salida, 0);
+    QCOMPARE(correr({u"--comprobar"_s, u"copia.zip"_s}).salida, 0);
+}
+
+void tst_consola::copia_loQueQuedaFueraSeDice()
+{
+    escrito((historico() + u"/archivos/.descarga-1-2"_s).toStdString(), "resto");
+    Respuesta guardada = correr({u"--copia"_s, u"uno.zip"_s, historico()});
+    QCOMPARE(guardada.salida, 0);
+    QVERIFY(guardada.dicho.contains(u"archivos/.descarga-1-2\n"_s));
+    QVERIFY(QFile::link(u"/etc/passwd"_s, historico() + u"/archivos/claves"_s));
+    guardada = correr({u"--copia"_s, u"dos.zip"_s, historico()});
+    QCOMPARE(guardada.salida, 1);
+    QVERIFY(guardada.dicho.contains(
+        u"Quedó fuera, porque es un acceso que lleva a otro lugar: archivos/claves\n"_s));
+}
+
+void tst_consola::copiaCambiada_unoYCual()
+{
+    QCOMPARE(correr({u"--copia"_s, u"copia.zip"_s, historico()}).salida, 0);
+    QCOMPARE(
+        QProcess::execute(u"unzip"_s, {u"-q"_s, lugar(u"copia.zip"_s), u"-d"_s, lugar(u"fuera"_s)}),
+        0);
+    const QString datos = lugar(u"fuera/copia/data/"_s);
+    escrito((datos + u"index.html"_s).toStdString(), "otra");
+    escrito((datos + u"mas.html"_s).toStdString(), "mas");
+    QVERIFY(QFile::remove(datos + u"configuracion.txt"_s));
+    const Respuesta comprobada = correr({u"--comprobar"_s, u"fuera"_s});
+    QCOMPARE(comprobada.salida, 1);
+    QCOMPARE(comprobada.dicho,
+             u"La copia no está como se guardó: 1 archivo cambió, 1 falta, 1 sobra.\n"
+             "  Falta:  data/configuracion.txt\n"
+             "  Cambió: data/index.html\n"
+             "  Sobra:  data/mas.html\n"_s);
+}
+
+void tst_consola::comprobarOtraCosa_dos()
+{
+    escrito(lugar(u"otra.zip"_s).toStdString(), "PK");
+    for (const QString &ruta : {u"otra.zip"_s, u"ninguna.zip"_s, historico()}) {
+        const Respuesta comprobada = correr({u"--comprobar"_s, ruta});
+        QCOMPARE(comprobada.salida, 2);
+        QCOMPARE(comprobada.dicho, QString());
+        QVERIFY(!comprobada.queja.isEmpty());
+    }
+}
+
+void tst_consola::carpetaDeCualquierNombre_sirve()
+{
+    // Bytes that are no text; the shell hands them over as they are.
+    QCOMPARE(QProcess::execute(u"/bin/sh"_s,
+                               {u"-c"_s,
+                                u"cd \"$1\" && n=$(printf 'Pe\\361a') && mv 123-2010 \"$n\" && "
+                                u"\"$2\" --texto \"$n\" && \"$2\" --copia ../copia.zip \"$n\" && "
+                                u"\"$2\" --comprobar ../copia.zip && mv \"$n\" 123-2010"_s,
+                                u"sh"_s, lugar(u"Quorvela"_s), QStringLiteral(PARVANEL_REVISOR)}),
+             0);
+}
+
+void tst_consola::salidaQueNoSePuedeEscribir_dos()
+{
+    QProcess proceso;
+    proceso.setStandardOutputFile(u"/dev/full"_s);
+    proceso.start(QStringLiteral(PARVANEL_REVISOR), {historico()});
+    QVERIFY(proceso.waitForFinished(60000));
+    QCOMPARE(proceso.exitCode(), 2);
+}
+
+void tst_consola::interrumpida_noDejaNada()
+{
+    // Large enough that it is not done before it is seen at its work.
+    QFile grande(historico() + u"/archivos/grande.bin"_s);
+    QVERIFY(grande.open(QIODevice::WriteOnly) && grande.resize(qint64(4) << 30));
+    grande.close();
+    QVERIFY(QDir(m_lugar->path()).mkdir(u"copias"_s));
+    const auto enCopias = [&] {
+        return QDir(lugar(u"copias"_s)).entryList(QDir::Files | QDir::Hidden);
+    };
+    // Where the system can, the copy has no name at all as long as it is written.
+    const auto escribe = [&](qint64 proceso) {
+        std::error_code error;
+        for (const auto &abierto : std::filesystem::directory_iterator(
+                 "/proc/" + std::to_string(proceso) + "/fd", error)) {
+            if (textoDe(std::filesystem::read_symlink(abierto, error))
+                    .startsWith(lugar(u"copias/"_s)))
+                return true;
+        }
+        return false;
+    };
+    QProcess proceso;
+    proceso.start(QStringLiteral(PARVANEL_REVISOR),
+                  {u"--copia"_s, lugar(u"copias/copia.zip"_s), historico()});
+    QTRY_VERIFY_WITH_TIMEOUT(escribe(proceso.processId()), 60000);
+    QVERIFY(!enCopias().contains(u"copia.zip"_s));
+    QCOMPARE(::kill(static_cast<pid_t>(proceso.processId()), SIGINT), 0);
+    QVERIFY(proceso.waitForFinished(60000));
+    QCOMPARE(proceso.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(proceso.exitCode(), 2);
+    QCOMPARE(enCopias(), QStringList());
+}
+
+QTEST_MAIN(tst_consola)
+#include "tst_consola.moc"
