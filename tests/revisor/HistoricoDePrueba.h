@@ -29,6 +29,15 @@ public:
             escribir(nombre, bytes);
     }
 
+    ~HistoricoDePrueba()
+    {
+        // The temporary folder cannot remove what has a name that is no text.
+        std::error_code error;
+        std::filesystem::remove_all(m_lugar.path().toStdString(), error);
+    }
+    HistoricoDePrueba(const HistoricoDePrueba &) = delete;
+    HistoricoDePrueba &operator=(const HistoricoDePrueba &) = delete;
+
     // What stands in the archive, name by name.
     static std::map<QByteArray, QByteArray> documentos()
     {

@@ -24,7 +24,8 @@ private Q_SLOTS:
     void mismaCarpeta_mismosBytes();
     void nombreConPorciento_codificado();
     void enlaces_quedanFuera();
-    void enlaceComoCarpeta_sirve();
+    void carpetaPorOtroNombre_esLaMisma_data();
+    void carpetaPorOtroNombre_esLaMisma();
     void nombreQueNoSirve_rechazado_data();
     void nombreQueNoSirve_rechazado();
     void carpetaQueNoSeLee_rechazada();
@@ -159,15 +160,26 @@ void tst_copia::enlaces_quedanFuera()
     QCOMPARE(historico.comprobar().archivos, 8);
 }
 
-void tst_copia::enlaceComoCarpeta_sirve()
+void tst_copia::carpetaPorOtroNombre_esLaMisma_data()
 {
+    QTest::addColumn<QByteArray>("carpeta");
+    QTest::newRow("enlace") << QByteArray("atajo");
+    QTest::newRow("separador al final") << QByteArray("123-2010/");
+    QTest::newRow("con rodeo") << QByteArray("123-2010/archivos/..");
+}
+
+void tst_copia::carpetaPorOtroNombre_esLaMisma()
+{
+    QFETCH(QByteArray, carpeta);
     const HistoricoDePrueba historico;
     std::filesystem::create_directory_symlink(historico.carpeta(), historico.ruta("atajo"));
     copia::Encargo encargo = historico.encargo();
-    encargo.carpeta = historico.ruta("atajo");
+    encargo.carpeta = historico.ruta(carpeta.constData());
     const copia::Guardada guardada = copia::guardar(encargo, {}, {});
     QCOMPARE(guardada.final, Final::Hecha);
     QCOMPARE(guardada.archivos, 8);
+    QVERIFY(historico.leer(historico.sacar() / "bag-info.txt")
+                .contains("\nExternal-Identifier: 123-2010\n"));
 }
 
 void tst_copia::nombreQueNoSirve_rechazado_data()
