@@ -8,26 +8,25 @@
 
 namespace copia {
 
-namespace {
-
-la_ssize_t escribirEn(archive * /*zip*/, void *salida, const void *bytes, size_t cuantos)
+// The library is never told of a failure: it would leave what it has begun, and lose its memory.
+std::ptrdiff_t EscritorZip::recibir(archive * /*zip*/, void *salida, const void *bytes,
+                                    std::size_t cuantos)
 {
+    auto &destino = *static_cast<Destino *>(salida);
     const auto pedidos = static_cast<qint64>(cuantos);
-    const qint64 escritos =
-        static_cast<QIODevice *>(salida)->write(static_cast<const char *>(bytes), pedidos);
-    return escritos == pedidos ? static_cast<la_ssize_t>(escritos) : -1;
+    destino.sirve =
+        destino.sirve
+        && destino.dispositivo.write(static_cast<const char *>(bytes), pedidos) == pedidos;
+    return static_cast<std::ptrdiff_t>(cuantos);
 }
-
-} // namespace
 
 void EscritorZip::Soltar::operator()(archive *zip) const
 {
-    // One that was not closed must not be closed now: nobody looks at the output any more.
-    static_cast<void>(archive_write_fail(zip));
     static_cast<void>(archive_write_free(zip)); // what could fail had to be done by cerrar()
 }
 
-EscritorZip::EscritorZip(QIODevice &salida) : m_zip(archive_write_new())
+EscritorZip::EscritorZip(QIODevice &salida)
+    : m_destino{.dispositivo = salida}, m_zip(archive_write_new())
 {
     constexpr int bloque = 65536;
     archive *zip = m_zip.get();
@@ -35,10 +34,14 @@ EscritorZip::EscritorZip(QIODevice &salida) : m_zip(archive_write_new())
               && archive_write_set_bytes_per_block(zip, bloque) == ARCHIVE_OK
               // No zeros at its end.
               && archive_write_set_bytes_in_last_block(zip, 1) == ARCHIVE_OK
-              && archive_write_open(zip, &salida, nullptr, escribirEn, nullptr) == ARCHIVE_OK;
+              && archive_write_open(zip, &m_destino, nullptr, recibir, nullptr) == ARCHIVE_OK;
 }
 
-EscritorZip::~EscritorZip() = default;
+EscritorZip::~EscritorZip()
+{
+    // One that was not closed is ended by the library, for nobody.
+    m_destino.sirve = false;
+}
 
 bool EscritorZip::entrada(const QByteArray &nombre, qint64 bytes,
                           std::filesystem::file_time_type escrito, unsigned tipo)
@@ -61,7 +64,7 @@ bool EscritorZip::entrada(const QByteArray &nombre, qint64 bytes,
     archive_entry_set_mtime(entrada.get(),
                             std::chrono::floor<std::chrono::seconds>(momento).count(), 0);
     // A warning is a name or a size that was written otherwise than asked for.
-    return archive_write_header(m_zip.get(), entrada.get()) == ARCHIVE_OK;
+    return archive_write_header(m_zip.get(), entrada.get()) == ARCHIVE_OK && m_destino.sirve;
 }
 
 bool EscritorZip::carpeta(const QByteArray &nombre, std::filesystem::file_time_type escrito)
@@ -78,17 +81,18 @@ bool EscritorZip::archivo(const QByteArray &nombre, qint64 bytes,
 bool EscritorZip::agregar(std::span<const char> bytes)
 {
     return archive_write_data(m_zip.get(), bytes.data(), bytes.size())
-           == static_cast<la_ssize_t>(bytes.size());
+               == static_cast<la_ssize_t>(bytes.size())
+           && m_destino.sirve;
 }
 
 bool EscritorZip::terminarArchivo()
 {
-    return archive_write_finish_entry(m_zip.get()) == ARCHIVE_OK;
+    return archive_write_finish_entry(m_zip.get()) == ARCHIVE_OK && m_destino.sirve;
 }
 
 bool EscritorZip::cerrar()
 {
-    return m_listo && archive_write_close(m_zip.get()) == ARCHIVE_OK;
+    return m_listo && archive_write_close(m_zip.get()) == ARCHIVE_OK && m_destino.sirve;
 }
 
 } // namespace copia

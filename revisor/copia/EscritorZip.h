@@ -5,6 +5,7 @@
 #include <QByteArray>
 #include <QIODevice>
 
+#include <cstddef>
 #include <filesystem>
 #include <memory>
 #include <span>
@@ -35,10 +36,17 @@ private:
     bool entrada(const QByteArray &nombre, qint64 bytes, std::filesystem::file_time_type escrito,
                  unsigned tipo);
 
+    struct Destino {
+        QIODevice &dispositivo;
+        bool sirve = true; // every byte so far was taken
+    };
+    static std::ptrdiff_t recibir(archive *zip, void *salida, const void *bytes,
+                                  std::size_t cuantos);
     struct Soltar {
         void operator()(archive *zip) const;
     };
-    std::unique_ptr<archive, Soltar> m_zip;
+    Destino m_destino;
+    std::unique_ptr<archive, Soltar> m_zip; // writes to it until its end
     bool m_listo = false;
 };
 
