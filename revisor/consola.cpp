@@ -243,6 +243,8 @@ int hacer(const MalUso &orden)
 int correr(int argc, const char *const *argv)
 {
     atenderInterrupciones();
+    // Before the review has threads; copying and proving say so themselves if it cannot be had.
+    static_cast<void>(copia::nombresEnUtf8());
     return std::visit([](const auto &orden) { return hacer(orden); }, leer(argc, argv));
 }
 

@@ -278,6 +278,8 @@ private:
 
 Comprobacion comprobar(const fs::path &ruta, const Avance &avance, const std::stop_token &parar)
 {
+    if (!nombresEnUtf8())
+        return {.texto = u"Este sistema no admite nombres con acentos."_s};
     std::error_code error;
     const fs::file_status que = fs::status(ruta, error);
     if (!fs::is_directory(que) && !fs::is_regular_file(que))

@@ -266,6 +266,8 @@ std::optional<Guardada> rechazo(const Encargo &encargo)
 
 Guardada guardar(const Encargo &encargo, const Avance &avance, const std::stop_token &parar)
 {
+    if (!nombresEnUtf8())
+        return {.texto = u"No se guardó la copia: este sistema no admite nombres con acentos."_s};
     if (auto no = rechazo(encargo))
         return *no;
     // By its real name: a link may be turned to another folder meanwhile, and only that name

@@ -7,6 +7,8 @@
 #include <QCryptographicHash>
 #include <QTest>
 
+#include <clocale>
+
 #include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
@@ -22,6 +24,8 @@ private Q_SLOTS:
     void copia_suManifiesto();
     void copia_lasFechasDeLosDocumentos();
     void mismaCarpeta_mismosBytes();
+    void cualquierIdioma_mismosBytes_data();
+    void cualquierIdioma_mismosBytes();
     void nombreConPorciento_codificado();
     void enlaces_quedanFuera();
     void carpetaPorOtroNombre_esLaMisma_data();
@@ -123,6 +127,34 @@ void tst_copia::mismaCarpeta_mismosBytes()
     otra.cuando = otra.cuando.addDays(1);
     QCOMPARE(copia::guardar(otra, {}, {}).final, Final::Hecha);
     QVERIFY(historico.leer(historico.zip()) != primera);
+}
+
+void tst_copia::cualquierIdioma_mismosBytes_data()
+{
+    QTest::addColumn<QByteArray>("idioma");
+    QTest::newRow("C") << QByteArray("C");
+    QTest::newRow("POSIX") << QByteArray("POSIX");
+    QTest::newRow("C.UTF-8") << QByteArray("C.UTF-8");
+}
+
+void tst_copia::cualquierIdioma_mismosBytes()
+{
+    QFETCH(QByteArray, idioma);
+    const HistoricoDePrueba historico;
+    QCOMPARE(historico.guardar().final, Final::Hecha);
+    const QByteArray primera = historico.leer(historico.zip());
+    // The names are marked as UTF-8: without that, other systems take them for their own.
+    const qsizetype linea = primera.lastIndexOf("PK\1\2", primera.lastIndexOf("Ñandú"));
+    QVERIFY(linea > 0);
+    QCOMPARE(primera.at(linea + 9) & 0x08, 0x08);
+
+    QVERIFY(std::setlocale(LC_ALL, idioma.constData()) != nullptr);
+    copia::Encargo otra = historico.encargo();
+    otra.reemplazar = true;
+    QCOMPARE(copia::guardar(otra, {}, {}).final, Final::Hecha);
+    QVERIFY(historico.leer(historico.zip()) == primera);
+    QVERIFY(std::setlocale(LC_ALL, idioma.constData()) != nullptr);
+    QCOMPARE(historico.comprobar().veredicto, copia::Comprobacion::Veredicto::Intacta);
 }
 
 void tst_copia::nombreConPorciento_codificado()

@@ -3,8 +3,7 @@
 // archive's files stand below data/, beside them the SHA-256 sum of each, so that anybody can say
 // years later whether every byte is as it was, with this program or without it.
 //
-// Plain functions; they may run in any thread. The names in a ZIP are UTF-8 only when the process's
-// character type is, which a QCoreApplication sees to on every system: it must have been made.
+// Plain functions; they may run in any thread.
 #pragma once
 
 #include <QDateTime>
@@ -56,6 +55,12 @@ struct Encargo {
     QDateTime cuando;              // what the bag gives as its date; the rest is the folder's alone
     QString programa;              // and as its maker, such as "parvanel-revisor 4.0.0"
 };
+
+// Sees to it that the process's character type is UTF-8, by which libarchive goes with names; false
+// when the system has none. Copying and proving ask for it themselves. In a session of another
+// encoding it changes the process's locale: whoever has threads asks before they start, and after
+// the application object has been made, which sets the locale as well.
+bool nombresEnUtf8();
 
 // Writes the copy. It stands in the same folder under another name, or none, until it is whole;
 // unless it comes back as Hecha, there is no new file and an earlier one is as it was. The archive
