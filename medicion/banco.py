@@ -98,7 +98,8 @@ def lanzar(argumentos, **opciones):
 
 
 def correr(argumentos, entorno, salida=subprocess.PIPE):
-    """Runs a program to its end: what it printed, its wall and processor time in seconds."""
+    """Runs a program to its end: what it printed, its wall and processor time in seconds,
+    the most memory in MB that was ever resident."""
     antes = time.monotonic()
     proceso = lanzar(argumentos, env=entorno, stdin=subprocess.DEVNULL, stdout=salida,
                      stderr=subprocess.DEVNULL)
@@ -114,7 +115,7 @@ def correr(argumentos, entorno, salida=subprocess.PIPE):
     finally:
         guarda.cancel()
     return {"dicho": dicho, "codigo": proceso.returncode, "pared": time.monotonic() - antes,
-            "cpu": uso.ru_utime + uso.ru_stime}
+            "cpu": uso.ru_utime + uso.ru_stime, "memoria": uso.ru_maxrss / 1024}
 
 
 def cpu_de(pid):

@@ -18,6 +18,7 @@ from pathlib import Path
 from banco import AQUI, RAIZ, Banco, Cifra
 from filas_cuentas import instrucciones, llamadas, partes
 from filas_impresion import impresion
+from filas_revision import revision
 from filas_servicio import cifrado, crecimiento, lejano, llano, pausas
 from filas_ventana import arranque, vueltas
 
@@ -38,6 +39,7 @@ FILAS = (
     Fila("vueltas", "longest time that the event loop does not turn", vueltas),
     Fila("arranque", "start, beside an empty window", arranque),
     Fila("impresion", "40 documents through a print server", impresion),
+    Fila("revision", "the review of an archive, beside checkers of links and of pages", revision),
     Fila("partes", "a page of 40 KB in, rewritten and out (entera), and other parts", partes),
     Fila("llamadas", "what a request costs in system calls and events", llamadas),
     Fila("instrucciones", "what a request costs in instructions", instrucciones),
@@ -66,7 +68,8 @@ def versiones():
         ("libraries", dicho_por("dpkg-query", "-W", "-f", "${Package} ${Version}; ",
                                 "libqt6core6", "libcurl4", "libssl3", "g++")),
         ("yardsticks", dicho_por("dpkg-query", "-W", "-f", "${Package} ${Version}; ", "curl",
-                                 "wget", "wget2", "chromium", "wkhtmltopdf")),
+                                 "wget", "wget2", "chromium", "wkhtmltopdf", "linkchecker",
+                                 "zim-tools")),
     ]
 
 
