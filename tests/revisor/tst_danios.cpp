@@ -442,6 +442,10 @@ QList<Danio> dePaginas()
         poner("page of a status 404", reglas::PaginaDeError, conGuion, con(paginaAusente)),
         poner("page of a status 500", reglas::PaginaDeError, deAlumno, "<h1>Error 500</h1>\r\n"),
         poner("page of maintenance", reglas::PaginaDeError, deAlumno, mantenimiento + "\r\n"),
+        poner("notice in the dress of the service's pages", reglas::PaginaDeError, deAlumno,
+              "<html><head><title>Aviso</title><style>.hoja { margin: 0; }</style></head><body>"
+              "<div class=\"hoja\"><h1>Aviso</h1><p>Estamos mejorando para usted.</p></div>"
+              "</body></html>\r\n"),
         poner("warning of the service's own", reglas::PaginaDeError, deAlumno,
               "<br />\n<b>Warning</b>:  query() failed in <b>/srv/alumno.php</b> on line "
               "<b>12</b><br />\r\n"),

@@ -12,6 +12,14 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+// A GIF of one dot.
+const char *const puntoGif =
+    "47494638396101000100800000ffffff0000002c00000000010001000002024401003b";
+
+} // namespace
+
 class tst_lectores : public QObject {
     Q_OBJECT
 private:
@@ -121,8 +129,7 @@ private Q_SLOTS:
         QTest::addColumn<QByteArray>("bytes");
         for (const char *clase : {"JPG", "PNG", "BMP"})
             QTest::newRow(clase) << imagenEn(clase);
-        QTest::newRow("GIF") << QByteArray::fromHex("47494638396101000100800000ffffff0000002c000000"
-                                                    "00010001000002024401003b");
+        QTest::newRow("GIF") << QByteArray::fromHex(puntoGif);
         QTest::newRow("bytes after its end") << imagenEn("PNG") + "\r\n";
         QTest::newRow("JPEG with bytes after its end") << imagenEn("JPG") + "\r\n";
     }
@@ -131,6 +138,14 @@ private Q_SLOTS:
         QFETCH(QByteArray, bytes);
         QVERIFY(!bytes.isEmpty());
         QCOMPARE(estadoDeImagen(bytes), EstadoImagen::Buena);
+    }
+
+    void gif_cortado_nuncaEsBueno()
+    {
+        const QByteArray entero = QByteArray::fromHex(puntoGif);
+        for (qsizetype largo = 0; largo < entero.size(); ++largo)
+            QVERIFY2(estadoDeImagen(entero.left(largo)) != EstadoImagen::Buena,
+                     qPrintable(QString::number(largo)));
     }
 
     // Wherever it is cut before its end's mark.
