@@ -208,6 +208,7 @@ private:
         }
         while (!transferencia.terminada)
             m_motor.girar();
+        transferencia.intentos = nullptr;
     }
 
     void contarSilencio(TransferenciaHttp &transferencia)
