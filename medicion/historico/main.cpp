@@ -1,24 +1,20 @@
 // SPDX-License-Identifier: MIT
-// The review of a large archive, measured: the archive is made by the program itself from the
-// demonstration school.
+// Makes the large archives whose review is measured: downloads of the program itself, of the
+// demonstration school in that size.
 //
-//   bench-revisor hacer HOME CLASSROOMS STUDENTS    a download below HOME, STUDENTS to a classroom
-//   bench-revisor revisar FOLDER                    "MILLISECONDS FILES BYTES PEAK_KIB FINDINGS"
+//   bench-historico HOME CLASSROOMS STUDENTS    below HOME; STUDENTS to a classroom
 #include "archive/historico.h"
 #include "demostracion/ServicioDemo.h"
 #include "records/tcAlumnos.h"
 #include "records/tcMaterias.h"
 #include "records/tcSalones.h"
-#include "revisor/Revision.h"
 #include "service/Entorno.h"
 
-#include <QElapsedTimer>
 #include <QGuiApplication>
 
 #include <cstdio>
-#include <cstring>
-
-#include <sys/resource.h>
+#include <cstdlib>
+#include <memory>
 
 using namespace Qt::StringLiterals;
 
@@ -64,30 +60,14 @@ int hacer(const QString &personal, int salones, int alumnos)
     return 0;
 }
 
-int revisarla(const char *carpeta)
-{
-    QElapsedTimer reloj;
-    reloj.start();
-    const Resultado resultado = revisar(carpeta);
-    const qint64 tardo = reloj.elapsed();
-    rusage uso{};
-    [[maybe_unused]] const int hay = getrusage(RUSAGE_SELF, &uso); // of itself there always is
-    std::printf("%lld %d %lld %ld %d\n", static_cast<long long>(tardo), resultado.archivos,
-                static_cast<long long>(resultado.bytes), uso.ru_maxrss,
-                resultado.cuantos(Gravedad::Falta) + resultado.cuantos(Gravedad::Danio));
-    return resultado.veredicto == Veredicto::Completo ? 0 : 1;
-}
-
 } // namespace
 
 int main(int cuantos, char *argumentos[])
 {
-    if (cuantos == 3 && std::strcmp(argumentos[1], "revisar") == 0)
-        return revisarla(argumentos[2]);
     const QGuiApplication aplicacion(cuantos, argumentos); // the service draws with its fonts
-    if (cuantos == 5 && std::strcmp(argumentos[1], "hacer") == 0)
-        return hacer(QString::fromLocal8Bit(argumentos[2]), std::atoi(argumentos[3]), // NOLINT
-                     std::atoi(argumentos[4]));                                       // NOLINT
-    std::fputs("usage: bench-revisor hacer HOME CLASSROOMS STUDENTS | revisar FOLDER\n", stderr);
+    if (cuantos == 4)
+        return hacer(QString::fromLocal8Bit(argumentos[1]), std::atoi(argumentos[2]), // NOLINT
+                     std::atoi(argumentos[3]));                                       // NOLINT
+    std::fputs("usage: bench-historico HOME CLASSROOMS STUDENTS\n", stderr);
     return 2;
 }
