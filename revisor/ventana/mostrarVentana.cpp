@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+#include "mostrarVentana.h"
+#include "Ventana.h"
+#include "platform/DriveC.h"
+#include "platform/Verbos.h"
+#include "platform/paleta.h"
+
+#include <QApplication>
+#include <QIcon>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QTranslator>
+
+#include <array>
+#include <cstdlib>
+
+using namespace Qt::StringLiterals;
+
+int mostrarVentana()
+{
+    // The library keeps references to both; it sees no argument but a name.
+    int cuantos = 1;
+    std::array<char, 17> nombre{"parvanel-revisor"};
+    std::array<char *, 2> argumentos{nombre.data(), nullptr};
+    const QApplication aplicacion(cuantos, argumentos.data());
+    QApplication::setApplicationName(u"parvanel-revisor"_s);
+    QApplication::setApplicationDisplayName(u"Revisor de Históricos"_s);
+    QApplication::setDesktopFileName(u"parvanel-revisor"_s);
+    QApplication::setWindowIcon(QIcon(u":/revisor/parvanel-revisor.svg"_s));
+
+    // The file dialogs and the menus of text boxes; without the file they stay in English.
+    QTranslator traductor;
+    if (traductor.load(QLocale(QLocale::Spanish), u"qtbase"_s, u"_"_s,
+                       QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QApplication::installTranslator(&traductor);
+
+    const PaletaEscritorio paleta;
+    const DriveC disco(DriveC::carpetaPersonal());
+    Verbos verbos;
+    Ventana ventana(disco, verbos, [] { std::_Exit(EXIT_SUCCESS); });
+    ventana.show();
+    return QApplication::exec();
+}
