@@ -57,6 +57,7 @@ private:
     void ajenasPorSusMarcas(const std::vector<int> &paginas);
     void sinHermanas();
     void cortadas(const std::vector<int> &paginas);
+    bool algunaCierra() const;
     QByteArray cuerpoDe(int pagina) const;
 
     // juicioEnlaces.cpp

@@ -59,15 +59,12 @@ bool menciona(const QByteArray &texto, const QByteArray &id)
     return false;
 }
 
-// Whether the text ends in </html>, with perhaps the beginning of its script after it.
-bool cierra(const QByteArray &cuerpo, QStringView guion)
+// Whether the text ends in </html>. A server's remark or a counter's script after it is no part of
+// the page; another page, begun and not ended, is.
+bool cierra(const QByteArray &cuerpo)
 {
-    const QByteArray final = cuerpo.last(std::min<qsizetype>(cuerpo.size(), 4096)).trimmed();
-    const qsizetype lugar = final.toLower().lastIndexOf("</html>");
-    if (lugar < 0)
-        return false;
-    const QByteArray resto = final.mid(lugar + 7).trimmed();
-    return resto.isEmpty() || codepage::aBytes(guion.toString()).startsWith(resto);
+    const QByteArray final = cuerpo.last(std::min<qsizetype>(cuerpo.size(), 4096)).toLower();
+    return final.lastIndexOf("</html>") > final.lastIndexOf("<html");
 }
 
 // A link that goes out of the archive and comes in again by the name of its folder.
@@ -119,7 +116,7 @@ public:
             return;
         }
         if (familia)
-            anotar(cuerpo, pagina, *familia);
+            anotar(cuerpo, pagina);
         for (const Enlace &enlace : pagina.enlaces)
             seguir(enlace);
         if (cuerpo.conGuion) {
@@ -157,7 +154,7 @@ private:
         return false;
     }
 
-    void anotar(const Cuerpo &cuerpo, const PaginaLeida &pagina, const Familia &familia)
+    void anotar(const Cuerpo &cuerpo, const PaginaLeida &pagina)
     {
         if (!pagina.conElementos) {
             senalar(reglas::SinHtml);
@@ -165,7 +162,7 @@ private:
         }
         m_l.comparable = true;
         m_l.conGuion = cuerpo.conGuion;
-        m_l.cierra = cierra(cuerpo.bytes, familia.guion);
+        m_l.cierra = cierra(cuerpo.bytes);
         m_l.abreHtml = cuerpo.bytes.left(4096).toLower().contains("<html");
         m_l.diceError = diceError(pagina.titulo) || diceError(pagina.encabezado);
         m_l.mencionaSuId =

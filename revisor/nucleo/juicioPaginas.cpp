@@ -182,16 +182,25 @@ void Juicio::sinHermanas()
     }
 }
 
-// Its siblings end in </html>, or, when it has too few of them, its own <html> wants that.
+// Whether any page of the archive ends in </html>.
+bool Juicio::algunaCierra() const
+{
+    return std::any_of(m_lecturas.begin(), m_lecturas.end(),
+                       [](const Lectura &una) { return una.cierra; });
+}
+
+// Its siblings end in </html>, or its own <html> wants that. Where no page of a kind ends so, that
+// is how the service makes them; too few of a kind stand beside all pages of the archive.
 void Juicio::cortadas(const std::vector<int> &paginas)
 {
     const std::size_t cierran =
         cuantas(paginas, [&](int i) { return m_lecturas[static_cast<std::size_t>(i)].cierra; });
-    const bool loHacen =
-        paginas.size() >= familiaMinima ? cierran * 2 > paginas.size() : cierran > 0;
+    const bool bastantes = paginas.size() >= familiaMinima;
+    const bool loHacen = bastantes ? cierran * 2 > paginas.size() : cierran > 0;
+    const bool alguna = cierran > 0 || (!bastantes && algunaCierra());
     for (const int pagina : paginas) {
         const Lectura &lectura = m_lecturas[static_cast<std::size_t>(pagina)];
-        if (!lectura.cierra && (loHacen || lectura.abreHtml))
+        if (!lectura.cierra && (loHacen || (alguna && lectura.abreHtml)))
             avisarPagina(pagina, reglas::PaginaCortada);
     }
 }
