@@ -36,6 +36,7 @@ void Juicio::juzgar()
     restos();
     ordenar();
     contarSecciones();
+    acortar();
 }
 
 // Print jobs store documents too. What none of them makes tells of a download.
@@ -144,4 +145,18 @@ void Juicio::ordenar()
                          return std::tie(uno.regla, uno.salon, uno.persona, uno.archivo)
                                 < std::tie(otro.regla, otro.salon, otro.persona, otro.archivo);
                      });
+}
+
+// An address in a page may be as long as the page; what is shown of it is not. Last, because files
+// are known by their whole paths until then.
+void Juicio::acortar()
+{
+    constexpr qsizetype largoMaximo = 1000; // real paths stay far below
+    for (Hallazgo &hallazgo : m_resultado.hallazgos) {
+        for (QString *texto : {&hallazgo.archivo, &hallazgo.detalle, &hallazgo.idPersona,
+                               &hallazgo.persona, &hallazgo.idSalon, &hallazgo.salon}) {
+            if (texto->size() > largoMaximo)
+                *texto = texto->first(largoMaximo) + u'…';
+        }
+    }
 }

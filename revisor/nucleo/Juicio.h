@@ -85,6 +85,7 @@ private:
     void avisarPagina(int cual, reglas::Cual regla, const QString &detalle = {});
     void ponerDueno(Hallazgo &hallazgo) const;
     void ordenar();
+    void acortar();
 
     const Contexto &m_contexto;
     const Inventario &m_inventario;

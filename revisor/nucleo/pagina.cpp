@@ -10,6 +10,7 @@
 #include <array>
 #include <cstring>
 #include <limits>
+#include <unordered_set>
 
 using namespace Qt::StringLiterals;
 
@@ -17,6 +18,9 @@ namespace {
 
 constexpr std::size_t marcasMaximas = 512;
 constexpr qsizetype rotuloMaximo = 120;
+// A name stands at the beginning of its cell or link. Looking for one through a large page at each
+// of its links would take as long as the page is large, times its links.
+constexpr int pasosHastaElNombre = 256;
 
 // Browsers look for the encoding in a page's first 1024 bytes.
 bool dicenUtf8(const QByteArray &bytes)
@@ -79,8 +83,9 @@ QString textoDe(const GumboNode *raiz)
 {
     QString texto;
     Paseo paseo(raiz);
-    for (const GumboNode *nodo = paseo.siguiente(); nodo != nullptr && texto.size() < rotuloMaximo;
-         nodo = paseo.siguiente()) {
+    const GumboNode *nodo = paseo.siguiente();
+    for (int i = 0; nodo != nullptr && i < pasosHastaElNombre && texto.size() < rotuloMaximo;
+         ++i, nodo = paseo.siguiente()) {
         if (nodo->type == GUMBO_NODE_TEXT || nodo->type == GUMBO_NODE_WHITESPACE)
             texto += QString::fromUtf8(nodo->v.text.text).left(rotuloMaximo);
         else if (!texto.isEmpty())
@@ -93,7 +98,8 @@ QString textoDe(const GumboNode *raiz)
 QString primerTexto(const GumboNode *raiz)
 {
     Paseo paseo(raiz);
-    for (const GumboNode *nodo = paseo.siguiente(); nodo != nullptr; nodo = paseo.siguiente()) {
+    const GumboNode *nodo = paseo.siguiente();
+    for (int i = 0; nodo != nullptr && i < pasosHastaElNombre; ++i, nodo = paseo.siguiente()) {
         if (nodo->type == GUMBO_NODE_TEXT) {
             const QString texto = QString::fromUtf8(nodo->v.text.text).simplified();
             if (!texto.isEmpty())
@@ -106,7 +112,8 @@ QString primerTexto(const GumboNode *raiz)
 bool tieneAncla(const GumboNode *celda)
 {
     Paseo paseo(celda);
-    for (const GumboNode *nodo = paseo.siguiente(); nodo != nullptr; nodo = paseo.siguiente()) {
+    const GumboNode *nodo = paseo.siguiente();
+    for (int i = 0; nodo != nullptr && i < pasosHastaElNombre; ++i, nodo = paseo.siguiente()) {
         if (nodo->type == GUMBO_NODE_ELEMENT && nodo->v.element.tag == GUMBO_TAG_A)
             return true;
     }
@@ -261,9 +268,8 @@ private:
     QString rotulo(const GumboNode *nodo)
     {
         const GumboNode *fila = filaDe(nodo);
-        if (fila == nullptr || fila == m_fila)
+        if (fila == nullptr || !m_filas.insert(fila).second)
             return {};
-        m_fila = fila;
         return nombreEnFila(fila);
     }
 
@@ -300,7 +306,7 @@ private:
 
     PaginaLeida &m_pagina;
     std::string m_base;
-    const GumboNode *m_fila = nullptr;
+    std::unordered_set<const GumboNode *> m_filas; // whose name is given already
 };
 
 } // namespace

@@ -91,6 +91,13 @@ private Q_SLOTS:
                 bytes.append(static_cast<char>(azar.bounded(256)));
             return bytes;
         }() << u""_s;
+        QTest::newRow("a name looked for at each link")
+            << inicio + "<table><tr><td>" + QByteArray("<b></b>").repeated(300'000) + "</td><td>"
+                   + QByteArray("<a href=#></a><table><tr><td><a href=#></a></table>")
+                         .repeated(40'000)
+            << u""_s;
+        QTest::newRow("links in links")
+            << inicio + QByteArray("<a href=#><object>").repeated(9'900) << u""_s;
         QTest::newRow("addresses up and up")
             << inicio + "<a href='" + QByteArray("../").repeated(300'000) + "'>"
             << u"enlace-fuera"_s;
@@ -105,6 +112,23 @@ private Q_SLOTS:
         archivo.pagina(bytes);
         const QStringList reglas = archivo.reglasDe(laPagina);
         QVERIFY2(regla.isEmpty() || reglas.contains(regla), qPrintable(reglas.join(u' ')));
+    }
+
+    // Whatever an address is as long as, what is shown of it fits on a page.
+    void direccionesLargas_noAlarganElInforme()
+    {
+        const Pequeno archivo;
+        const QByteArray larga = QByteArray("x").repeated(2'000'000);
+        archivo.pagina("<html><body><a href='" + larga + "'>x</a><a href='/" + larga
+                       + "'>x</a><img src='../images/" + larga + "'><a href='../infoFinal/" + larga
+                       + ".html'>x</a></body></html>");
+        const Resultado resultado = revisar(archivo.carpetaDe());
+        QVERIFY(resultado.cuantos(Gravedad::Danio) >= 2);
+        for (const Hallazgo &h : resultado.hallazgos) {
+            for (const QString &texto :
+                 {h.archivo, h.detalle, h.idPersona, h.persona, h.idSalon, h.salon})
+                QVERIFY2(texto.size() < 2000, qPrintable(h.regla->nombre.toString()));
+        }
     }
 
     void configuracion_siempreVuelve_data()
