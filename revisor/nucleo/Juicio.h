@@ -8,6 +8,7 @@
 
 #include <QMap>
 
+#include <array>
 #include <unordered_set>
 #include <vector>
 
@@ -65,7 +66,14 @@ private:
     void faltasDeEnlaces();
     void faltasComunes();
     void juzgarAusente(const Ausente &ausente);
+    bool esRoto(const Lectura::Ausencia &ausencia) const;
     void enlacesRotos();
+
+    // juicioHechura.cpp
+    using Formas = std::unordered_set<std::size_t>;
+    Formas formasDe(std::size_t pagina) const;
+    void reunirHechura();
+    bool esDeHechura(std::size_t pagina, const QString &direccion) const;
     reglas::Cual reglaDe(const QString &ruta) const;
 
     // juicioFechas.cpp
@@ -94,10 +102,11 @@ private:
 
     QMap<QString, Persona> m_personas; // by the keys of their ids
     QMap<QString, Salon> m_salones;
-    QMap<QString, Ausente> m_ausentes; // by the keys of their paths
-    std::vector<char> m_malas;         // pages of which something is said already
-    std::vector<char> m_enlazadas;     // files that a page links
-    std::vector<char> m_conocidas;     // files that a page of the last download links
+    QMap<QString, Ausente> m_ausentes;               // by the keys of their paths
+    std::array<Formas, familias::Cuantas> m_hechura; // of links that are so in all pages of a kind
+    std::vector<char> m_malas;                       // pages of which something is said already
+    std::vector<char> m_enlazadas;                   // files that a page links
+    std::vector<char> m_conocidas;                   // files that a page of the last download links
     bool m_descargado = false;
     qint64 m_inicio = 0; // of the last download
 };

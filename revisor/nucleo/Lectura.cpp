@@ -184,7 +184,7 @@ private:
             seguirEnLaRed(direccion.completa);
             return;
         case Direccion::Fuera:
-            senalar(reglas::EnlaceFuera, direccion.completa);
+            salir(direccion.completa);
             return;
         case Direccion::Relativa:
             seguirRelativa(direccion, enlace);
@@ -196,7 +196,7 @@ private:
         if (direccion.arriba > 0) {
             const PorLaRaiz como = porLaRaiz(direccion, m_contexto.nombres);
             if (como == PorLaRaiz::No) {
-                senalar(reglas::EnlaceFuera, QString::fromStdString(enlace.direccion));
+                salir(QString::fromStdString(enlace.direccion));
                 return;
             }
             if (como == PorLaRaiz::PorOtroNombre)
@@ -233,6 +233,14 @@ private:
             return;
         m_faltan.insert(ruta);
         m_l.ausencias.push_back({ruta, recurso});
+    }
+
+    void salir(const QString &direccion)
+    {
+        if (m_salidas.contains(direccion))
+            return;
+        m_salidas.insert(direccion);
+        m_l.fuera.append(direccion);
     }
 
     void nombrar(const QString &ruta, const Enlace &enlace)
@@ -317,6 +325,7 @@ private:
     const QByteArray *m_bytes = nullptr;
     QStringList m_carpeta;
     QSet<QString> m_faltan;
+    QSet<QString> m_salidas;
 };
 
 void juzgarImagen(const QByteArray &bytes, Lectura &lectura)

@@ -34,6 +34,7 @@ struct Lectura {
     std::vector<Senal> senales;
     std::vector<int> hacia; // files that it links, each once
     std::vector<Ausencia> ausencias;
+    QStringList fuera; // addresses that lead out of the archive, each once
     std::vector<Nombrado> nombrados;
 
     // Of a document that is a page of any sense, for its comparison with its siblings.

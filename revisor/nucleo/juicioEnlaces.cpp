@@ -4,7 +4,9 @@
 #include "platform/rutaWindows.h"
 #include "texto.h"
 
+#include <algorithm>
 #include <array>
+#include <iterator>
 
 using namespace Qt::StringLiterals;
 
@@ -27,7 +29,22 @@ constexpr std::array<QStringView, 12> imagenesDeSiempre = {u"archivos/images/log
                                                            u"archivos/images/labels/Nro Perdidas",
                                                            u"archivos/images/labels/Total Fallas"};
 
+// Fetched by the print job whose pages show them.
+constexpr std::array<QStringView, 3> imagenesDelObservador = {u"archivos/images/apersonal.png",
+                                                              u"archivos/images/aconvivencia.png",
+                                                              u"archivos/images/aacademico.png"};
+
 constexpr QStringView etiquetas = u"archivos/images/labels";
+
+// A page may show any image of the school's; only those of these names ever come.
+bool seDescarga(const QString &ruta)
+{
+    const auto esEsta = [&](QStringView una) {
+        return ruta.compare(una, Qt::CaseInsensitive) == 0;
+    };
+    return std::any_of(imagenesDeSiempre.begin(), imagenesDeSiempre.end(), esEsta)
+           || std::any_of(imagenesDelObservador.begin(), imagenesDelObservador.end(), esEsta);
+}
 
 bool esDe(const QString &ruta, QStringView carpeta)
 {
@@ -85,7 +102,7 @@ reglas::Cual Juicio::reglaDe(const QString &ruta) const
                    : reglas::FaltaImagen;
     }
     if (esDe(ruta, u"archivos/images"))
-        return reglas::FaltaImagen;
+        return seDescarga(ruta) ? reglas::FaltaImagen : reglas::ImagenQueNoSeDescarga;
     return esDe(ruta, u"archivos/jscript") ? reglas::FaltaBiblioteca : reglas::ArchivoAjeno;
 }
 
@@ -136,26 +153,53 @@ void Juicio::faltasComunes()
     }
 }
 
-// One finding for a page, however many of its links lead nowhere.
+// Whether a link to a file that is not there is that page's own affair.
+bool Juicio::esRoto(const Lectura::Ausencia &ausencia) const
+{
+    const reglas::Cual regla = reglaDe(ausencia.ruta);
+    const bool comun =
+        std::any_of(bibliotecas.begin(), bibliotecas.end(), [&](QStringView biblioteca) {
+            return ausencia.ruta.compare(biblioteca, Qt::CaseInsensitive) == 0;
+        });
+    return regla == reglas::ArchivoAjeno || (regla == reglas::FaltaBiblioteca && !comun);
+}
+
+// One finding for a page, however many of its links lead nowhere; one remark for all pages of a
+// kind that the service makes so.
 void Juicio::enlacesRotos()
 {
-    const auto esComun = [](const QString &ruta) {
-        return std::any_of(bibliotecas.begin(), bibliotecas.end(), [&](QStringView biblioteca) {
-            return ruta.compare(biblioteca, Qt::CaseInsensitive) == 0;
-        });
-    };
+    reunirHechura();
+    std::array<Hallazgo, familias::Cuantas> deHechura;
     for (std::size_t i = 0; i < m_lecturas.size(); ++i) {
-        QString primera;
-        int veces = 0;
+        const Entrada &entrada = m_inventario.archivos[i];
+        QStringList propias;
+        const auto agregar = [&](const QString &direccion) {
+            if (!esDeHechura(i, direccion)) {
+                propias.append(direccion);
+                return;
+            }
+            Hallazgo &comun = deHechura[static_cast<std::size_t>(entrada.familia)];
+            if (comun.regla == nullptr)
+                comun = {.regla = &reglas::todas[reglas::EnlaceDelServicio],
+                         .archivo = entrada.texto,
+                         .detalle = direccion,
+                         .veces = 0};
+            ++comun.veces;
+        };
+        const auto avisarPropias = [&](reglas::Cual regla) {
+            if (!propias.isEmpty())
+                avisar(regla, entrada.texto, propias.first(), static_cast<int>(propias.size()));
+            propias.clear();
+        };
         for (const Lectura::Ausencia &ausencia : m_lecturas[i].ausencias) {
-            const reglas::Cual regla = reglaDe(ausencia.ruta);
-            if (regla != reglas::ArchivoAjeno
-                && (regla != reglas::FaltaBiblioteca || esComun(ausencia.ruta)))
-                continue;
-            if (veces++ == 0)
-                primera = ausencia.ruta;
+            if (esRoto(ausencia))
+                agregar(ausencia.ruta);
         }
-        if (veces > 0)
-            avisar(reglas::EnlaceRoto, m_inventario.archivos[i].texto, primera, veces);
+        avisarPropias(reglas::EnlaceRoto);
+        for (const QString &direccion : m_lecturas[i].fuera)
+            agregar(direccion);
+        avisarPropias(reglas::EnlaceFuera);
     }
+    std::copy_if(deHechura.begin(), deHechura.end(), std::back_inserter(m_resultado.hallazgos),
+                 [](const Hallazgo &comun) { return comun.regla != nullptr; });
 }

@@ -210,12 +210,15 @@ private:
             agregar(href, ancla ? Enlace::Ancla : Enlace::Recurso, ancla ? rotulo(nodo) : QString(),
                     ancla ? primerTexto(nodo) : QString());
         }
-        for (const char *nombre : {"src", "background", "poster", "data", "xlink:href"}) {
+        for (const char *nombre : {"src", "background", "poster", "xlink:href"}) {
             if (const char *direccion = atributo(e, nombre))
                 agregar(direccion, e.tag == GUMBO_TAG_IFRAME || e.tag == GUMBO_TAG_FRAME
                                        ? Enlace::Ancla
                                        : Enlace::Recurso);
         }
+        // Of any other element it is a page's own affair.
+        if (const char *datos = atributo(e, "data"); datos != nullptr && e.tag == GUMBO_TAG_OBJECT)
+            agregar(datos, Enlace::Recurso);
         if (const char *varias = atributo(e, "srcset"))
             agregarVarias(varias);
         if (e.tag == GUMBO_TAG_META)

@@ -105,6 +105,11 @@ constexpr std::array<Regla, Cuantas> todas = {{
     {u"nombre-dificil", Gravedad::Nota,
      u"Una memoria USB, un CD o Windows no aceptan el nombre de este archivo.",
      u"Para llevarlo a otro equipo use «Guardar copia»."},
+    {u"enlace-del-servicio", Gravedad::Nota,
+     u"Las páginas de esta clase enlazan algo que solo está en el servicio.", nada},
+    {u"imagen-que-no-se-descarga", Gravedad::Nota,
+     u"Las páginas muestran una imagen que la descarga no trae.",
+     u"No tiene que hacer nada; algunas llegan al imprimir en lote los informes finales."},
     {u"archivo-ajeno", Gravedad::Nota, u"Hay un archivo que no es del histórico.",
      u"Si no lo puso usted, puede borrarlo."},
 }};

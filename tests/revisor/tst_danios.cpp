@@ -417,6 +417,18 @@ QList<Danio> deEnlaces()
              t.carpeta = nueva;
              return b;
          }},
+        {"link of the service in every certificate", reglas::EnlaceDelServicio,
+         [](Taller &t) {
+             for (const AlumnoDemo &a : t.escuela.alumnos)
+                 t.cambiar(u"archivos/certificados/%1.html"_s.arg(a.id), "</body>",
+                           "<a href='/certificados/ver.php'>x</a></body>");
+             return Blanco{};
+         }},
+        {"image that no download fetches", reglas::ImagenQueNoSeDescarga,
+         [](Taller &t) {
+             t.conMas(deAlumno, "<img src='..\\images\\coordinacion.PNG'>");
+             return Blanco{u"archivos/images/coordinacion.PNG"_s};
+         }},
         {"picture that no page shows", reglas::ImagenSinTraer,
          [](Taller &t) {
              for (const SalonDemo &salon : t.escuela.salones)

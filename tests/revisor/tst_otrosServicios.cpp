@@ -28,6 +28,16 @@ void cambiarPaginas(const fs::path &carpeta, const Cambio &cambio)
         escrito(una, cambio(leido(una), textoDe(fs::relative(una, carpeta))));
 }
 
+// The same at the end of every page, with the page's own id where %1 stands.
+Cambio conMas(const QByteArray &html)
+{
+    return [html](QByteArray pagina, const QString &ruta) {
+        QByteArray propio = html;
+        propio.replace("%1", QByteArray::fromStdString(fs::path(ruta.toStdString()).stem()));
+        return pagina.replace("</body>", propio + "</body>");
+    };
+}
+
 QStringList hallados(const Resultado &resultado)
 {
     QStringList lineas;
@@ -84,6 +94,22 @@ private Q_SLOTS:
             << Cambio(sin("</html>", "</html>\r\n<!-- hecha en 0,02 s -->"));
         QTest::newRow("script after the end")
             << Cambio(sin("</html>", "</html>\n<script>contar()</script>"));
+        QTest::newRow("menu of the service")
+            << conMas("<a href='/index.php'>Inicio</a><img src='/images/x.png'>");
+        QTest::newRow("addresses of each student's own")
+            << conMas("<a href='/alumnos/%1/editar/'>x</a><a href='editar%1.php?x=1'>y</a>");
+        QTest::newRow("style and script of the service's own") << conMas(
+            "<link rel=stylesheet href=estilo.css><script src='../../js/menu.js'></script>");
+        QTest::newRow("address without scheme")
+            << conMas("<script src='//ajax.example/jq.js'></script>");
+        QTest::newRow("attributes that are no address")
+            << conMas("<div data=1001>x</div><table background=white><tr><td>x</table>");
+        QTest::newRow("addresses that are none")
+            << conMas("<a href='#'>a</a><a href=''>b</a><a href='JavaScript:void(0)'>c</a><img>"
+                      "<a href='tel:+57'>d</a><a href='mailto:a@b.c'>e</a><img src=''><a "
+                      "href='data:text/html,x'>f</a><iframe src='about:blank'></iframe>");
+        QTest::newRow("image of the school that no download fetches")
+            << conMas("<img src='..\\..\\archivos\\images\\coordinacion.png'>");
     }
     void paginasDeOtraHechura_sonCompletas()
     {
@@ -92,6 +118,28 @@ private Q_SLOTS:
         const Resultado resultado = revisar(m_carpeta);
         QCOMPARE(hallados(resultado), QStringList());
         QCOMPARE(resultado.veredicto, Veredicto::Completo);
+    }
+
+    void enlacesDelServicio_sonUnaNotaPorClase()
+    {
+        cambiarPaginas(m_carpeta, conMas("<a href='/alumnos/%1/'>x</a><a href='salir.php'>x</a>"));
+        const Resultado resultado = revisar(m_carpeta);
+        QCOMPARE(cuantos(resultado, reglas::EnlaceDelServicio),
+                 8); // front page, 3 of classrooms, 4
+        QCOMPARE(resultado.personasConFaltas, 0);
+    }
+
+    // Beside what all its siblings have, a link of one page that leads nowhere is found.
+    void enlaceRotoEntreOtros_seHalla()
+    {
+        cambiarPaginas(m_carpeta, conMas("<a href='/alumnos/%1/'>x</a><a href='salir.php'>x</a>"));
+        const QString ruta =
+            u"archivos/infoFinal/"_s + m_escuela->escuela.alumnos[0].id + u".html"_s;
+        const fs::path una = m_carpeta / ruta.toStdString();
+        escrito(una, leido(una).replace("</body>", "<img src='../otros/x.png'></body>"));
+        const Resultado resultado = revisar(m_carpeta);
+        QCOMPARE(hallados(resultado),
+                 QStringList{u"enlace-roto "_s + ruta + u" archivos/otros/x.png"_s});
     }
 
     // Of one page it is damage all the same.

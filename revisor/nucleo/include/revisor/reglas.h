@@ -73,6 +73,8 @@ enum Cual {
     RestoDeDescarga,
     EnlaceSinDestino,
     NombreDificil,
+    EnlaceDelServicio,
+    ImagenQueNoSeDescarga,
     ArchivoAjeno,
     Cuantas
 };
