@@ -3,6 +3,8 @@
 #include "platform/nombresNativos.h"
 #include "texto.h"
 
+#include <QRegularExpression>
+
 #include <algorithm>
 #include <chrono>
 #include <set>
@@ -35,6 +37,27 @@ bool leContiene(const fs::path &real, const fs::path &enlace)
     return !error && (suya == real || estaDentro(suya, real));
 }
 
+// What another system or program leaves beside a file: "._1001.html", ".picasa.ini".
+bool esDeOtroPrograma(const QString &ruta)
+{
+    return ruta.mid(ruta.lastIndexOf(u'/') + 1).startsWith(u'.');
+}
+
+// A file in a folder of images that calls itself something else. Labels are named by their texts,
+// which may have any letters after a full stop.
+bool seLlamaOtraCosa(const QString &ruta)
+{
+    const QString nombre = ruta.mid(ruta.lastIndexOf(u'/') + 1);
+    const QString fin = nombre.mid(nombre.lastIndexOf(u'.') + 1).toLower();
+    const bool esEtiqueta = ruta.startsWith(u"archivos/images/labels/"_s, Qt::CaseInsensitive);
+    static const QStringList deImagen = {u"png"_s, u"jpg"_s,  u"jpeg"_s, u"gif"_s,
+                                         u"bmp"_s, u"webp"_s, u"ico"_s,  u"avif"_s};
+    static const QStringList deEquipos = {u"db"_s, u"ini"_s};
+    if (!nombre.contains(u'.'))
+        return false;
+    return esEtiqueta ? deEquipos.contains(fin) : !deImagen.contains(fin);
+}
+
 Entrada::Clase claseDe(const QString &ruta)
 {
     const auto acaba = [&](QStringView fin) {
@@ -45,14 +68,14 @@ Entrada::Clase claseDe(const QString &ruta)
     };
     if (ruta.mid(ruta.lastIndexOf(u'/') + 1).startsWith(u".descarga-"))
         return Entrada::Resto;
+    if (esDeOtroPrograma(ruta))
+        return Entrada::Otra;
     if (ruta.compare(u"configuracion.txt", Qt::CaseInsensitive) == 0)
         return Entrada::Configuracion;
     if (empieza(u"archivos/jscript/") && acaba(u".js"))
         return Entrada::Biblioteca;
     if (empieza(u"archivos/images/") || empieza(u"archivos/fotos/"))
-        return acaba(u"/thumbs.db") || acaba(u"/desktop.ini") || acaba(u"/.ds_store")
-                   ? Entrada::Otra
-                   : Entrada::Imagen;
+        return seLlamaOtraCosa(ruta) ? Entrada::Otra : Entrada::Imagen;
     if (acaba(u".html") || acaba(u".htm"))
         return Entrada::Pagina;
     for (const QStringView fin : {u".jpg", u".jpeg", u".png", u".gif"}) {
@@ -60,6 +83,21 @@ Entrada::Clase claseDe(const QString &ruta)
             return Entrada::Imagen;
     }
     return acaba(u".css") ? Entrada::Estilo : Entrada::Otra;
+}
+
+// Of "1001 - copia", "Copia de 1001", "1001 (2)" and what programs that keep two computers alike
+// make of it: "1001"; else nothing.
+QString idSinCopia(const QString &id)
+{
+    static const QRegularExpression copia(
+        u"^(?:copia(?: \\(\\d+\\))? de |copy of )(.+)$"
+        u"|^(.+?)(?: - (?:copia|copy))(?: ?\\(\\d+\\))?$"
+        u"|^(.+?) ?\\(\\d+\\)$"
+        u"|^(.+?)\\.sync-conflict-[\\w-]+$"
+        u"|^(.+?) \\((?:copia en conflicto|.*conflicted copy).*\\)$"_s,
+        QRegularExpression::CaseInsensitiveOption);
+    const auto hallada = copia.match(id);
+    return hallada.hasMatch() ? hallada.captured(hallada.lastCapturedIndex()) : QString();
 }
 
 } // namespace
@@ -153,7 +191,7 @@ private:
         }
         nueva.fecha = enMilisegundos(fecha);
         nueva.clase = claseDe(nueva.texto);
-        if (auto lugar = familias::lugarDe(nueva.texto)) {
+        if (auto lugar = familias::lugarDe(nueva.texto); lugar && !esDeOtroPrograma(nueva.texto)) {
             nueva.familia = lugar->familia;
             nueva.id = std::move(lugar->id);
         }
@@ -182,11 +220,32 @@ Inventario::Inventario(const fs::path &carpeta, const std::stop_token &parar)
     });
     for (QStringList *lista : {&ilegibles, &haciaFuera, &sinDestino})
         lista->sort();
+    apartarCopias();
     m_exactos.reserve(static_cast<qsizetype>(archivos.size()));
     m_claves.reserve(static_cast<qsizetype>(archivos.size()));
     for (std::size_t i = archivos.size(); i-- > 0;) {
         m_exactos.insert(archivos[i].texto, static_cast<int>(i));
         m_claves.insert(texto::clave(archivos[i].texto), static_cast<int>(i));
+    }
+}
+
+// Somebody's copy of a document stands beside it and is nobody's document.
+void Inventario::apartarCopias()
+{
+    QSet<QString> documentos;
+    for (const Entrada &entrada : archivos) {
+        if (entrada.familia >= 0)
+            documentos.insert(texto::clave(entrada.texto));
+    }
+    for (Entrada &entrada : archivos) {
+        const QString original = entrada.familia < 0 ? QString() : idSinCopia(entrada.id);
+        if (original.isEmpty()
+            || !documentos.contains(texto::clave(
+                familias::rutaDe(static_cast<familias::Cual>(entrada.familia), original))))
+            continue;
+        entrada.familia = -1;
+        entrada.clase = Entrada::Otra;
+        entrada.id.clear();
     }
 }
 

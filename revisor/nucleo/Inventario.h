@@ -56,6 +56,7 @@ public:
 private:
     class Recorrido;
 
+    void apartarCopias();
     bool estaExacta(const QString &ruta) const;
 
     QHash<QString, int> m_exactos;

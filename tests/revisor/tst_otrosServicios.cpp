@@ -142,6 +142,61 @@ private Q_SLOTS:
                  QStringList{u"enlace-roto "_s + ruta + u" archivos/otros/x.png"_s});
     }
 
+    // What a Mac writes on a stick beside every file, and what other programs do.
+    void restosDeOtrosProgramas_noSonDocumentos()
+    {
+        std::vector<fs::path> todos;
+        for (const auto &una : fs::recursive_directory_iterator(m_carpeta)) {
+            if (una.is_regular_file())
+                todos.push_back(una.path());
+        }
+        for (const fs::path &una : todos)
+            escrito(una.parent_path() / ("._" + una.filename().string()),
+                    QByteArray("\0\5\x16\7\0\2\0\0Mac OS X", 16) + QByteArray(60, '\0'));
+        const fs::path archivos = m_carpeta / "archivos";
+        for (const char *nombre : {"fotos/LEAME.txt", "fotos/lista.xlsx", "fotos/.picasa.ini",
+                                   "images/.nomedia", "images/logo.psd", "images/labels/Thumbs.db",
+                                   "images/labels/.directory", "salones/desktop.ini"})
+            escrito(archivos / nombre, "x");
+        const Resultado resultado = revisar(m_carpeta);
+        QCOMPARE(hallados(resultado), QStringList());
+        QCOMPARE(resultado.personas, int(m_escuela->escuela.alumnos.size()));
+        QVERIFY(cuantos(resultado, reglas::ArchivoAjeno) > 0);
+    }
+
+    void copiasDeUnDocumento_noSonDeNadie_data()
+    {
+        QTest::addColumn<QString>("nombre");
+        for (const char *nombre :
+             {"%1 - copia", "%1 - copia (2)", "Copia de %1", "Copia (2) de %1", "%1 (1)", "%1(1)",
+              "%1 - Copy", "%1.sync-conflict-20240131-101500-ABCDEF7",
+              "%1 (copia en conflicto de SECRETARIA 2024-01-31)"})
+            QTest::newRow(nombre) << QString::fromLatin1(nombre);
+    }
+    void copiasDeUnDocumento_noSonDeNadie()
+    {
+        QFETCH(QString, nombre);
+        const fs::path archivos = m_carpeta / "archivos";
+        const QString alumno = m_escuela->escuela.alumnos[0].id;
+        const QString salon = m_escuela->escuela.salones[0].id;
+        fs::copy(archivos / "infoFinal" / (alumno + u".html"_s).toStdString(),
+                 archivos / "infoFinal" / (nombre.arg(alumno) + u".html"_s).toStdString());
+        fs::copy(archivos / "salones" / (salon + u".html"_s).toStdString(),
+                 archivos / "salones" / (nombre.arg(salon) + u".html"_s).toStdString());
+        const Resultado resultado = revisar(m_carpeta);
+        QCOMPARE(hallados(resultado), QStringList());
+        QCOMPARE(resultado.personas, int(m_escuela->escuela.alumnos.size()));
+        QCOMPARE(cuantos(resultado, reglas::ArchivoAjeno), 2);
+    }
+
+    // A name like a copy's of nobody else is a name.
+    void idComoDeCopia_esDeAlguien()
+    {
+        escrito(m_carpeta / "archivos/infoFinal/77 (1).html", "<html><body><p>x</p></body></html>");
+        const Resultado resultado = revisar(m_carpeta);
+        QCOMPARE(resultado.personas, int(m_escuela->escuela.alumnos.size()) + 1);
+    }
+
     // Of one page it is damage all the same.
     void paginaSinFinEntreOtras_esCortada()
     {
