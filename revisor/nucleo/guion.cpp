@@ -4,6 +4,7 @@
 
 #include <QRegularExpression>
 
+#include <algorithm>
 #include <array>
 #include <memory>
 #include <optional>
@@ -47,6 +48,16 @@ std::optional<QString> valorDe(const QString &guion, QStringView nombre)
     return hallada.hasMatch() ? std::optional(hallada.captured(1)) : std::nullopt;
 }
 
+// Whether the value begins and goes on in the next line, as it does when the service's own has a
+// line end in it. The last of all may also be cut off.
+bool sigueEnOtraLinea(const QString &guion, QStringView nombre)
+{
+    const QRegularExpression linea(
+        u"^[ \\t]*var[ \\t]+%1[ \\t]*=[ \\t]*\"[^\"\\n]*+\\n[^\"]*+\"[ \\t]*;"_s.arg(nombre),
+        QRegularExpression::MultilineOption);
+    return linea.match(guion).hasMatch();
+}
+
 // A quote ends the value early, a backslash makes another sign of what follows it.
 bool rompe(const QString &valor)
 {
@@ -64,15 +75,26 @@ QList<FallaDeGuion> revisarConfiguracion(const QByteArray &bytes)
     QList<FallaDeGuion> fallas;
     for (const QStringView nombre : variables) {
         const auto valor = valorDe(texto, nombre);
-        if (!valor)
+        if (!valor && sigueEnOtraLinea(texto, nombre))
+            fallas.append({FallaDeGuion::Roto, nombre.toString()});
+        else if (!valor)
             fallas.append({FallaDeGuion::Ausente, nombre.toString()});
         else if (valor->trimmed().isEmpty())
             fallas.append({FallaDeGuion::Vacio, nombre.toString()});
         else if (rompe(*valor))
             fallas.append({FallaDeGuion::Roto, nombre.toString()});
     }
-    if (compilar(texto.toUtf8()) != Compilado::Bien)
-        fallas.append({FallaDeGuion::NoCorre, QString()});
+    const auto hay = [&](FallaDeGuion::Clase clase) {
+        return std::count_if(fallas.begin(), fallas.end(),
+                             [&](const FallaDeGuion &una) { return una.clase == clase; });
+    };
+    // A broken value is why it does not run, and is mended otherwise.
+    if (hay(FallaDeGuion::Roto) > 0 || compilar(texto.toUtf8()) == Compilado::Bien)
+        return fallas;
+    // Where no value is left, that is one thing and not eight.
+    if (hay(FallaDeGuion::Ausente) == static_cast<qsizetype>(variables.size()))
+        fallas.clear();
+    fallas.append({FallaDeGuion::NoCorre, QString()});
     return fallas;
 }
 

@@ -5,6 +5,7 @@
 #include "texto.h"
 
 #include <QHash>
+#include <QSet>
 
 #include <algorithm>
 #include <array>
@@ -86,16 +87,24 @@ void Juicio::avisarRepetidas(const std::vector<int> &iguales)
         return m_lecturas[static_cast<std::size_t>(i)].mencionaSuId
                || (!nombre.isEmpty() && texto.contains(nombre));
     };
+    // One who is registered twice has two pages that are alike.
+    QSet<QString> nombres;
+    for (const int pagina : iguales) {
+        const Entrada &entrada = m_inventario.archivos[static_cast<std::size_t>(pagina)];
+        nombres.insert(m_personas.value(texto::clave(entrada.id)).nombre);
+    }
     const std::size_t suyas = cuantas(iguales, esSuya);
+    if (suyas == iguales.size() && nombres.size() == 1 && !nombres.values().first().isEmpty())
+        return;
     // Nobody's own, many times: what the service says when it has no page.
     const bool deNadie = suyas == 0 && iguales.size() >= familiaMinima;
     const auto duena = std::find_if(iguales.begin(), iguales.end(), esSuya);
     for (const int pagina : iguales) {
         if (suyas == 1 && pagina == *duena)
             continue;
-        const int otra = duena != iguales.end() ? *duena
-                         : pagina == iguales[0] ? iguales[1]
-                                                : iguales[0];
+        const int otra = duena != iguales.end() && *duena != pagina ? *duena
+                         : pagina == iguales[0]                     ? iguales[1]
+                                                                    : iguales[0];
         const QString detalle =
             deNadie ? u"La misma página está en %1 documentos."_s.arg(iguales.size())
                     : u"Es igual a %1."_s.arg(

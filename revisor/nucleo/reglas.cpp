@@ -54,8 +54,10 @@ constexpr std::array<Regla, Cuantas> todas = {{
     {u"ajuste-vacio", Gravedad::Danio, u"Un dato del colegio está vacío en configuracion.txt.",
      u"Escriba ese dato en el servicio si no lo tiene, y vuelva a descargar el histórico."},
     {u"ajuste-roto", Gravedad::Danio,
-     u"Un dato del colegio no se puede mostrar: lleva comillas, una barra invertida o una página.",
-     u"Corrija ese dato en el servicio (sin comillas ni barras) y vuelva a descargar el "
+     u"Un dato del colegio no se puede mostrar: lleva comillas, una barra invertida, dos renglones "
+     u"o una página.",
+     u"Corrija ese dato en el servicio (en un renglón, sin comillas ni barras) y vuelva a "
+     u"descargar el "
      u"histórico."},
     {u"configuracion-no-corre", Gravedad::Danio,
      u"Los datos del colegio (configuracion.txt) están dañados: las páginas no los muestran.",

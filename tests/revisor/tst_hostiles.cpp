@@ -141,6 +141,8 @@ private Q_SLOTS:
         QTest::newRow("zeros") << QByteArray(1'000'000, '\0');
         QTest::newRow("long line")
             << QByteArray("var rector = \"") + QByteArray(10'000'000, 'x') + "\";\r\n";
+        QTest::newRow("value of many lines")
+            << QByteArray("var rector = \"") + QByteArray(5'000'000, '\n') + "\"x\r\n";
         QTest::newRow("many variables") << QByteArray("var rector = \"a\";\r\n").repeated(100'000);
     }
     void configuracion_siempreVuelve()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Archives that nothing happened to, of services whose pages are made otherwise than those of the
 // demonstration, and folders as computers leave them: not one finding that is no remark.
+#include "platform/codepage.h"
 #include "revisor/EscuelaDePrueba.h"
 #include "revisor/Revision.h"
 
@@ -195,6 +196,65 @@ private Q_SLOTS:
         escrito(m_carpeta / "archivos/infoFinal/77 (1).html", "<html><body><p>x</p></body></html>");
         const Resultado resultado = revisar(m_carpeta);
         QCOMPARE(resultado.personas, int(m_escuela->escuela.alumnos.size()) + 1);
+    }
+
+    // Two ids of one name: their certificates do not tell them apart.
+    void inscritoDosVeces_noEsPaginaAjena()
+    {
+        const AlumnoDemo &uno = m_escuela->escuela.alumnos[0];
+        const AlumnoDemo &otro = m_escuela->escuela.alumnos[1];
+        const auto certificado = [&](const AlumnoDemo &a) {
+            return m_carpeta / "archivos/certificados" / (a.id + u".html"_s).toStdString();
+        };
+        escrito(certificado(uno), leido(certificado(uno)).replace(uno.id.toLatin1(), ""));
+        escrito(certificado(otro), leido(certificado(uno)));
+        const Resultado ajena = revisar(m_carpeta);
+        QCOMPARE(cuantos(ajena, reglas::PaginaAjena), 1);
+        cambiarPaginas(m_carpeta, [&](QByteArray pagina, const QString &) {
+            return pagina.replace(codepage::aBytes(otro.nombre), codepage::aBytes(uno.nombre));
+        });
+        QCOMPARE(hallados(revisar(m_carpeta)), QStringList());
+    }
+
+    // No page is said to be like itself.
+    void paginaDeDos_nombraALaOtra()
+    {
+        const AlumnoDemo &uno = m_escuela->escuela.alumnos[0];
+        const AlumnoDemo &otro = m_escuela->escuela.alumnos[1];
+        const QString ruta = u"archivos/certificados/%1.html"_s;
+        QByteArray pagina = leido(m_carpeta / ruta.arg(uno.id).toStdString());
+        pagina.replace("</body>", "<p>" + otro.id.toLatin1() + "</p></body>");
+        for (const AlumnoDemo *a : {&uno, &otro})
+            escrito(m_carpeta / ruta.arg(a->id).toStdString(), pagina);
+        for (const Hallazgo &h : revisar(m_carpeta).hallazgos)
+            QVERIFY2(!h.detalle.contains(h.archivo), qPrintable(h.detalle));
+    }
+
+    void unDatoRoto_esUnSoloHallazgo_data()
+    {
+        QTest::addColumn<QByteArray>("valor");
+        QTest::newRow("quote") << QByteArray("Ana \"la\" Paz");
+        QTest::newRow("backslash at the end") << QByteArray("Ana\\");
+        QTest::newRow("two lines") << QByteArray("Ana\r\nPaz");
+        QTest::newRow("line end at the end") << QByteArray("Ana\n");
+    }
+    void unDatoRoto_esUnSoloHallazgo()
+    {
+        QFETCH(QByteArray, valor);
+        const fs::path ruta = m_carpeta / "configuracion.txt";
+        QByteArray guion = leido(ruta);
+        const qsizetype desde = guion.indexOf("var direccion = \"") + 17;
+        guion.replace(desde, guion.indexOf("\";\r\n", desde) - desde, valor);
+        escrito(ruta, guion);
+        QCOMPARE(hallados(revisar(m_carpeta)),
+                 QStringList{u"ajuste-roto configuracion.txt direccion"_s});
+    }
+
+    void otraCosaEnLugarDeLosDatos_esUnSoloHallazgo()
+    {
+        escrito(m_carpeta / "configuracion.txt", "<html><h1>Error 500</h1></html>\r\n");
+        QCOMPARE(hallados(revisar(m_carpeta)),
+                 QStringList{u"configuracion-no-corre configuracion.txt "_s});
     }
 
     // Of one page it is damage all the same.
