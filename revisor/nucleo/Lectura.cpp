@@ -24,6 +24,10 @@ namespace {
 constexpr qint64 paginaMaxima = 80LL * 1024 * 1024; // the service's pages end at 64 MiB
 constexpr qint64 imagenMaxima = 256LL * 1024 * 1024;
 
+// What a disk holds of a file that it never got: zeros, block after block. One alone may be the
+// service's own.
+constexpr qsizetype cerosDeUnCorte = 64;
+
 bool esPalabraDelServicio(const QByteArray &cuerpo)
 {
     const QByteArray palabra = cuerpo.trimmed().toUpper();
@@ -149,6 +153,8 @@ private:
             senalar(reglas::PaginaVacia);
         else if (esPalabraDelServicio(cuerpo))
             senalar(reglas::PalabraDelServicio, QString::fromLatin1(cuerpo.trimmed()));
+        else if (cuerpo.contains(QByteArray(cerosDeUnCorte, '\0')))
+            senalar(reglas::PaginaBorrada);
         else
             return true;
         return false;

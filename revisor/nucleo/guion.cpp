@@ -105,7 +105,9 @@ EstadoBiblioteca estadoDeBiblioteca(const QByteArray &bytes)
         return EstadoBiblioteca::Vacia;
     if (texto.startsWith('<') || texto == "ERROR" || texto == "NO" || texto == "SI")
         return EstadoBiblioteca::EsPagina;
-    return compilar(codepage::aTexto(bytes).toUtf8()) == Compilado::MalAlFinal
+    // A computer that went out while it was stored leaves zeros; no script has any.
+    return bytes.contains('\0')
+                   || compilar(codepage::aTexto(bytes).toUtf8()) == Compilado::MalAlFinal
                ? EstadoBiblioteca::Cortada
                : EstadoBiblioteca::Buena;
 }

@@ -42,6 +42,10 @@ constexpr std::array<Regla, Cuantas> todas = {{
      u"La página es demasiado grande o enredada para revisarla.",
      u"Ábrala para ver si está bien; si no lo está, vuelva a descargar el histórico."},
 
+    {u"pagina-borrada", Gravedad::Danio,
+     u"La página está borrada en parte, como cuando se apaga el equipo al guardarla.",
+     vuelvaOImprima},
+
     {u"imagen-vacia", Gravedad::Danio, u"La imagen está vacía.", vuelva},
     {u"imagen-es-pagina", Gravedad::Danio, u"En lugar de la imagen hay una página.", vuelva},
     {u"imagen-danada", Gravedad::Danio, u"La imagen está dañada o incompleta.", vuelva},

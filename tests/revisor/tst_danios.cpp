@@ -447,6 +447,26 @@ QList<Danio> dePaginas()
     return {
         poner("lone line end", reglas::PaginaVacia, deAlumno, "\r\n"),
         poner("no byte", reglas::PaginaVacia, deAlumno, ""),
+        {"computer that went out while a page was stored", reglas::PaginaBorrada,
+         [](Taller &t) {
+             const Blanco b = t.pagina(deAlumno);
+             const QByteArray bytes = t.leer(b.archivo);
+             t.escribir(b.archivo, bytes.left(1000).leftJustified(bytes.size(), '\0'));
+             return b;
+         }},
+        {"block of a page that the disk lost", reglas::PaginaBorrada,
+         [](Taller &t) {
+             const Blanco b = t.pagina(deAlumno);
+             QByteArray bytes = t.leer(b.archivo);
+             t.escribir(b.archivo, bytes.replace(512, 512, QByteArray(512, '\0')));
+             return b;
+         }},
+        {"classroom's page of nothing but zeros", reglas::PaginaBorrada,
+         [](Taller &t) {
+             const Blanco b = t.paginaDeSalon();
+             t.escribir(b.archivo, QByteArray(t.leer(b.archivo).size(), '\0'));
+             return b;
+         }},
         poner("nothing but the script", reglas::PaginaVacia, conGuion, con("")),
         poner("ERROR", reglas::PalabraDelServicio, conGuion, con("ERROR")),
         poner("NO", reglas::PalabraDelServicio, deAlumno, "NO\r\n"),
@@ -644,6 +664,11 @@ QList<Danio> deGuiones()
                    [](const QByteArray &) { return "\r\n"; }),
         configurar("page in place of the settings", reglas::ConfiguracionNoCorre,
                    [](const QByteArray &) { return paginaAusente; }),
+        enBiblioteca("library of nothing but zeros",
+                     [](const QByteArray &b) { return QByteArray(b.size(), '\0'); }),
+        enBiblioteca(
+            "library that ends in zeros",
+            [](const QByteArray &b) { return b.left(b.size() / 2).leftJustified(b.size(), '\0'); }),
         enBiblioteca("library empty", [](const QByteArray &) { return "\r\n"; }),
         enBiblioteca("page in place of a library",
                      [](const QByteArray &) { return paginaAusente; }),

@@ -42,6 +42,7 @@ enum Cual {
     PaginaAjena,
     SinGuion,
     PaginaEnredada,
+    PaginaBorrada,
     // images
     ImagenVacia,
     ImagenEsPagina,
