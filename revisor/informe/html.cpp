@@ -105,8 +105,8 @@ QString donde(const Hallazgo &hallazgo)
         lugar += rutaHtml(hallazgo.archivo);
     if (!hallazgo.detalle.isEmpty())
         lugar += (lugar.isEmpty() ? QString() : u"<br>"_s) + html(hallazgo.detalle);
-    if (hallazgo.veces > 1)
-        lugar += u" (en %1 páginas)"_s.arg(hallazgo.veces);
+    if (const QString veces = cuantasVeces(hallazgo); !veces.isEmpty())
+        lugar += u" (%1)"_s.arg(veces);
     return lugar;
 }
 

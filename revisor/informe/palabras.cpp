@@ -5,6 +5,8 @@
 #include <QLocale>
 #include <QSet>
 
+#include <algorithm>
+#include <initializer_list>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -114,6 +116,21 @@ QString descargado(const Resultado &resultado)
     const QString desde = espanol.toString(resultado.desde.toLocalTime(), formato);
     const QString hasta = espanol.toString(resultado.hasta.toLocalTime(), formato);
     return desde == hasta ? desde : u"del %1 al %2"_s.arg(desde, hasta);
+}
+
+QString cuantasVeces(const Hallazgo &hallazgo)
+{
+    if (hallazgo.veces < 2)
+        return {};
+    const auto es = [&](std::initializer_list<QStringView> reglas) {
+        return std::find(reglas.begin(), reglas.end(), hallazgo.regla->nombre) != reglas.end();
+    };
+    const QString forma = es({u"archivo-ajeno", u"nombre-dificil"})
+                              ? u"son %1 archivos de la carpeta"_s
+                          : es({u"enlace-roto", u"enlace-fuera", u"direccion-del-servicio"})
+                              ? u"son %1 enlaces de la página"_s
+                              : u"en %1 páginas"_s;
+    return forma.arg(hallazgo.veces);
 }
 
 QString legible(const QString &texto)

@@ -42,10 +42,15 @@ QString donde(const Hallazgo &hallazgo)
     QStringList partes;
     if (!hallazgo.archivo.isEmpty())
         partes.append(legible(hallazgo.archivo));
-    if (!hallazgo.detalle.isEmpty())
-        partes.append(legible(hallazgo.detalle));
-    if (hallazgo.veces > 1)
-        partes.append(u"en %1 páginas"_s.arg(hallazgo.veces));
+    const QString veces = cuantasVeces(hallazgo);
+    if (!hallazgo.detalle.isEmpty()) {
+        QString detalle = legible(hallazgo.detalle);
+        if (!veces.isEmpty() && detalle.endsWith(u'.'))
+            detalle.chop(1);
+        partes.append(detalle);
+    }
+    if (!veces.isEmpty())
+        partes.append(veces);
     return partes.join(u"; "_s);
 }
 

@@ -20,6 +20,8 @@ private Q_SLOTS:
     void explicacion_cuantosYDeQuien_data();
     void explicacion_cuantosYDeQuien();
     void texto_renglonPorRenglon();
+    void texto_diceDeQueSonTantos_data();
+    void texto_diceDeQueSonTantos();
     void texto_sinLoQueMandaEnLaTerminal();
     void salonesYPersonas_enSuOrden();
     void pagina_muestraPeroNoHaceCasoDelMarcado();
@@ -173,6 +175,33 @@ void tst_informe::texto_renglonPorRenglon()
              "      - Quedó un resto.\n"
              "        Puede borrarlo.\n"
              "        archivos/.descarga-1-2; en 3 páginas\n"_s);
+}
+
+void tst_informe::texto_diceDeQueSonTantos_data()
+{
+    QTest::addColumn<int>("regla");
+    QTest::addColumn<QString>("lugar");
+    QTest::newRow("pages") << int(reglas::FaltaImagen)
+                           << u"a/b.html; Se busca en c.html; en 3 páginas\n"_s;
+    QTest::newRow("links") << int(reglas::EnlaceRoto)
+                           << u"a/b.html; Se busca en c.html; son 3 enlaces de la página\n"_s;
+    QTest::newRow("files") << int(reglas::ArchivoAjeno)
+                           << u"a/b.html; Se busca en c.html; son 3 archivos de la carpeta\n"_s;
+}
+
+// Links of one page are not pages, nor are files.
+void tst_informe::texto_diceDeQueSonTantos()
+{
+    QFETCH(int, regla);
+    QFETCH(QString, lugar);
+    Resultado resultado;
+    resultado.veredicto = Veredicto::FaltanDocumentos;
+    resultado.hallazgos = {{.regla = &reglas::todas.at(static_cast<std::size_t>(regla)),
+                            .archivo = u"a/b.html"_s,
+                            .detalle = u"Se busca en c.html."_s,
+                            .veces = 3}};
+    const QString texto = informe::enTexto(resultado);
+    QVERIFY2(texto.contains(lugar), qPrintable(texto));
 }
 
 void tst_informe::texto_sinLoQueMandaEnLaTerminal()

@@ -29,6 +29,10 @@ QString renglon(const Resultado &resultado);
 // that turn the direction of writing.
 QString legible(const QString &texto);
 
+// Of how many things a finding is one: "en 3 páginas", "son 3 archivos de la carpeta"; empty when
+// it is the only one.
+QString cuantasVeces(const Hallazgo &hallazgo);
+
 // For a terminal or a text file: lines ended by a line feed, the last one too.
 QString enTexto(const Resultado &resultado);
 

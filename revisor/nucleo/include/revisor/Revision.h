@@ -25,7 +25,9 @@ struct Hallazgo {
     QString idSalon{};   // the classroom concerned: the student's own, or the page's
     QString salon{};     // by name where a page tells it, else the id
     QString detalle{};   // what is particular to this one, in Spanish: which value, what link
-    int veces = 1;       // how many pages show the same, where one finding stands for all of them
+    // Of how many of a kind it is one: pages that show the same, links of the page, files of the
+    // folder.
+    int veces = 1;
 };
 
 enum class Veredicto {
