@@ -117,8 +117,11 @@ int guardarPagina(const Revisar &orden, const QByteArray &pagina, Salida salida)
 {
     if (quedaDentro(orden.html, orden.carpetas))
         return quejarse(u"El informe no puede quedar dentro del histórico."_s, Ilegible);
+    // Saving puts a new file in place of what has the name: never of a device or a pipe.
+    std::error_code error;
+    const bool otraCosa = fs::exists(orden.html, error) && !fs::is_regular_file(orden.html, error);
     QSaveFile archivo(texto(orden.html));
-    if (!archivo.open(QIODevice::WriteOnly) || archivo.write(pagina) != pagina.size()
+    if (otraCosa || !archivo.open(QIODevice::WriteOnly) || archivo.write(pagina) != pagina.size()
         || !archivo.commit())
         return quejarse(u"No se pudo guardar el informe en "_s + texto(orden.html), Ilegible);
     return salida;

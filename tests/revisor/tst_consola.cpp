@@ -14,6 +14,8 @@
 
 #include <csignal>
 
+#include <sys/stat.h>
+
 using namespace Qt::StringLiterals;
 
 class tst_consola : public QObject {
@@ -29,6 +31,7 @@ private Q_SLOTS:
     void variasCarpetas_laPeor();
     void json_todasLasCarpetas();
     void html_seGuarda();
+    void html_nuncaEnLugarDeUnaTuberia();
     void html_nuncaEnElHistorico_data();
     void html_nuncaEnElHistorico();
     void malUso_sesentaYCuatro_data();
@@ -171,6 +174,16 @@ void tst_consola::html_seGuarda()
     const Respuesta sinLugar = correr({u"--html"_s, u"ninguna/informe.html"_s, historico()});
     QCOMPARE(sinLugar.salida, 2);
     QVERIFY(sinLugar.queja.contains(u"No se pudo guardar el informe en ninguna/informe.html"_s));
+}
+
+void tst_consola::html_nuncaEnLugarDeUnaTuberia()
+{
+    const std::string tuberia = lugar(u"tuberia"_s).toStdString();
+    QCOMPARE(mkfifo(tuberia.c_str(), 0600), 0);
+    const Respuesta respuesta = correr({u"--html"_s, u"tuberia"_s, historico()});
+    QCOMPARE(respuesta.salida, 2);
+    QVERIFY(respuesta.queja.contains(u"No se pudo guardar el informe en tuberia"_s));
+    QVERIFY(std::filesystem::is_fifo(tuberia));
 }
 
 void tst_consola::html_nuncaEnElHistorico_data()
