@@ -75,14 +75,13 @@ QList<FallaDeGuion> revisarConfiguracion(const QByteArray &bytes)
     QList<FallaDeGuion> fallas;
     for (const QStringView nombre : variables) {
         const auto valor = valorDe(texto, nombre);
-        if (!valor && sigueEnOtraLinea(texto, nombre))
-            fallas.append({FallaDeGuion::Roto, nombre.toString()});
-        else if (!valor)
+        const bool partido = !valor && sigueEnOtraLinea(texto, nombre);
+        if (!valor && !partido)
             fallas.append({FallaDeGuion::Ausente, nombre.toString()});
+        else if (partido || (!valor->trimmed().isEmpty() && rompe(*valor)))
+            fallas.append({FallaDeGuion::Roto, nombre.toString()});
         else if (valor->trimmed().isEmpty())
             fallas.append({FallaDeGuion::Vacio, nombre.toString()});
-        else if (rompe(*valor))
-            fallas.append({FallaDeGuion::Roto, nombre.toString()});
     }
     const auto hay = [&](FallaDeGuion::Clase clase) {
         return std::count_if(fallas.begin(), fallas.end(),
