@@ -133,6 +133,17 @@ QString cuantasVeces(const Hallazgo &hallazgo)
     return forma.arg(hallazgo.veces);
 }
 
+QString enUnRenglon(const Hallazgo &hallazgo)
+{
+    QString detalle = legible(hallazgo.detalle);
+    const QString veces = cuantasVeces(hallazgo);
+    if (detalle.isEmpty() || veces.isEmpty())
+        return detalle + veces;
+    if (detalle.endsWith(u'.'))
+        detalle.chop(1);
+    return detalle + u"; "_s + veces;
+}
+
 QString legible(const QString &texto)
 {
     QString limpio = texto;

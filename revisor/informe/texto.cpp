@@ -42,15 +42,8 @@ QString donde(const Hallazgo &hallazgo)
     QStringList partes;
     if (!hallazgo.archivo.isEmpty())
         partes.append(legible(hallazgo.archivo));
-    const QString veces = cuantasVeces(hallazgo);
-    if (!hallazgo.detalle.isEmpty()) {
-        QString detalle = legible(hallazgo.detalle);
-        if (!veces.isEmpty() && detalle.endsWith(u'.'))
-            detalle.chop(1);
+    if (const QString detalle = enUnRenglon(hallazgo); !detalle.isEmpty())
         partes.append(detalle);
-    }
-    if (!veces.isEmpty())
-        partes.append(veces);
     return partes.join(u"; "_s);
 }
 

@@ -23,21 +23,13 @@ bool sePuedeMirar(const QString &archivo)
     });
 }
 
-QString detalleDe(const Hallazgo &hallazgo)
-{
-    QString detalle = legible(hallazgo.detalle);
-    if (hallazgo.veces > 1)
-        detalle += (detalle.isEmpty() ? u""_s : u" "_s) + u"(en %1 páginas)"_s.arg(hallazgo.veces);
-    return detalle;
-}
-
 Renglon renglonDe(const Hallazgo &hallazgo, const QString &carpeta)
 {
     return {.quien = legible(hallazgo.persona.isEmpty() ? hallazgo.idPersona : hallazgo.persona),
             .id = legible(hallazgo.idPersona),
             .salon = legible(hallazgo.salon.isEmpty() ? hallazgo.idSalon : hallazgo.salon),
             .que = hallazgo.regla->texto.toString(),
-            .detalle = detalleDe(hallazgo),
+            .detalle = informe::enUnRenglon(hallazgo),
             .archivo = legible(hallazgo.archivo),
             .queHacer = hallazgo.regla->queHacer.toString(),
             .clase = static_cast<int>(hallazgo.regla - reglas::todas.data()),

@@ -33,6 +33,9 @@ QString legible(const QString &texto);
 // it is the only one.
 QString cuantasVeces(const Hallazgo &hallazgo);
 
+// What is particular to a finding, with that, in one line for showing; empty when there is nothing.
+QString enUnRenglon(const Hallazgo &hallazgo);
+
 // For a terminal or a text file: lines ended by a line feed, the last one too.
 QString enTexto(const Resultado &resultado);
 
