@@ -4,6 +4,7 @@
 #include "platform/DriveC.h"
 #include "platform/Verbos.h"
 #include "platform/paleta.h"
+#include "revisor/copia.h"
 
 #include <QApplication>
 #include <QIcon>
@@ -27,6 +28,9 @@ int mostrarVentana()
     QApplication::setApplicationDisplayName(u"Revisor de Históricos"_s);
     QApplication::setDesktopFileName(u"parvanel-revisor"_s);
     QApplication::setWindowIcon(QIcon(u":/revisor/parvanel-revisor.svg"_s));
+
+    // Before there is a second thread. What needs it asks again, and says so if it cannot be had.
+    static_cast<void>(copia::nombresEnUtf8());
 
     // The file dialogs and the menus of text boxes; without the file they stay in English.
     QTranslator traductor;
