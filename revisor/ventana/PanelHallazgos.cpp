@@ -33,8 +33,7 @@ PanelHallazgos::PanelHallazgos(QWidget *padre)
             &PanelHallazgos::contar);
     connect(ui->arbol, &QTreeView::doubleClicked, this, [this] {
         if (elegido() != nullptr)
-            Q_EMIT
-        activado();
+            activado();
     });
     for (const int tecla : {Qt::Key_Return, Qt::Key_Enter}) {
         auto *atajo =
@@ -43,8 +42,7 @@ PanelHallazgos::PanelHallazgos(QWidget *padre)
         connect(atajo, &QShortcut::activated, this, [this] {
             const QModelIndex actual = ui->arbol->currentIndex();
             if (elegido() != nullptr)
-                Q_EMIT
-            activado();
+                activado();
             else if (actual.isValid())
                 ui->arbol->setExpanded(actual, !ui->arbol->isExpanded(actual));
         });
@@ -134,6 +132,5 @@ void PanelHallazgos::contar()
         renglones.append(u"Qué hacer: "_s + uno->queHacer);
     }
     ui->textoDetalle->setPlainText(renglones.join(u'\n'));
-    Q_EMIT
     cambioElElegido();
 }

@@ -41,7 +41,6 @@ void Tarea::empezar(Trabajo trabajo)
         fin.set_value();
     });
     m_mirada.start();
-    Q_EMIT
     empezo();
 }
 
@@ -61,7 +60,6 @@ void Tarea::mirar()
     if (hechos == m_dicho)
         return;
     m_dicho = hechos;
-    Q_EMIT
     avanzo(hechos, m_marca.m_total);
 }
 
@@ -69,7 +67,6 @@ void Tarea::entregar(const Entrega &entrega)
 {
     m_mirada.stop();
     m_enCurso = false;
-    Q_EMIT
     termino();
     entrega();
 }
