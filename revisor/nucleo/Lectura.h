@@ -58,10 +58,3 @@ struct Contexto {
 };
 
 Lectura leerEntrada(const Entrada &entrada, const Contexto &contexto);
-
-// The text of a document without the script at its end and the line end after that.
-struct Cuerpo {
-    QByteArray bytes;
-    bool conGuion = false;
-};
-Cuerpo cuerpoDe(const QByteArray &bytes, const Familia &familia);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What a page is, told by those of its own kind.
 #include "Juicio.h"
+#include "lecturaPagina.h"
 #include "platform/codepage.h"
 #include "texto.h"
 
