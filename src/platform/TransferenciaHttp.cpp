@@ -155,7 +155,7 @@ void TransferenciaHttp::recibirCabecera(const QByteArray &linea)
 
 void TransferenciaHttp::leerCabecera(const QByteArray &linea)
 {
-    const auto dosPuntos = std::find(linea.begin(), linea.end(), ':');
+    const auto *const dosPuntos = std::find(linea.begin(), linea.end(), ':');
     const QByteArrayView nombre(linea.begin(), dosPuntos);
     const auto es = [&](QByteArrayView otro) {
         return nombre.compare(otro, Qt::CaseInsensitive) == 0;
