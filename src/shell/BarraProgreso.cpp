@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "BarraProgreso.h"
+#include "estilo/tonos.h"
 
 #include <QPainter>
 
@@ -38,6 +39,7 @@ void BarraProgreso::ponerMaximo(int maximo)
 // the request whose progress it shows.
 void BarraProgreso::paintEvent(QPaintEvent *)
 {
+    const tonos::Tonos t = tonos::de(palette());
     QPainter pintor(this);
     const QRect dentro = rect().adjusted(1, 1, -1, -1);
     const int ancho =
@@ -45,20 +47,20 @@ void BarraProgreso::paintEvent(QPaintEvent *)
     const QRect lleno(dentro.topLeft(), QSize(ancho, dentro.height()));
     const QRect vacio = dentro.adjusted(ancho, 0, 0, 0);
     // As an area too: a line of one pixel would lie beside it where the desktop scales the window.
-    pintor.fillRect(rect(), palette().brush(QPalette::Mid));
-    pintarParte(pintor, lleno, QPalette::Highlight, QPalette::HighlightedText);
-    pintarParte(pintor, vacio, QPalette::Base, QPalette::Text);
+    pintor.fillRect(rect(), t.borde);
+    pintarParte(pintor, lleno, t.acento, t.sobreAcento);
+    pintarParte(pintor, vacio, t.base, t.texto);
 }
 
 // The text is legible on either area where one ends in its midst.
-void BarraProgreso::pintarParte(QPainter &pintor, const QRect &parte, QPalette::ColorRole fondo,
-                                QPalette::ColorRole letra) const
+void BarraProgreso::pintarParte(QPainter &pintor, const QRect &parte, const QColor &fondo,
+                                const QColor &letra) const
 {
     if (parte.isEmpty())
         return;
-    pintor.fillRect(parte, palette().brush(fondo));
+    pintor.fillRect(parte, fondo);
     pintor.setClipRect(parte);
-    pintor.setPen(palette().color(letra));
+    pintor.setPen(letra);
     pintor.drawText(rect(), Qt::AlignCenter, text());
     pintor.setClipping(false);
 }

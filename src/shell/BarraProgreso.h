@@ -5,7 +5,6 @@
 
 #include "session/Progreso.h"
 
-#include <QPalette>
 #include <QProgressBar>
 
 class BarraProgreso : public QProgressBar, public Barra {
@@ -21,6 +20,6 @@ protected:
     void paintEvent(QPaintEvent *suceso) override;
 
 private:
-    void pintarParte(QPainter &pintor, const QRect &parte, QPalette::ColorRole fondo,
-                     QPalette::ColorRole letra) const;
+    void pintarParte(QPainter &pintor, const QRect &parte, const QColor &fondo,
+                     const QColor &letra) const;
 };

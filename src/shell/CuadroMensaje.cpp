@@ -76,14 +76,31 @@ private:
     QMessageBox *m_cuadro;
 };
 
-// A short text alone would make a box too narrow for its own title.
-void ensanchar(QMessageBox &cuadro)
+// The same room on every side of the text and the button: the library leaves some for a picture
+// that is not there. A short text alone would make a box too narrow for its own title.
+void disponer(QMessageBox &cuadro)
 {
+    constexpr int margen = 18;
     auto *rejilla = qobject_cast<QGridLayout *>(cuadro.layout());
-    if (!rejilla)
+    auto *rotulo = cuadro.findChild<QLabel *>(u"qt_msgbox_label"_s);
+    if (!rejilla || !rotulo)
         return;
+    for (int i = 0; i < rejilla->count(); ++i) {
+        if (QSpacerItem *hueco = rejilla->itemAt(i)->spacerItem())
+            hueco->changeSize(0, 0);
+    }
+    rejilla->setContentsMargins(margen, margen, margen, margen);
+    rejilla->setSpacing(0);
+    rejilla->setVerticalSpacing(margen);
+    rotulo->setContentsMargins(0, 0, 0, 0);
+    rotulo->setIndent(0);
     const int ancho = cuadro.fontMetrics().averageCharWidth() * 40;
-    rejilla->addItem(new QSpacerItem(ancho, 0), rejilla->rowCount(), 0, 1, rejilla->columnCount());
+    int fila = 0;
+    int columna = 0;
+    int filas = 0;
+    int columnas = 0;
+    rejilla->getItemPosition(rejilla->indexOf(rotulo), &fila, &columna, &filas, &columnas);
+    rejilla->addItem(new QSpacerItem(ancho, 0), fila + filas, columna);
 }
 
 // A text too long for the screen scrolls, so that the button stays within reach.
@@ -121,8 +138,8 @@ void cuadroMensaje(QWidget *ventana, const QString &texto)
                           | Qt::WindowCloseButtonHint);
     cuadro.button(QMessageBox::Ok)->setText(u"OK"_s); // in every language
     cuadro.button(QMessageBox::Ok)->setIcon(QIcon());
-    ensanchar(cuadro);
-
+    cuadro.setDefaultButton(QMessageBox::Ok); // as it is measured already
+    disponer(cuadro);
     ajustarAlto(cuadro);
 
     const EntradaRetenida retenida(ventana, &cuadro);

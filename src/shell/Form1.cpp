@@ -9,9 +9,12 @@
 #include "shell/CuadroMensaje.h"
 #include "ui_Form1.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
+#include <QScreen>
+#include <QScrollBar>
 
 using namespace Qt::StringLiterals;
 
@@ -20,6 +23,9 @@ namespace {
 constexpr int twipsPorPixel = 15; // at 96 dpi
 constexpr int anchoTwips = 9350;
 constexpr int altoTwips = 7260;
+// What a desktop puts around a window, at the most that one meets; before the window is shown
+// nobody knows.
+constexpr QSize marco(16, 40);
 
 } // namespace
 
@@ -45,6 +51,7 @@ void Form1::unirElementos()
                           .estadoTS = ui->estadoTS,
                           .estadoHS = ui->estadoHS};
     ui->Dir1->ponerDisco(&m_entorno.disco);
+    disponer();
 
     const QList<QRadioButton *> modos = {ui->Option1_0, ui->Option1_1, ui->Option1_2,
                                          ui->Option1_3};
@@ -77,6 +84,28 @@ void Form1::unirElementos()
     });
 }
 
+// What the form's file cannot say.
+void Form1::disponer()
+{
+    for (RotuloPlegado *estado : {ui->estadoTS, ui->estadoHS})
+        estado->apagar(true);
+    for (QLabel *detalle : {static_cast<QLabel *>(ui->Label6_2), ui->Label3})
+        detalle->setForegroundRole(QPalette::PlaceholderText);
+    // What comes and goes leaves its place empty, so that nothing else jumps.
+    const QList<QWidget *> conLugar = {ui->Label5, ui->Combo1,   ui->Option2_0, ui->Option2_1,
+                                       ui->Barra3, ui->Command2, ui->Command3};
+    for (QWidget *elemento : conLugar) {
+        QSizePolicy trato = elemento->sizePolicy();
+        trato.setRetainSizeWhenHidden(true);
+        elemento->setSizePolicy(trato);
+    }
+    // The focus also goes to where no Tab leads it.
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *ahora) {
+        if (ahora && ui->cuerpo->isAncestorOf(ahora))
+            ui->rollo->ensureWidgetVisible(ahora);
+    });
+}
+
 void Form1::atenderDeAUna(QPushButton *boton, void (Form1::*manejador)())
 {
     connect(boton, &QPushButton::clicked, this, [this, manejador, enCurso = false]() mutable {
@@ -100,7 +129,8 @@ void Form1::Form_Load()
 {
     // A request made before a login would carry this as the school's id.
     m_entorno.sesion.idColegio = u"ERROR"_s;
-    resize(anchoTwips / twipsPorPixel, altoTwips / twipsPorPixel);
+    resize(QSize(anchoTwips / twipsPorPixel, altoTwips / twipsPorPixel)
+               .boundedTo(screen()->availableSize() - marco));
     // The four panels share one cell of the window's layout: which one is seen is decided by
     // their visibility alone.
     const QList<QWidget *> ocultos = {ui->Frame2,    ui->Frame3,    ui->Frame4, ui->Option1_1,
@@ -119,6 +149,7 @@ void Form1::Option1_Click(int indice)
         panel->setVisible(false);
     if (indice >= 0 && indice < paneles.size())
         paneles[indice]->setVisible(true);
+    ui->rollo->verticalScrollBar()->setValue(0); // a panel is read from its top
 }
 
 void Form1::Salones_nuevaDescarga(const QString &elem)
@@ -173,6 +204,7 @@ void Form1::Command3_Click()
 {
     for (QLabel *aviso : {ui->Label6_3, ui->Label6_10, ui->Label6_8, ui->Label6_9})
         aviso->setVisible(false);
+    ui->aviso->setVisible(false); // what they stand on
     ui->barra1->setVisible(true);
     ui->barra2->setVisible(true);
     ui->Command3->setVisible(false);

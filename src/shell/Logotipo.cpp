@@ -10,15 +10,17 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr auto dibujo = ":/logo.svg"_L1;
+constexpr auto dibujo = ":/marca.svg"_L1;
+constexpr auto nombre = "Parvanel"_L1;
+constexpr int entreMarcaYNombre = 10;
 
-// The drawing in so many pixels; null when the build has not drawn it in this size.
-QPixmap lista(QSize pixeles)
+// The drawing in so many pixels a side; null when the build has not drawn it in this size.
+QPixmap lista(int lado)
 {
-    QFile bytes(u":/logo-%1x%2.argb"_s.arg(pixeles.width()).arg(pixeles.height()));
+    QFile bytes(u":/marca-%1x%1.argb"_s.arg(lado));
     if (!bytes.open(QIODevice::ReadOnly))
         return {};
-    QImage imagen(pixeles, QImage::Format_ARGB32_Premultiplied);
+    QImage imagen(lado, lado, QImage::Format_ARGB32_Premultiplied);
     const bool entera = bytes.read(reinterpret_cast<char *>(imagen.bits()), imagen.sizeInBytes())
                         == imagen.sizeInBytes();
     return entera ? QPixmap::fromImage(imagen) : QPixmap();
@@ -32,24 +34,36 @@ QIcon Logotipo::icono()
     if (!qFuzzyCompare(qGuiApp->devicePixelRatio(), 1.0))
         return QIcon(QString(dibujo));
     QIcon icono;
-    for (const QSize pixeles : {QSize(16, 4), QSize(32, 8), QSize(64, 17), QSize(128, 34)})
-        icono.addPixmap(lista(pixeles));
+    for (const int lado : {16, 24, 32, 48, 64, 128})
+        icono.addPixmap(lista(lado));
     return icono;
 }
 
-void Logotipo::paintEvent(QPaintEvent *suceso)
+QFont Logotipo::letra() const
 {
-    {
-        QPainter pintor(this);
-        const bool sinEscala = pintor.deviceTransform().type() <= QTransform::TxTranslate;
-        const QPixmap imagen = sinEscala ? lista(size()) : QPixmap();
+    QFont letra = font();
+    letra.setBold(true);
+    letra.setPixelSize(height() * 5 / 8);
+    return letra;
+}
+
+QSize Logotipo::sizeHint() const
+{
+    return {height() + entreMarcaYNombre + QFontMetrics(letra()).horizontalAdvance(nombre) + 1,
+            height()};
+}
+
+void Logotipo::paintEvent(QPaintEvent *)
+{
+    QPainter pintor(this);
+    const bool sinEscala = pintor.deviceTransform().type() <= QTransform::TxTranslate;
+    const QPixmap imagen = sinEscala ? lista(height()) : QPixmap();
+    if (imagen.isNull())
+        QSvgRenderer(QString(dibujo)).render(&pintor, QRectF(0, 0, height(), height()));
+    else
         pintor.drawPixmap(0, 0, imagen);
-        if (!imagen.isNull())
-            return;
-    }
-    if (!renderer()->isValid()) {
-        load(QString(dibujo));
-        renderer()->setAspectRatioMode(Qt::KeepAspectRatio);
-    }
-    QSvgWidget::paintEvent(suceso);
+    pintor.setFont(letra());
+    pintor.setPen(palette().color(QPalette::WindowText));
+    pintor.drawText(rect().adjusted(height() + entreMarcaYNombre, 0, 0, 0),
+                    Qt::AlignLeft | Qt::AlignVCenter, nombre);
 }

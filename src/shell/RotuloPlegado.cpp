@@ -15,6 +15,14 @@ RotuloPlegado::RotuloPlegado(QWidget *padre) : QLabel(padre)
 void RotuloPlegado::ponerTexto(const QString &texto)
 {
     setText(texto);
+    if (m_apagado)
+        apagar(false);
+}
+
+void RotuloPlegado::apagar(bool apagado)
+{
+    m_apagado = apagado;
+    setForegroundRole(apagado ? QPalette::PlaceholderText : QPalette::NoRole);
 }
 
 // A layout reckons with one line only when it works out how small the window may get. Before the

@@ -12,7 +12,11 @@ class RotuloPlegado : public QLabel, public Rotulo {
 public:
     explicit RotuloPlegado(QWidget *padre = nullptr);
 
+    // A text that is put is never a dimmed one.
     void ponerTexto(const QString &texto) override;
+
+    // Dims the text, which says nothing yet.
+    void apagar(bool apagado);
 
     QSize minimumSizeHint() const override;
 
@@ -21,4 +25,5 @@ protected:
 
 private:
     bool m_dispuesto = false; // by a layout
+    bool m_apagado = false;
 };

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "shell/programa.h"
+#include "estilo/Estilo.h"
 #include "platform/HttpClient.h"
 #include "platform/pausa.h"
 #include "shell/Form1.h"
@@ -17,6 +18,7 @@ using namespace Qt::StringLiterals;
 Programa::Programa(char *nombre)
     : m_argumentos{nombre, nullptr}, m_aplicacion(m_cuantos, m_argumentos.data())
 {
+    QApplication::setStyle(new Estilo); // the application's own from now on
     QApplication::setApplicationName(u"Parvanel"_s);
     QApplication::setWindowIcon(Logotipo::icono());
 }

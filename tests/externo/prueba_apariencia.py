@@ -20,8 +20,8 @@ ANCHO, ALTO = 623, 484
 
 
 class Apariencia(Escena):
-    def abrir_a(self, escala, colores):
-        self.preparar(ancho=1400, alto=1100, entorno={"QT_SCALE_FACTOR": str(escala)})
+    def abrir_a(self, escala, colores, ancho=1400, alto=1100):
+        self.preparar(ancho=ancho, alto=alto, entorno={"QT_SCALE_FACTOR": str(escala)})
         self.portal = self.escritorio.lanzar([sys.executable, "-B", PORTAL, colores],
                                              stdout=subprocess.PIPE)
         self.addCleanup(self.portal.stdout.close)
@@ -60,6 +60,47 @@ class Apariencia(Escena):
         for colores in ("dark", "light"):
             self.portal.send_signal(signal.SIGUSR1)
             self.esperar_colores(colores)
+
+    def test_pantallaChica_todoAlAlcance(self):
+        for ancho, alto, escala in ((1366, 768, 2), (1024, 600, 1.5)):
+            with self.subTest(ancho=ancho, alto=alto, escala=escala):
+                self.abrir_a(escala, "light", ancho, alto)
+                self.secretaria.entrar()
+                self.caber(ancho, alto)
+                for modo, boton in (("Descargar Historicos", "Descargar"),
+                                    ("Imprimir en Lote", "Imprimir")):
+                    self.secretaria.ir_a(modo)
+                    self.retratar(f"chica-{ancho}-{modo}")
+                    # The last of the mode's elements, as one gets there by keyboard.
+                    while not self.ventana.buscar("push button", boton).enfocado:
+                        self.ventana.tecla("Tab")
+                    self.retratar(f"chica-{ancho}-{modo}-abajo")
+                    self.estar_dentro(self.ventana.buscar("push button", boton))
+                self.secretaria.ir_a("Descargar Historicos")
+                self.ventana.buscar("push button", "Descargar")
+                while not self.ventana.buscar("push button", "Descargar").enfocado:
+                    self.ventana.tecla("Tab")
+                self.ventana.pulsar("push button", "Descargar")
+                self.estar_dentro(self.ventana.buscar("progress bar", "Avance del paso actual"))
+                self.retratar(f"chica-{ancho}-en-marcha")
+                self.caber(ancho, alto)
+                self.ventana.cerrar()
+
+    def caber(self, ancho, alto):
+        """The window, its frame included, is on the screen."""
+        x, y, *dentro = self.escritorio.pantalla.geometria(self.ventana.x)
+        izquierda, derecha, arriba, abajo = self.escritorio.pantalla.marco(self.ventana.x)
+        self.assertGreaterEqual(x - izquierda, 0)
+        self.assertGreaterEqual(y - arriba, 0)
+        self.assertLessEqual(x + dentro[0] + derecha, ancho)
+        self.assertLessEqual(y + dentro[1] + abajo, alto)
+
+    def estar_dentro(self, elemento):
+        """The element's place is within the window's inside."""
+        def dentro():
+            (x, y, ancho, alto), (de_ancho, de_alto) = elemento.lugar_en_ventana()
+            return x >= 0 and y >= 0 and x + ancho <= de_ancho and y + alto <= de_alto
+        self.ventana.esperar(dentro, "it is out of the window")
 
     def retratar(self, nombre):
         if RETRATOS:

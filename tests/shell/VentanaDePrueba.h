@@ -4,9 +4,11 @@
 #pragma once
 
 #include "escenario/Escenario.h"
+#include "estilo/Estilo.h"
 #include "platform/Verbos.h"
 #include "shell/Form1.h"
 
+#include <QApplication>
 #include <QComboBox>
 #include <QListWidget>
 #include <QMessageBox>
@@ -22,6 +24,8 @@ public:
     explicit VentanaDePrueba(const TamanoEscuela &tamano = Escenario::pequena())
         : e(tamano), form(e.entorno, verbos, [this] { ++cierres; })
     {
+        if (!qobject_cast<Estilo *>(QApplication::style()))
+            QApplication::setStyle(new Estilo); // the application's own from now on
         form.show();
         [[maybe_unused]] const bool visible = QTest::qWaitForWindowExposed(&form);
     }
@@ -39,7 +43,7 @@ public:
 
     void clic(const char *nombre) const { QTest::mouseClick(elemento(nombre), Qt::LeftButton); }
 
-    // A radio button answers to a click on its indicator or text only.
+    // A radio button answers to a click on its indicator or text only; a tab everywhere.
     void elegir(const char *nombre) const
     {
         auto *boton = elemento(nombre);

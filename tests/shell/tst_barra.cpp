@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What a progress bar looks like.
 #include "BarraProgreso.h"
+#include "estilo/tonos.h"
 
 #include <QImage>
 #include <QTest>
@@ -27,7 +28,7 @@ private Q_SLOTS:
         imagen.setDevicePixelRatio(escala);
         barra.render(&imagen);
 
-        const QRgb marco = barra.palette().color(QPalette::Mid).rgb();
+        const QRgb marco = tonos::de(barra.palette()).borde.rgb();
         const QRect orilla = imagen.rect();
         // Off the middle, where one area ends and the other begins.
         const int x = orilla.width() / 4;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The logo: what the build has drawn of it is what would be drawn of it at every start.
+// The mark: what the build has drawn of it is what would be drawn of it at every start.
 #include "VentanaDePrueba.h"
 #include "shell/Logotipo.h"
 
@@ -15,11 +15,24 @@ class tst_logotipo : public QObject {
     Q_OBJECT
 
 private:
+    static constexpr int alto = 32;
+    static constexpr int ancho = 180;
+
     static QImage lienzo(qreal escala)
     {
-        QImage imagen((QSizeF(180, 48) * escala).toSize(), QImage::Format_RGB32);
+        QImage imagen((QSizeF(ancho, alto) * escala).toSize(), QImage::Format_RGB32);
         imagen.setDevicePixelRatio(escala);
         imagen.fill(QColor(0xef, 0xe1, 0xd3)); // so that a corner that is see-through shows
+        return imagen;
+    }
+
+    static QImage mostrado(qreal escala, const QPalette &paleta = {})
+    {
+        Logotipo logotipo;
+        logotipo.resize(ancho, alto);
+        logotipo.setPalette(paleta);
+        QImage imagen = lienzo(escala);
+        logotipo.render(&imagen, {}, {}, {});
         return imagen;
     }
 
@@ -45,32 +58,42 @@ private Q_SLOTS:
     void cadaEscala_comoElDibujo()
     {
         QFETCH(const qreal, escala);
-        Logotipo logotipo;
-        logotipo.resize(180, 48);
-        QImage mostrada = lienzo(escala);
-        logotipo.render(&mostrada, {}, {}, {});
-
         QImage dibujada = lienzo(escala);
         QPainter pintor(&dibujada);
-        QSvgRenderer(u":/logo.svg"_s).render(&pintor, QRectF(0, 0, 180, 48));
+        QSvgRenderer(u":/marca.svg"_s).render(&pintor, QRectF(0, 0, alto, alto));
         pintor.end();
         QVERIFY(dibujada != lienzo(escala));
-        QCOMPARE(mostrada, dibujada);
+        const QRect marca(QPoint(), (QSizeF(alto, alto) * escala).toSize());
+        QCOMPARE(mostrado(escala).copy(marca), dibujada.copy(marca));
     }
 
-    // The sizes that a window asks an icon for that can be drawn in any.
-    void icono_comoElDibujo()
+    void nombre_enElColorDeLasLetras()
     {
-        const QIcon dibujo(u":/logo.svg"_s);
+        QPalette paleta;
+        paleta.setColor(QPalette::WindowText, QColor(1, 2, 3));
+        const QImage imagen = mostrado(1, paleta);
+        int pixeles = 0;
+        for (int x = alto; x < ancho; ++x) {
+            for (int y = 0; y < alto; ++y)
+                pixeles += imagen.pixelColor(x, y) == QColor(1, 2, 3);
+        }
+        QVERIFY2(pixeles > 100, qPrintable(QString::number(pixeles)));
+    }
+
+    // The sizes that a window asks an icon for.
+    void icono_cuadradoComoElDibujo()
+    {
+        const QIcon dibujo(u":/marca.svg"_s);
         const QIcon icono = Logotipo::icono();
-        QCOMPARE(icono.availableSizes().size(), 4);
-        const QList<QSize> pedidas = {QSize(16, 16), QSize(32, 32), QSize(64, 64), QSize(128, 128)};
-        for (qsizetype i = 0; i < pedidas.size(); ++i) {
-            const QImage dibujada = dibujo.pixmap(pedidas[i]).toImage();
-            QVERIFY(!dibujada.isNull());
-            const QImage lista = icono.pixmap(icono.availableSizes()[i]).toImage();
-            QCOMPARE(lista.convertToFormat(QImage::Format_ARGB32),
-                     dibujada.convertToFormat(QImage::Format_ARGB32));
+        const QList<int> lados = {16, 24, 32, 48, 64, 128};
+        QCOMPARE(icono.availableSizes().size(), lados.size());
+        for (const int lado : lados) {
+            const QImage dibujada = dibujo.pixmap(QSize(lado, lado)).toImage();
+            QCOMPARE(dibujada.size(), QSize(lado, lado));
+            QCOMPARE(icono.pixmap(QSize(lado, lado))
+                         .toImage()
+                         .convertToFormat(QImage::Format_ARGB32_Premultiplied),
+                     dibujada.convertToFormat(QImage::Format_ARGB32_Premultiplied));
         }
     }
 };

@@ -107,6 +107,32 @@ private Q_SLOTS:
         QVERIFY(!abierta);
     }
 
+    void cuadro_conElMismoMargenATodosLosLados()
+    {
+        VentanaDePrueba v;
+        QRect texto;
+        QRect boton;
+        QRect cuadro;
+        Qt::WindowFlags como;
+        conCuadro(u"Listo Historico"_s, v, [&](const QMessageBox &visto) {
+            const auto *rotulo = visto.findChild<QLabel *>(u"qt_msgbox_label"_s);
+            const auto *ok = visto.button(QMessageBox::Ok);
+            texto = QRect(rotulo->mapTo(&visto, rotulo->contentsRect().topLeft()),
+                          rotulo->contentsRect().size());
+            boton = QRect(ok->mapTo(&visto, QPoint()), ok->size());
+            cuadro = visto.rect();
+            como = visto.windowFlags();
+        });
+        const int margen = texto.left();
+        QVERIFY(margen >= 12);
+        QCOMPARE(texto.top(), margen);
+        QCOMPARE(cuadro.right() - boton.right(), margen);
+        QCOMPARE(cuadro.bottom() - boton.bottom(), margen);
+        QVERIFY(boton.width() >= 96);
+        QVERIFY(!como.testFlag(Qt::WindowMinimizeButtonHint));
+        QVERIFY(!como.testFlag(Qt::WindowMaximizeButtonHint));
+    }
+
     void cuadro_noEsModalParaElSistemaDeVentanas()
     {
         VentanaDePrueba v;

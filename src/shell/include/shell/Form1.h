@@ -59,6 +59,7 @@ private:
     void lstHistoricos_Click();
 
     void unirElementos();
+    void disponer();
     // Ties a button to its handler. A press that comes while that very handler runs (a held key,
     // a double click) does nothing: it would be a second login, run or print job inside the first.
     void atenderDeAUna(QPushButton *boton, void (Form1::*manejador)());

@@ -1,20 +1,27 @@
 // SPDX-License-Identifier: MIT
-// The program's logo, as the window and its icon show it. It is one drawing, logo.svg; in the sizes
-// that a screen without scaling asks for, the build has drawn it already, pixel for pixel as it
-// would be drawn here, so that a start need not read and draw it five times. These pictures are
-// bare bytes: to read them takes no plugin and no decoder.
+// The program's mark, as the window's header and its icon show it. It is one drawing, marca.svg; in
+// the sizes that a screen without scaling asks for, the build has drawn it already, pixel for pixel
+// as it would be drawn here, so that a start need not read and draw it six times. These pictures
+// are bare bytes: to read them takes no plugin and no decoder.
 #pragma once
 
 #include <QIcon>
-#include <QSvgWidget>
+#include <QWidget>
 
-class Logotipo : public QSvgWidget {
+// The mark, as high as the element, and the program's name beside it.
+class Logotipo : public QWidget {
+    Q_OBJECT
 public:
-    using QSvgWidget::QSvgWidget;
+    using QWidget::QWidget;
 
     // For the windows of a program that has its application already.
     static QIcon icono();
 
+    QSize sizeHint() const override;
+
 protected:
     void paintEvent(QPaintEvent *suceso) override;
+
+private:
+    QFont letra() const;
 };
