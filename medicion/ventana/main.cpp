@@ -9,10 +9,11 @@
 // See Encargo for what they mean. The archive goes below HOME.
 #include "Jornada.h"
 #include "consumo.h"
+#include "estilo/Estilo.h"
+#include "estilo/Logotipo.h"
 #include "platform/HttpClient.h"
 #include "platform/pausa.h"
 #include "shell/Form1.h"
-#include "shell/Logotipo.h"
 #include "shell/Montaje.h"
 
 #include <QApplication>
@@ -69,6 +70,7 @@ double esperarDibujo(Form1 &ventana, Cuentas &cuentas, double desde)
 int main(int cuantos, char *argumentos[])
 {
     QApplication aplicacion(cuantos, argumentos);
+    QApplication::setStyle(new Estilo);
     QApplication::setApplicationName(u"Parvanel"_s);
     QApplication::setWindowIcon(Logotipo::icono());
     const Encargo encargo = leerEncargo(QApplication::arguments());

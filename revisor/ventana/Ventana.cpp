@@ -16,7 +16,6 @@
 #include <QRegularExpression>
 #include <QScreen>
 #include <QShortcut>
-#include <QSvgRenderer>
 
 using namespace Qt::StringLiterals;
 
@@ -49,8 +48,6 @@ Ventana::Ventana(const DriveC &disco, Verbos &verbos, std::function<void()> term
       ui(std::make_unique<Ui::Ventana>())
 {
     ui->setupUi(this);
-    ui->logotipo->load(u":/revisor/logo.svg"_s);
-    ui->logotipo->renderer()->setAspectRatioMode(Qt::KeepAspectRatio);
     QFont grande = ui->rotuloVeredicto->font();
     grande.setPointSizeF(QFontInfo(grande).pointSizeF() * 2);
     grande.setBold(true);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "mostrarVentana.h"
 #include "Ventana.h"
+#include "estilo/Estilo.h"
 #include "platform/DriveC.h"
 #include "platform/Verbos.h"
 #include "platform/paleta.h"
@@ -24,6 +25,7 @@ int mostrarVentana()
     std::array<char, 17> nombre{"parvanel-revisor"};
     std::array<char *, 2> argumentos{nombre.data(), nullptr};
     const QApplication aplicacion(cuantos, argumentos.data());
+    QApplication::setStyle(new Estilo); // the application's own from now on
     QApplication::setApplicationName(u"parvanel-revisor"_s);
     QApplication::setApplicationDisplayName(u"Revisor de Históricos"_s);
     QApplication::setDesktopFileName(u"parvanel-revisor"_s);

@@ -75,6 +75,17 @@ const tonos::Tonos &Estilo::tonosDe(const QStyleOption &opcion) const
 void Estilo::drawPrimitive(PrimitiveElement cual, const QStyleOption *opcion, QPainter *pintor,
                            const QWidget *elemento) const
 {
+    // Tool buttons ask for the same panel and are no such buttons.
+    const auto *boton = qstyleoption_cast<const QStyleOptionButton *>(opcion);
+    if (cual == PE_PanelButtonCommand && !boton) {
+        QProxyStyle::drawPrimitive(cual, opcion, pintor, elemento);
+        return;
+    }
+    if (const auto *fila = qstyleoption_cast<const QStyleOptionViewItem *>(opcion)) {
+        const QStyleOptionViewItem otra = conAcento(*fila);
+        QProxyStyle::drawPrimitive(cual, &otra, pintor, elemento);
+        return;
+    }
     pintor->save();
     switch (cual) {
     case PE_PanelLineEdit:
@@ -91,7 +102,7 @@ void Estilo::drawPrimitive(PrimitiveElement cual, const QStyleOption *opcion, QP
         pintarRadio(*opcion, *pintor);
         break;
     case PE_PanelButtonCommand:
-        pintarBoton(*qstyleoption_cast<const QStyleOptionButton *>(opcion), *pintor);
+        pintarBoton(*boton, *pintor);
         break;
     case PE_FrameFocusRect:
         // The current row, and whatever else has the focus and no edge of its own: an outline,
@@ -107,6 +118,17 @@ void Estilo::drawPrimitive(PrimitiveElement cual, const QStyleOption *opcion, QP
         return;
     }
     pintor->restore();
+}
+
+QStyleOptionViewItem Estilo::conAcento(const QStyleOptionViewItem &fila) const
+{
+    const tonos::Tonos &t = tonosDe(fila);
+    QStyleOptionViewItem otra(fila);
+    for (const auto grupo : {QPalette::Active, QPalette::Inactive}) {
+        otra.palette.setColor(grupo, QPalette::Highlight, t.acento);
+        otra.palette.setColor(grupo, QPalette::HighlightedText, t.sobreAcento);
+    }
+    return otra;
 }
 
 void Estilo::pintarCampo(const QStyleOption &opcion, QPainter &pintor) const
@@ -172,11 +194,7 @@ void Estilo::drawControl(ControlElement cual, const QStyleOption *opcion, QPaint
             otro.state.setFlag(State_KeyboardFocusChange, false);
         QProxyStyle::drawControl(cual, &otro, pintor, elemento);
     } else if (const auto *fila = qstyleoption_cast<const QStyleOptionViewItem *>(opcion)) {
-        QStyleOptionViewItem otra(*fila);
-        for (const auto grupo : {QPalette::Active, QPalette::Inactive}) {
-            otra.palette.setColor(grupo, QPalette::Highlight, t.acento);
-            otra.palette.setColor(grupo, QPalette::HighlightedText, t.sobreAcento);
-        }
+        const QStyleOptionViewItem otra = conAcento(*fila);
         QProxyStyle::drawControl(cual, &otra, pintor, elemento);
     } else if (const auto *lista = qstyleoption_cast<const QStyleOptionComboBox *>(opcion)) {
         // Nothing chosen yet: the prompt, dimmed and legible.

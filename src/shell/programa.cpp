@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "shell/programa.h"
 #include "estilo/Estilo.h"
+#include "estilo/Logotipo.h"
 #include "platform/HttpClient.h"
 #include "platform/pausa.h"
 #include "shell/Form1.h"
-#include "shell/Logotipo.h"
 #include "shell/Montaje.h"
 
 #include <QLibraryInfo>

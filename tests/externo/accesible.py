@@ -129,6 +129,15 @@ class Programa:
             todos += nivel
         return todos
 
+    def nombres_a_la_vista(self, elementos):
+        """The names that these elements have now, of those that can be seen: all asked at once,
+        since a program that pauses answers once in half a second."""
+        nombre = GLib.Variant("(ss)", (ACCESIBLE, "Name"))
+        preguntas = ((PROPIEDADES, "Get", nombre), (ACCESIBLE, "GetState", None))
+        datos = self._todas([(e.ruta, *p) for p in preguntas for e in elementos])
+        nombres, estados = datos[:len(elementos)], datos[len(elementos):]
+        return [n[0] for n, e in zip(nombres, estados) if n and e and _tiene(e[0], A_LA_VISTA)]
+
     def _hijos(self, nivel):
         respuestas = self._todas([(e.ruta, ACCESIBLE, "GetChildren", None) for e in nivel])
         pares = [(ruta, padre) for padre, respuesta in zip(nivel, respuestas)

@@ -21,6 +21,7 @@ class Ventana:
         self._pantalla = escritorio.pantalla
         self._programa = Programa(escritorio.bus_accesible, proceso.pid)
         self._conocidos = {}
+        self._rotulos = []  # labels met so far
         self.proceso = proceso
         self.titulo = titulo
         self.esperar(self._programa.conectado, f"{titulo} is not on the bus", plazo)
@@ -58,14 +59,23 @@ class Ventana:
 
     def rotulos(self):
         """The texts of all labels that can be seen."""
-        return [e.nombre_visto for e in self.elementos()
-                if e.rol == "label" and e.estaba_a_la_vista]
+        todos = [e for e in self.elementos() if e.rol == "label"]
+        self._rotulos = todos
+        return [e.nombre_visto for e in todos if e.estaba_a_la_vista]
 
     def esperar_rotulo(self, comienzo, plazo=PLAZO):
         """Waits for a label that begins so (or in one of several ways), and returns its text."""
-        return self.esperar(
-            lambda: next((t for t in self.rotulos() if t.startswith(comienzo)), None),
-            f"no label «{comienzo}...»", plazo)
+        # Those met before are asked first: to go through the whole window takes seconds while the
+        # program pauses, and a text may be gone by then.
+        recorrer = time.monotonic() + plazo / 2
+
+        def leer():
+            textos = self._programa.nombres_a_la_vista(self._rotulos)
+            hallado = next((t for t in textos if t.startswith(comienzo)), None)
+            if hallado or (self._rotulos and time.monotonic() < recorrer):
+                return hallado
+            return next((t for t in self.rotulos() if t.startswith(comienzo)), None)
+        return self.esperar(leer, f"no label «{comienzo}...»", plazo)
 
     # Acting
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The mark: what the build has drawn of it is what would be drawn of it at every start.
 #include "VentanaDePrueba.h"
-#include "shell/Logotipo.h"
+#include "estilo/Logotipo.h"
 
 #include <QFile>
 #include <QImage>

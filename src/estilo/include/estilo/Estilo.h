@@ -49,6 +49,7 @@ private:
     // The tones of what is drawn; the palette is nearly always the one before.
     const tonos::Tonos &tonosDe(const QStyleOption &opcion) const;
 
+    QStyleOptionViewItem conAcento(const QStyleOptionViewItem &fila) const;
     void pintarBoton(const QStyleOptionButton &boton, QPainter &pintor) const;
     void pintarCampo(const QStyleOption &opcion, QPainter &pintor) const;
     void pintarRadio(const QStyleOption &opcion, QPainter &pintor) const;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "shell/Logotipo.h"
+#include "estilo/Logotipo.h"
 
 #include <QFile>
 #include <QGuiApplication>

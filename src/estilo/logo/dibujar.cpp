@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// Draws the logo in the sizes that the program shows it in, as a part of the build.
+// Draws the mark in the sizes that the program shows it in, as a part of the build.
 //
-//   dibujar-logo DRAWING PICTURE...    each picture is a file named NAME-WIDTHxHEIGHT.argb
+//   dibujar-marca DRAWING PICTURE...    each picture is a file named NAME-WIDTHxHEIGHT.argb
 //
 // What is written are the bytes of its pixels, as this computer holds them.
 #include <QFile>
