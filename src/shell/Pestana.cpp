@@ -14,6 +14,9 @@ constexpr int alLado = 9; // of the text, in pixels
 constexpr int arriba = 7;
 constexpr int debajo = 9; // the line included
 constexpr int raya = 3;
+// Four tabs of so many pixels fit on the narrowest screens that one meets: 1366 and 1024 across, at
+// twice and one and a half times the size.
+constexpr int cuartoDePantalla = 155;
 
 } // namespace
 
@@ -46,7 +49,9 @@ QSize Pestana::sizeHint() const
 
 QSize Pestana::minimumSizeHint() const
 {
-    return {anchoDeLaMayor(true), fontMetrics().height() + arriba + debajo};
+    const int enUnaLinea = anchoDeLaMayor(false);
+    const int ancho = enUnaLinea <= cuartoDePantalla ? enUnaLinea : anchoDeLaMayor(true);
+    return {ancho, heightForWidth(ancho)};
 }
 
 int Pestana::heightForWidth(int ancho) const

@@ -74,6 +74,16 @@ private:
         return v.form.grab().toImage().convertToFormat(QImage::Format_RGB32);
     }
 
+    // PARVANEL_RETRATOS names a folder for the pictures, to be looked at.
+    static void guardar(const QImage &imagen, const QString &modo)
+    {
+        const QString carpeta = qEnvironmentVariable("PARVANEL_RETRATOS");
+        const QString nombre =
+            QString::fromLatin1(QTest::currentDataTag()).replace(u", "_s, u"-"_s);
+        if (!carpeta.isEmpty())
+            QVERIFY(imagen.save(u"%1/%2-%3.png"_s.arg(carpeta, nombre, modo)));
+    }
+
     static void paletas()
     {
         QTest::addColumn<QPalette>("paleta");
@@ -121,6 +131,7 @@ private Q_SLOTS:
         for (const QString &modo : modos()) {
             v.elegir(modo.toLatin1().constData());
             const QImage imagen = retrato(v);
+            guardar(imagen, modo);
             const auto elementos = v.form.findChildren<QWidget *>();
             for (const QWidget *elemento : elementos) {
                 const bool conTexto = qobject_cast<const QLabel *>(elemento)

@@ -113,6 +113,10 @@ private Q_SLOTS:
             QCOMPARE(panel.width(), 760);
             QVERIFY(qAbs(panel.center().x() - v.form.rect().center().x()) <= 1);
         }
+        v.elegir("Option1_1");
+        const auto avance = lugares(v, {"aviso", "estadoTS", "estadoHS", "Command3"});
+        for (qsizetype i = 1; i < avance.size(); ++i)
+            QVERIFY(avance[i].top() - avance[i - 1].bottom() < 80);
         v.elegir("Option1_2");
         QVERIFY(lugares(v, {"List1"})[0].height() > altoLista + 400);
         QCOMPARE(lugares(v, {"ComboTipo"})[0].height(), altoCampo);

@@ -123,13 +123,22 @@ private Q_SLOTS:
     void ningunTexto_seRecorta_data()
     {
         QTest::addColumn<QSize>("tamano");
-        QTest::newRow("as it opens") << QSize(623, 484);
-        QTest::newRow("larger") << QSize(1200, 900);
-        QTest::newRow("as small as it gets") << QSize(1, 1);
+        QTest::addColumn<double>("letra");
+        QTest::newRow("as it opens") << QSize(623, 484) << 1.0;
+        QTest::newRow("larger") << QSize(1200, 900) << 1.0;
+        QTest::newRow("as small as it gets") << QSize(1, 1) << 1.0;
+        QTest::newRow("large letters") << QSize(623, 484) << 1.5;
+        QTest::newRow("twice as large, as small as it gets") << QSize(1, 1) << 2.0;
     }
     void ningunTexto_seRecorta()
     {
         QFETCH(QSize, tamano);
+        QFETCH(double, letra);
+        const QFont deSiempre = QApplication::font();
+        QFont otra = deSiempre;
+        otra.setPointSizeF(deSiempre.pointSizeF() * letra);
+        QApplication::setFont(otra);
+        const auto alFinal = qScopeGuard([&] { QApplication::setFont(deSiempre); });
         VentanaDePrueba v;
         v.ingresar();
         v.form.resize(tamano);
@@ -137,6 +146,10 @@ private Q_SLOTS:
             v.elegir(modo.toLatin1().constData());
             QVERIFY2(QTest::qWaitFor([&] { return recortado(v.form).isEmpty(); }),
                      qPrintable(modo + u' ' + recortado(v.form)));
+            if (const QString carpeta = qEnvironmentVariable("PARVANEL_RETRATOS");
+                !carpeta.isEmpty())
+                QVERIFY(v.form.grab().save(u"%1/%2-%3.png"_s.arg(
+                    carpeta, QString::fromLatin1(QTest::currentDataTag()), modo)));
         }
     }
 
