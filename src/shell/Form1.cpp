@@ -181,11 +181,11 @@ void Form1::Command1_Click()
 {
     switch (ingreso::conectar(m_entorno, ui->txtUser->text(), ui->txtPwd->text())) {
     case ingreso::Resultado::CredencialesMalas:
-        cuadroMensaje(this, u"Usuario y/o Contraseña incorrectas, intentelo de nuevo"_s);
+        rechazar(u"Usuario y/o Contraseña incorrectas, intentelo de nuevo"_s);
         return;
     case ingreso::Resultado::RolInadecuado:
-        cuadroMensaje(this, u"Nivel de acceso inadecuado, se requiere Usuario y "
-                            "Pasword de Secretaria"_s);
+        rechazar(u"Nivel de acceso inadecuado, se requiere Usuario y "
+                 "Pasword de Secretaria"_s);
         return;
     case ingreso::Resultado::Aceptado:
         break;
@@ -198,6 +198,14 @@ void Form1::Command1_Click()
     ui->txtUser->setEnabled(false);
     ui->txtPwd->setEnabled(false);
     ingreso::cargarSalones(m_entorno, Salones);
+}
+
+// What is typed next is another password.
+void Form1::rechazar(const QString &motivo)
+{
+    cuadroMensaje(this, motivo);
+    ui->txtPwd->setFocus();
+    ui->txtPwd->selectAll();
 }
 
 void Form1::Command3_Click()

@@ -58,6 +58,9 @@ private:
     void ComboTipo_Click();
     void lstHistoricos_Click();
 
+    // Tells why a login was refused, and has the password ready to be typed again.
+    void rechazar(const QString &motivo);
+
     void unirElementos();
     void disponer();
     // Ties a button to its handler. A press that comes while that very handler runs (a held key,
