@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The print panel's handlers of the main window.
+#include "FocoPrestado.h"
 #include "lineaElegida.h"
 #include "platform/Verbos.h"
 #include "printing/PanelImpresion.h"
@@ -32,7 +33,11 @@ constexpr FilaTipo otroTipo = {u"", u"Seleccione que Imprimir", false};
 
 class PanelDeForm1 : public PanelImpresion {
 public:
-    PanelDeForm1(QWidget *ventana, Ui::Form1 &ui) : m_ventana(ventana), m_ui(ui) {}
+    PanelDeForm1(QWidget *ventana, Ui::Form1 &ui)
+        : m_ventana(ventana), m_ui(ui),
+          m_botones({ui.Option2_0, ui.Option2_1, ui.Command2}, ui.Option1_2)
+    {
+    }
 
     QString lineaSalon() const override { return lineaElegida(*m_ui.List1); }
     int periodo() const override { return m_ui.Combo1->currentIndex() + 1; }
@@ -44,25 +49,19 @@ public:
         m_ui.Barra3->ponerMaximo(maximo);
         m_ui.Barra3->ponerValor(0);
         m_ui.Barra3->setVisible(true);
-        mostrarBotones(false);
+        m_botones.esconder();
     }
     void avanzar() override { m_ui.Barra3->avanzar(); }
     void terminar() override
     {
         m_ui.Barra3->setVisible(false);
-        mostrarBotones(true);
+        m_botones.devolver();
     }
 
 private:
-    void mostrarBotones(bool visibles)
-    {
-        m_ui.Option2_0->setVisible(visibles);
-        m_ui.Option2_1->setVisible(visibles);
-        m_ui.Command2->setVisible(visibles);
-    }
-
     QWidget *m_ventana;
     Ui::Form1 &m_ui;
+    FocoPrestado m_botones;
 };
 
 } // namespace

@@ -40,6 +40,16 @@ public:
         return elemento ? elemento->objectName().toLatin1() : QByteArray();
     }
 
+    void prepararTrabajo()
+    {
+        ingresar();
+        elegir("Option1_2");
+        elegirEnLista("ComboTipo", u"Paz Y Salvos"_s);
+        elegirSalon();
+        elegir("Option2_1");
+        elemento("Command2")->setFocus();
+    }
+
     using VentanaDePrueba::elemento;
     template <typename Elemento = QWidget>
     Elemento *elemento(const QByteArray &nombre) const
@@ -87,6 +97,98 @@ private Q_SLOTS:
         QTest::keyClick(t.form.windowHandle(), Qt::Key_X);
         QCOMPARE(t.elemento<QLineEdit>("txtPwd")->text(), u"x"_s);
         QCOMPARE(t.elemento<QLineEdit>("txtUser")->text(), usuario);
+    }
+
+    void trabajo_devuelveElFocoAImprimir_data()
+    {
+        QTest::addColumn<int>("tecla");
+        QTest::newRow("Return") << int(Qt::Key_Return);
+        QTest::newRow("space") << int(Qt::Key_Space);
+    }
+    void trabajo_devuelveElFocoAImprimir()
+    {
+        QFETCH(int, tecla);
+        Teclista t;
+        t.prepararTrabajo();
+        QByteArray enMarcha;
+        t.reteniendo(
+            "/pazYsalvo/", [&] { t.tecla(static_cast<Qt::Key>(tecla)); },
+            [&] { enMarcha = t.foco(); });
+        QCOMPARE(enMarcha, QByteArray("Option1_2"));
+        QCOMPARE(t.foco(), QByteArray("Command2"));
+        t.e.demo.olvidarPeticiones();
+        t.tecla(static_cast<Qt::Key>(tecla)); // and so the next job is one key away
+        QVERIFY(t.e.destinos().join(u' ').contains(u"/pazYsalvo/"_s));
+    }
+
+    // The box takes the window's place; it may come back only while the job runs.
+    void trabajoConMensaje_devuelveElFocoAImprimir()
+    {
+        Teclista t;
+        t.prepararTrabajo();
+        t.elegirEnLista("ComboTipo", u"Hoja Matricula"_s);
+        t.elemento("Command2")->setFocus();
+        QByteArray enMarcha;
+        t.reteniendo(
+            "logo.png", [&] { t.conCuadros([&] { t.tecla(Qt::Key_Return); }); },
+            [&] {
+                enMarcha = t.foco();
+                t.activar();
+            });
+        QCOMPARE(t.mensajes.size(), 1);
+        QCOMPARE(enMarcha, QByteArray("Option1_2")); // at no element that is hidden
+        QCOMPARE(t.foco(), QByteArray("Command2"));
+    }
+
+    void trabajoRechazado_dejaElFocoEnImprimir()
+    {
+        Teclista t;
+        t.prepararTrabajo();
+        t.elemento<QListWidget>("List1")->clearSelection();
+        t.conCuadros([&] { t.tecla(Qt::Key_Return); });
+        QCOMPARE(t.mensajes, QStringList({u"Seleccione un Salon"_s}));
+        QCOMPARE(t.foco(), QByteArray("Command2"));
+    }
+
+    // Whoever has gone elsewhere while the job ran stays there.
+    void focoMovidoEnElTrabajo_quedaDondeEsta_data()
+    {
+        QTest::addColumn<QList<int>>("teclas");
+        QTest::addColumn<QByteArray>("foco");
+        QTest::newRow("to the classrooms") << QList<int>{int(Qt::Key_Tab)} << QByteArray("List1");
+        QTest::newRow("to another mode")
+            << QList<int>{int(Qt::Key_Right)} << QByteArray("Option1_3");
+        QTest::newRow("to another mode and its list")
+            << QList<int>{int(Qt::Key_Right), int(Qt::Key_Tab)} << QByteArray("lstHistoricos");
+    }
+    void focoMovidoEnElTrabajo_quedaDondeEsta()
+    {
+        QFETCH(QList<int>, teclas);
+        QFETCH(QByteArray, foco);
+        Teclista t;
+        QVERIFY(QDir().mkpath(t.e.nativa(u"123-2010"_s)));
+        t.form.cargaListaHistoricos();
+        t.prepararTrabajo();
+        t.reteniendo(
+            "/pazYsalvo/", [&] { t.tecla(Qt::Key_Return); },
+            [&] {
+                for (const int tecla : teclas)
+                    t.tecla(static_cast<Qt::Key>(tecla));
+            });
+        QVERIFY(!t.elemento("Command2")->isHidden());
+        QCOMPARE(t.foco(), foco);
+    }
+
+    // The mode changed by a key that leaves the focus on no element of the job's.
+    void panelOcultoAlTerminar_noRecibeElFoco()
+    {
+        Teclista t;
+        t.prepararTrabajo();
+        t.reteniendo(
+            "/pazYsalvo/", [&] { t.tecla(Qt::Key_Return); },
+            [&] { t.elemento<QRadioButton>("Option1_3")->setChecked(true); });
+        QVERIFY(t.visible("Frame4"));
+        QCOMPARE(t.foco(), QByteArray("Option1_2"));
     }
 };
 
