@@ -29,7 +29,9 @@ public:
 
     bool eventFilter(QObject *objeto, QEvent *suceso) override
     {
-        auto *elemento = qobject_cast<QWidget *>(objeto);
+        // A shortcut is no element; it acts in that of which it is a child.
+        auto *elemento =
+            qobject_cast<QWidget *>(suceso->type() == QEvent::Shortcut ? objeto->parent() : objeto);
         if (elemento && elemento->window() == m_cuadro)
             return esRepeticion(suceso);
         if (!elemento || elemento->window() != m_ventana || !esEntrada(suceso->type()))

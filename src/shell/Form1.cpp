@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "shell/Form1.h"
+#include "Teclado.h"
 #include "archive/historico.h"
 #include "ingreso.h"
 #include "lineaElegida.h"
@@ -60,6 +61,7 @@ void Form1::unirElementos()
             if (elegido)
                 Option1_Click(indice);
         });
+    new Teclado(this, modos);
 
     connect(&Salones, &tcSalones::nuevaDescarga, this, &Form1::Salones_nuevaDescarga);
     connect(&Salones, &tcSalones::nuevaLinea, this,

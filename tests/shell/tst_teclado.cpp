@@ -14,6 +14,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+QByteArrayList modos()
+{
+    return {"Option1_0", "Option1_1", "Option1_2", "Option1_3"};
+}
+
 class Teclista : public VentanaDePrueba {
 public:
     explicit Teclista(const TamanoEscuela &tamano = Escenario::pequena()) : VentanaDePrueba(tamano)
@@ -38,6 +43,21 @@ public:
     {
         const QWidget *elemento = form.focusWidget();
         return elemento ? elemento->objectName().toLatin1() : QByteArray();
+    }
+
+    // The mode chosen, once its panel and no other is seen.
+    QByteArray modo() const
+    {
+        QByteArray elegido;
+        for (int indice = 0; indice < 4; ++indice) {
+            const QByteArray numero = QByteArray::number(indice);
+            const bool marcado = elemento<QRadioButton>("Option1_" + numero)->isChecked();
+            if (marcado != visible("Frame" + QByteArray::number(indice + 1)))
+                return "marcado y panel no concuerdan";
+            if (marcado)
+                elegido += "Option1_" + numero;
+        }
+        return elegido;
     }
 
     void prepararTrabajo()
@@ -97,6 +117,34 @@ private Q_SLOTS:
         QTest::keyClick(t.form.windowHandle(), Qt::Key_X);
         QCOMPARE(t.elemento<QLineEdit>("txtPwd")->text(), u"x"_s);
         QCOMPARE(t.elemento<QLineEdit>("txtUser")->text(), usuario);
+    }
+
+    void ingresoAceptado_dejaElFocoEnLosModos()
+    {
+        Teclista t;
+        t.escribirCuenta(u"secretaria"_s, u"demo2010"_s);
+        t.tecla(Qt::Key_Return);
+        QCOMPARE(t.foco(), QByteArray("Option1_0"));
+        t.tecla(Qt::Key_Right);
+        QCOMPARE(t.modo(), QByteArray("Option1_1"));
+        t.tecla(Qt::Key_Tab);
+        QCOMPARE(t.foco(), QByteArray("Command3"));
+    }
+
+    void descarga_dejaElFocoEnSuModo()
+    {
+        Teclista t;
+        t.ingresar();
+        t.elegir("Option1_1");
+        t.tecla(Qt::Key_Tab);
+        QCOMPARE(t.foco(), QByteArray("Command3"));
+        QByteArray enMarcha;
+        t.reteniendo(
+            "/jscript/", [&] { t.conCuadros([&] { t.tecla(Qt::Key_Space); }); },
+            [&] { enMarcha = t.foco(); });
+        QCOMPARE(t.mensajes, QStringList({u"Listo Historico"_s}));
+        QCOMPARE(enMarcha, QByteArray("Option1_1"));
+        QCOMPARE(t.foco(), QByteArray("Option1_1"));
     }
 
     void trabajo_devuelveElFocoAImprimir_data()
@@ -189,6 +237,136 @@ private Q_SLOTS:
             [&] { t.elemento<QRadioButton>("Option1_3")->setChecked(true); });
         QVERIFY(t.visible("Frame4"));
         QCOMPARE(t.foco(), QByteArray("Option1_2"));
+    }
+
+    void ctrlYNumero_eligeElModo()
+    {
+        Teclista t;
+        t.ingresar();
+        for (const int indice : {2, 1, 3, 0, 3}) {
+            t.tecla(static_cast<Qt::Key>(Qt::Key_1 + indice), Qt::ControlModifier);
+            QCOMPARE(t.modo(), modos()[indice]);
+            QCOMPARE(t.foco(), modos()[indice]);
+        }
+        t.tecla(Qt::Key_2, Qt::ControlModifier | Qt::KeypadModifier);
+        QCOMPARE(t.modo(), modos()[1]);
+        t.tecla(Qt::Key_5, Qt::ControlModifier);
+        t.tecla(Qt::Key_3);
+        QCOMPARE(t.modo(), modos()[1]);
+    }
+
+    void ctrlYNumeroDelModoElegido_noMueveElFoco()
+    {
+        Teclista t;
+        t.tecla(Qt::Key_1, Qt::ControlModifier);
+        QCOMPARE(t.foco(), QByteArray("txtUser"));
+        t.ingresar();
+        t.elegir("Option1_2");
+        t.tecla(Qt::Key_Tab);
+        t.tecla(Qt::Key_3, Qt::ControlModifier);
+        QCOMPARE(t.foco(), QByteArray("List1"));
+    }
+
+    void ctrlYNumeroDeModoOculto_noHaceNada()
+    {
+        Teclista t;
+        for (int indice = 0; indice < 4; ++indice) {
+            t.tecla(static_cast<Qt::Key>(Qt::Key_1 + indice), Qt::ControlModifier);
+            QCOMPARE(t.modo(), QByteArray("Option1_0"));
+            QCOMPARE(t.foco(), QByteArray("txtUser"));
+        }
+        QCOMPARE(t.elemento<QLineEdit>("txtUser")->text(), QString());
+    }
+
+    void ctrlYNumero_valeMientrasDescarga()
+    {
+        Teclista t;
+        t.ingresar();
+        t.elegir("Option1_1");
+        QByteArray enMarcha;
+        t.reteniendo(
+            "/jscript/", [&] { t.conCuadros([&] { t.clic("Command3"); }); },
+            [&] {
+                t.tecla(Qt::Key_4, Qt::ControlModifier);
+                enMarcha = t.modo();
+            });
+        QCOMPARE(enMarcha, QByteArray("Option1_3"));
+        QCOMPARE(t.modo(), QByteArray("Option1_3"));
+    }
+
+    // The window may come before the box, and then has the keys; they change nothing.
+    void ctrlYNumero_noValeAnteUnMensaje()
+    {
+        Teclista t;
+        t.ingresar();
+        t.elegir("Option1_2");
+        t.elegirEnLista("ComboTipo", u"Paz Y Salvos"_s);
+        bool activa = false;
+        QByteArray modo;
+        QTimer::singleShot(0, &t.form, [&] {
+            t.tecla(Qt::Key_4, Qt::ControlModifier);
+            t.activar();
+            activa = t.form.isActiveWindow();
+            t.tecla(Qt::Key_4, Qt::ControlModifier);
+            modo = t.modo();
+            t.cuadrosAbiertos().first()->accept();
+        });
+        t.clic("Command2");
+        QVERIFY(activa);
+        QCOMPARE(modo, QByteArray("Option1_2"));
+        t.activar();
+        t.tecla(Qt::Key_4, Qt::ControlModifier);
+        QCOMPARE(t.modo(), QByteArray("Option1_3"));
+    }
+
+    void flechas_recorrenLosModosEnRueda_data()
+    {
+        QTest::addColumn<int>("tecla");
+        QTest::addColumn<QByteArrayList>("recorrido");
+        const QByteArrayList ida = {"Option1_1", "Option1_2", "Option1_3", "Option1_0",
+                                    "Option1_1"};
+        const QByteArrayList vuelta = {"Option1_3", "Option1_2", "Option1_1", "Option1_0",
+                                       "Option1_3"};
+        QTest::newRow("right") << int(Qt::Key_Right) << ida;
+        QTest::newRow("down") << int(Qt::Key_Down) << ida;
+        QTest::newRow("left") << int(Qt::Key_Left) << vuelta;
+        QTest::newRow("up") << int(Qt::Key_Up) << vuelta;
+    }
+    void flechas_recorrenLosModosEnRueda()
+    {
+        QFETCH(int, tecla);
+        QFETCH(QByteArrayList, recorrido);
+        Teclista t;
+        t.ingresar();
+        t.elemento("Option1_0")->setFocus();
+        for (const QByteArray &modo : recorrido) {
+            t.tecla(static_cast<Qt::Key>(tecla));
+            QCOMPARE(t.modo(), modo);
+            QCOMPARE(t.foco(), modo);
+        }
+    }
+
+    void flechasAntesDelIngreso_quedanEnLogin()
+    {
+        Teclista t;
+        t.elemento("Option1_0")->setFocus();
+        for (const Qt::Key tecla : {Qt::Key_Right, Qt::Key_Down, Qt::Key_Left, Qt::Key_Up}) {
+            t.tecla(tecla);
+            QCOMPARE(t.modo(), QByteArray("Option1_0"));
+            QCOMPARE(t.foco(), QByteArray("Option1_0"));
+        }
+    }
+
+    void modoOculto_seSalta()
+    {
+        Teclista t;
+        t.ingresar();
+        t.elemento("Option1_1")->setVisible(false);
+        t.elemento("Option1_0")->setFocus();
+        t.tecla(Qt::Key_Right);
+        QCOMPARE(t.modo(), QByteArray("Option1_2"));
+        t.tecla(Qt::Key_Left);
+        QCOMPARE(t.modo(), QByteArray("Option1_0"));
     }
 };
 
