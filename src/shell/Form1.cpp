@@ -61,7 +61,7 @@ void Form1::unirElementos()
             if (elegido)
                 Option1_Click(indice);
         });
-    new Teclado(this, modos);
+    new Teclado(this, modos, {ui->List1, ui->lstHistoricos});
 
     connect(&Salones, &tcSalones::nuevaDescarga, this, &Form1::Salones_nuevaDescarga);
     connect(&Salones, &tcSalones::nuevaLinea, this,

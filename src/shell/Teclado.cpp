@@ -2,6 +2,7 @@
 #include "Teclado.h"
 
 #include <QKeyEvent>
+#include <QListWidget>
 #include <QRadioButton>
 #include <QShortcut>
 
@@ -31,10 +32,29 @@ int paso(int tecla)
     }
 }
 
+// Whether a key that goes through a list, or that takes what is there, stays on the current row.
+bool eligeLaActual(const QListWidget &lista, const QKeyEvent &tecla)
+{
+    switch (tecla.key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        return !tecla.isAutoRepeat(); // held down since it pressed something else
+    case Qt::Key_Home:
+    case Qt::Key_PageUp:
+        return lista.currentRow() == 0;
+    case Qt::Key_End:
+    case Qt::Key_PageDown:
+        return lista.currentRow() == lista.count() - 1;
+    default:
+        return paso(tecla.key()) != 0;
+    }
+}
+
 } // namespace
 
-Teclado::Teclado(QWidget *ventana, const QList<QRadioButton *> &modos)
-    : QObject(ventana), m_modos(modos)
+Teclado::Teclado(QWidget *ventana, const QList<QRadioButton *> &modos,
+                 const QList<QListWidget *> &listas)
+    : QObject(ventana), m_modos(modos), m_listas(listas)
 {
     int numero = Qt::Key_1;
     for (QRadioButton *modo : modos) {
@@ -44,6 +64,8 @@ Teclado::Teclado(QWidget *ventana, const QList<QRadioButton *> &modos)
         atajo->setAutoRepeat(false);
         connect(atajo, &QShortcut::activated, modo, [modo] { elegirModo(modo); });
     }
+    for (QListWidget *lista : listas)
+        lista->installEventFilter(this);
 }
 
 bool Teclado::eventFilter(QObject *objeto, QEvent *suceso)
@@ -53,7 +75,7 @@ bool Teclado::eventFilter(QObject *objeto, QEvent *suceso)
     const auto *tecla = static_cast<QKeyEvent *>(suceso);
     if ((tecla->modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier)
         return false;
-    return enModo(objeto, *tecla);
+    return enModo(objeto, *tecla) || enLista(objeto, *tecla);
 }
 
 // The buttons' own arrows go by where each stands and stop at the last one.
@@ -71,5 +93,17 @@ bool Teclado::enModo(QObject *objeto, const QKeyEvent &tecla) const
         elegirModo(modo);
         break;
     }
+    return true;
+}
+
+bool Teclado::enLista(QObject *objeto, const QKeyEvent &tecla) const
+{
+    auto *lista = qobject_cast<QListWidget *>(objeto);
+    if (!lista || !m_listas.contains(lista))
+        return false;
+    const QListWidgetItem *actual = lista->currentItem();
+    if (!actual || actual->isSelected() || !eligeLaActual(*lista, tecla))
+        return false;
+    lista->setCurrentRow(lista->currentRow(), QItemSelectionModel::ClearAndSelect);
     return true;
 }

@@ -14,6 +14,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr TamanoEscuela tresSalones{2010, 3, 2, 1};
+
+QByteArray nombreDe(Qt::Key tecla)
+{
+    return QKeySequence(tecla).toString(QKeySequence::PortableText).toLatin1();
+}
+
 QByteArrayList modos()
 {
     return {"Option1_0", "Option1_1", "Option1_2", "Option1_3"};
@@ -60,6 +67,32 @@ public:
         return elegido;
     }
 
+    // The rows of a list that are chosen.
+    QList<int> elegidas(const QByteArray &lista) const
+    {
+        QList<int> filas;
+        const auto *elementos = elemento<QListWidget>(lista);
+        for (int fila = 0; fila < elementos->count(); ++fila) {
+            if (elementos->item(fila)->isSelected())
+                filas.append(fila);
+        }
+        return filas;
+    }
+
+    // Three classrooms and three archives, the focus in one of the lists, come to by Tab.
+    void llegarA(const QByteArray &lista)
+    {
+        for (const char *carpeta : {"123-2008", "123-2009", "123-2010"})
+            QVERIFY(QDir().mkpath(e.nativa(QString::fromLatin1(carpeta))));
+        form.cargaListaHistoricos();
+        ingresar();
+        elegir(lista == "List1" ? "Option1_2" : "Option1_3");
+        tecla(Qt::Key_Tab);
+        QCOMPARE(foco(), lista);
+        QCOMPARE(elemento<QListWidget>(lista)->currentRow(), 0);
+        QCOMPARE(elegidas(lista), QList<int>());
+    }
+
     void prepararTrabajo()
     {
         ingresar();
@@ -88,6 +121,102 @@ public:
 class tst_teclado : public QObject {
     Q_OBJECT
 private Q_SLOTS:
+    void teclaEnLaFilaActual_laElige_data()
+    {
+        QTest::addColumn<QByteArray>("lista");
+        QTest::addColumn<int>("tecla");
+        const QList<Qt::Key> teclas = {Qt::Key_Up,    Qt::Key_Down,   Qt::Key_Left,
+                                       Qt::Key_Right, Qt::Key_Return, Qt::Key_Enter,
+                                       Qt::Key_Home,  Qt::Key_PageUp, Qt::Key_Space};
+        for (const char *lista : {"List1", "lstHistoricos"}) {
+            for (const Qt::Key tecla : teclas)
+                QTest::addRow("%s %s", lista, nombreDe(tecla).constData())
+                    << QByteArray(lista) << int(tecla);
+        }
+    }
+    void teclaEnLaFilaActual_laElige()
+    {
+        QFETCH(QByteArray, lista);
+        QFETCH(int, tecla);
+        Teclista t(tresSalones);
+        t.llegarA(lista);
+        QVERIFY(!t.elemento("Command4")->isEnabled());
+        t.tecla(static_cast<Qt::Key>(tecla));
+        QCOMPARE(t.elegidas(lista), QList<int>({0}));
+        QCOMPARE(t.elemento<QListWidget>(lista)->currentRow(), 0);
+        QCOMPARE(t.elemento("Command4")->isEnabled(), lista == "lstHistoricos");
+        QCOMPARE(t.foco(), lista);
+    }
+
+    void filaYaElegida_dejaIrLaFlechaASuVecina_data() { lasDosListas(); }
+    void filaYaElegida_dejaIrLaFlechaASuVecina()
+    {
+        QFETCH(QByteArray, lista);
+        Teclista t(tresSalones);
+        t.llegarA(lista);
+        t.tecla(Qt::Key_Down);
+        QCOMPARE(t.elegidas(lista), QList<int>({0}));
+        t.tecla(Qt::Key_Down);
+        QCOMPARE(t.elegidas(lista), QList<int>({1}));
+        t.tecla(Qt::Key_Return); // chosen already: there is nothing to do
+        QCOMPARE(t.elegidas(lista), QList<int>({1}));
+        t.tecla(Qt::Key_End);
+        QCOMPARE(t.elegidas(lista), QList<int>({2}));
+        t.tecla(Qt::Key_Up);
+        QCOMPARE(t.elegidas(lista), QList<int>({1}));
+    }
+
+    // Ctrl with an arrow moves the current row and leaves the choice to the next key.
+    void ultimaFilaActual_seEligeDondeEsta_data()
+    {
+        QTest::addColumn<QByteArray>("lista");
+        QTest::addColumn<int>("tecla");
+        for (const char *lista : {"List1", "lstHistoricos"}) {
+            for (const Qt::Key tecla : {Qt::Key_Down, Qt::Key_Up, Qt::Key_End, Qt::Key_PageDown})
+                QTest::addRow("%s %s", lista, nombreDe(tecla).constData())
+                    << QByteArray(lista) << int(tecla);
+        }
+    }
+    void ultimaFilaActual_seEligeDondeEsta()
+    {
+        QFETCH(QByteArray, lista);
+        QFETCH(int, tecla);
+        Teclista t(tresSalones);
+        t.llegarA(lista);
+        auto *filas = t.elemento<QListWidget>(lista);
+        filas->setCurrentRow(2, QItemSelectionModel::NoUpdate);
+        t.tecla(static_cast<Qt::Key>(tecla));
+        QCOMPARE(filas->currentRow(), 2);
+        QCOMPARE(t.elegidas(lista), QList<int>({2}));
+    }
+
+    void listaVacia_noEligeNada_data() { lasDosListas(); }
+    void listaVacia_noEligeNada()
+    {
+        QFETCH(QByteArray, lista);
+        Teclista t;
+        t.ingresar();
+        t.elegir(lista == "List1" ? "Option1_2" : "Option1_3");
+        t.elemento<QListWidget>(lista)->clear();
+        t.elemento(lista)->setFocus();
+        for (const Qt::Key tecla : {Qt::Key_Down, Qt::Key_Up, Qt::Key_End, Qt::Key_Return})
+            t.tecla(tecla);
+        QVERIFY(!t.elemento("Command4")->isEnabled());
+        QCOMPARE(t.foco(), lista);
+    }
+
+    void listaLlenadaDeNuevo_empiezaOtraVezPorLaPrimera()
+    {
+        Teclista t(tresSalones);
+        t.llegarA("lstHistoricos");
+        t.tecla(Qt::Key_Down);
+        t.tecla(Qt::Key_Down);
+        t.form.cargaListaHistoricos();
+        QCOMPARE(t.elegidas("lstHistoricos"), QList<int>());
+        t.tecla(Qt::Key_Down);
+        QCOMPARE(t.elegidas("lstHistoricos"), QList<int>({0}));
+    }
+
     void ingresoRechazado_dejaLaClaveElegidaParaEscribirla_data()
     {
         QTest::addColumn<QString>("usuario");
@@ -367,6 +496,14 @@ private Q_SLOTS:
         QCOMPARE(t.modo(), QByteArray("Option1_2"));
         t.tecla(Qt::Key_Left);
         QCOMPARE(t.modo(), QByteArray("Option1_0"));
+    }
+
+private:
+    static void lasDosListas()
+    {
+        QTest::addColumn<QByteArray>("lista");
+        QTest::newRow("classrooms") << QByteArray("List1");
+        QTest::newRow("archives") << QByteArray("lstHistoricos");
     }
 };
 
