@@ -124,6 +124,16 @@ class Ventana:
         self.esperar(lambda: not self._ventana(titulo), "the message box stays", plazo)
         return texto
 
+    def cerrar_mensaje(self, tecla="Return", titulo="Parvanel", plazo=PLAZO):
+        """As aceptar_mensaje, by a key: of the window that has the focus, as every key is."""
+        texto = self.mensaje(titulo, plazo)
+        self.esperar(lambda: self._pantalla.enfocada() == self._ventana(titulo),
+                     "the message box has no focus")
+        self.tecla(tecla)
+        self.esperar(lambda: not self._ventana(titulo), "the message box stays", plazo)
+        self.esperar(lambda: self._pantalla.enfocada() == self.x, "the window has no focus")
+        return texto
+
     def al_frente(self):
         """Brings the window before the others, as a click on the task bar would."""
         self._pantalla.orden("xdotool", "windowactivate", self.x)
