@@ -18,6 +18,9 @@ namespace {
 
 using Queda = NombresDeCarpeta::Queda;
 
+// How often a file that others go on writing is put in their place.
+constexpr int vecesQueSeReemplaza = 100;
+
 bool esOtraEscritura(const QFileInfo &entrada)
 {
     return entrada.isSymLink()
@@ -117,6 +120,12 @@ public:
                 sitio.archivo->carpeta ? sitio.archivo->carpeta : sitio.carpeta;
             return abrirExistente(carpeta.numero(), sitio.archivo->entrada.nombre);
         }
+        return crear(sitio);
+    }
+
+    // A file of its own, or none: never one that somebody else has just made.
+    Descriptor crear(const Sitio &sitio)
+    {
         Descriptor nuevo;
         [[maybe_unused]] const bool hecho =
             raiz.nombres.cambiar(sitio.numero(), sitio.pedido, Queda::Anotado, [&] {
@@ -212,6 +221,22 @@ bool DriveC::agregar(const QString &ruta, const QByteArray &bytes)
         return false;
     Descriptor archivo = d->abrirParaAgregar(*sitio);
     return archivo && escribirTodo(archivo, bytes);
+}
+
+bool DriveC::escribir(const QString &ruta, const QByteArray &bytes)
+{
+    for (int vez = 0; vez < vecesQueSeReemplaza; ++vez) {
+        const auto sitio = d->sitio(ruta);
+        if (!sitio)
+            return false;
+        if (!sitio->entrada) {
+            if (Descriptor nuevo = d->crear(*sitio))
+                return escribirTodo(nuevo, bytes);
+        }
+        // One that is gone again meanwhile, or that stays, shows when it is looked for again.
+        [[maybe_unused]] const bool borrado = borrar(ruta);
+    }
+    return agregar(ruta, bytes);
 }
 
 std::unique_ptr<ArchivoEntrante> DriveC::recibir(const QString &ruta)

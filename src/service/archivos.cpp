@@ -38,7 +38,8 @@ void escribirBytes(Entorno &entorno, QByteArray bytes, const QString &archivo, b
     ceder();
     bytes += "\r\n";
     // A file that cannot be written is passed over: the rest of the archive still counts.
-    [[maybe_unused]] const bool escrito = entorno.disco.agregar(archivo, bytes);
+    [[maybe_unused]] const bool escrito =
+        borrar ? entorno.disco.escribir(archivo, bytes) : entorno.disco.agregar(archivo, bytes);
 }
 
 bool descargarArchivo(Entorno &entorno, const QString &url, const QString &archivo)

@@ -154,7 +154,7 @@ private:
     {
         const QString ruta = u"C:\\Quorvela\\123-2010\\archivos\\matriculas\\"_s + nombre;
         [[maybe_unused]] const bool borrado = m_disco->borrar(ruta);
-        return m_disco->agregar(ruta, "bytes");
+        return m_disco->escribir(ruta, "bytes");
     }
 };
 

@@ -5,6 +5,8 @@
 #include "escenario/Turnos.h"
 #include "service/archivos.h"
 
+#include "platform/DriveC.h"
+
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -48,6 +50,30 @@ private Q_SLOTS:
             escribirTexto(e.entorno, u"x"_s, archivo, borrar);
         }
         QCOMPARE(vistos, QByteArrayList({alCeder}));
+        QCOMPARE(e.leer(u"f.txt"_s), alFin);
+    }
+
+    // Another window, another job of this one: whoever comes in between writes the same page.
+    void escribirTexto_loQueOtroEscribioAlCeder_data()
+    {
+        QTest::addColumn<bool>("borrar");
+        QTest::addColumn<QByteArray>("alFin");
+        QTest::newRow("borrar") << true << QByteArray("x\r\n");
+        QTest::newRow("agregar") << false << viejo + QByteArray("\r\notro\r\nx\r\n");
+    }
+    void escribirTexto_loQueOtroEscribioAlCeder()
+    {
+        QFETCH(bool, borrar);
+        QFETCH(QByteArray, alFin);
+        Escenario e;
+        const QString archivo = preparar(e);
+        bool escrito = false;
+        {
+            DriveC otro(e.personal.path());
+            const Turnos turnos([&] { escrito = otro.agregar(archivo, "otro\r\n"); });
+            escribirTexto(e.entorno, u"x"_s, archivo, borrar);
+        }
+        QVERIFY(escrito);
         QCOMPARE(e.leer(u"f.txt"_s), alFin);
     }
 

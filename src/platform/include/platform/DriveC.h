@@ -64,6 +64,12 @@ public:
     // hard link): it would change under that name too, which may stand outside of the archive.
     bool agregar(const QString &ruta, const QByteArray &bytes);
 
+    // Writes a file that was deleted before. What stands there all the same is somebody else's,
+    // another window's page as a rule: it is deleted as well, and the file holds these bytes alone.
+    // Any number of programs may write one file at once; it ends as the whole file of one of them.
+    // If it cannot be deleted, as agregar().
+    bool escribir(const QString &ruta, const QByteArray &bytes);
+
     // Begins to receive a file; null when it cannot be written at that path. What killed
     // processes left of theirs in the same folder is removed first.
     std::unique_ptr<ArchivoEntrante> recibir(const QString &ruta);
