@@ -1,28 +1,21 @@
 // SPDX-License-Identifier: MIT
+#include "platform/BusPrivado.h"
 #include "platform/paleta.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusVariant>
-#include <QFile>
 #include <QGuiApplication>
 #include <QPalette>
 #include <QProcess>
 #include <QSocketNotifier>
-#include <QStandardPaths>
-#include <QTemporaryFile>
 #include <QTest>
 
-#include <array>
 #include <cstdio>
 #include <cstring>
 #include <memory>
 
-#include <fcntl.h>
-#include <signal.h>
-#include <spawn.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
@@ -34,62 +27,6 @@ const auto esquema = u"color-scheme"_s;
 const auto servicio = u"org.freedesktop.portal.Desktop"_s;
 const auto objeto = u"/org/freedesktop/portal/desktop"_s;
 constexpr uint noSabe = 99; // the portal has no such setting
-
-// A session bus of the test's own: nobody else's desktop has a say, and none hears of it.
-class BusPrivado {
-public:
-    BusPrivado()
-    {
-        const QByteArray programa =
-            QFile::encodeName(QStandardPaths::findExecutable(u"dbus-daemon"_s));
-        int tuberia[2] = {-1, -1};
-        // No folders of services: a portal that is installed would else be started.
-        if (programa.isEmpty() || !m_reglas.open()
-            || m_reglas.write("<busconfig><type>session</type><listen>unix:tmpdir=/tmp</listen>"
-                              "<auth>EXTERNAL</auth><policy context=\"default\">"
-                              "<allow send_destination=\"*\" eavesdrop=\"true\"/>"
-                              "<allow eavesdrop=\"true\"/><allow own=\"*\"/>"
-                              "</policy></busconfig>")
-                   < 0
-            || !m_reglas.flush() || ::pipe2(tuberia, O_CLOEXEC) != 0)
-            return;
-        posix_spawn_file_actions_t acciones;
-        posix_spawn_file_actions_init(&acciones);
-        posix_spawn_file_actions_adddup2(&acciones, tuberia[1], STDOUT_FILENO);
-        QByteArray nombre = "dbus-daemon";
-        QByteArray reglas = "--config-file=" + QFile::encodeName(m_reglas.fileName());
-        QByteArray sinSegundoPlano = "--nofork";
-        QByteArray direccion = "--print-address=1";
-        std::array<char *, 5> argumentos = {nombre.data(), reglas.data(), sinSegundoPlano.data(),
-                                            direccion.data(), nullptr};
-        if (::posix_spawn(&m_pid, programa.constData(), &acciones, nullptr, argumentos.data(),
-                          environ)
-            != 0)
-            m_pid = -1;
-        posix_spawn_file_actions_destroy(&acciones);
-        ::close(tuberia[1]);
-        std::array<char, 1024> linea;
-        const ssize_t leidos = ::read(tuberia[0], linea.data(), linea.size());
-        ::close(tuberia[0]);
-        qputenv("DBUS_SESSION_BUS_ADDRESS", leidos > 0 ? QByteArray(linea.data(), leidos).trimmed()
-                                                       : QByteArray("unix:path=/no"));
-    }
-    ~BusPrivado()
-    {
-        if (m_pid <= 0)
-            return;
-        ::kill(m_pid, SIGTERM);
-        ::waitpid(m_pid, nullptr, 0);
-    }
-    BusPrivado(const BusPrivado &) = delete;
-    BusPrivado &operator=(const BusPrivado &) = delete;
-
-    bool corre() const { return m_pid > 0; }
-
-private:
-    QTemporaryFile m_reglas;
-    pid_t m_pid = -1;
-};
 
 bool hayBus = false;
 
