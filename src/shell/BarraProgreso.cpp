@@ -28,11 +28,17 @@ void BarraProgreso::ponerMaximo(int maximo)
 {
     if (maximo < 0)
         return;
+    ++m_comienzos;
     const int antes = value();
     setMaximum(maximo);
     // A value beyond the new maximum has been thrown away by now.
     if (antes > maximo)
         setValue(maximo);
+}
+
+double BarraProgreso::parte() const
+{
+    return maximum() > 0 ? static_cast<double>(value()) / maximum() : 0;
 }
 
 // Two flat areas and the percentage: what the styles draw, with its gradients, takes longer than

@@ -30,9 +30,11 @@ constexpr QSize marco(16, 40);
 
 } // namespace
 
-Form1::Form1(Entorno &entorno, Verbos &verbos, std::function<void()> terminar)
+Form1::Form1(Entorno &entorno, Verbos &verbos, std::function<void()> terminar,
+             EmpezarFaena empezarFaena)
     : Salones(entorno), Alumnos(entorno), m_entorno(entorno), m_verbos(verbos),
-      m_terminar(std::move(terminar)), ui(std::make_unique<Ui::Form1>())
+      m_terminar(std::move(terminar)), m_empezarFaena(std::move(empezarFaena)),
+      ui(std::make_unique<Ui::Form1>())
 {
     ui->setupUi(this);
     unirElementos();
@@ -221,9 +223,21 @@ void Form1::Command3_Click()
     ui->Command2->setVisible(true);
     ui->Command4->setVisible(true);
     ceder();
-    descargarHistorico(m_entorno, Salones, Alumnos, Materias);
+    {
+        const Faena faena = m_empezarFaena(
+            u"Se está descargando un histórico"_s,
+            [this, comienzos = ui->barra1->comienzos()] { return avanceDescarga(comienzos); });
+        descargarHistorico(m_entorno, Salones, Alumnos, Materias);
+    } // before the box, which may stand there all night
     cargaListaHistoricos();
     cuadroMensaje(this, u"Listo Historico"_s);
+}
+
+// By lists and not by barra2, which is full before the photos and the labels, the longest of all.
+double Form1::avanceDescarga(int comienzosDeAntes) const
+{
+    const int empezadas = ui->barra1->comienzos() - comienzosDeAntes;
+    return empezadas > 0 ? (empezadas - 1 + ui->barra1->parte()) / listasDeUnaCorrida : 0;
 }
 
 void Form1::cargaListaHistoricos()

@@ -33,8 +33,8 @@ constexpr FilaTipo otroTipo = {u"", u"Seleccione que Imprimir", false};
 
 class PanelDeForm1 : public PanelImpresion {
 public:
-    PanelDeForm1(QWidget *ventana, Ui::Form1 &ui)
-        : m_ventana(ventana), m_ui(ui),
+    PanelDeForm1(QWidget *ventana, Ui::Form1 &ui, const EmpezarFaena &empezarFaena)
+        : m_ventana(ventana), m_ui(ui), m_empezarFaena(empezarFaena),
           m_botones({ui.Option2_0, ui.Option2_1, ui.Command2}, ui.Option1_2)
     {
     }
@@ -50,10 +50,13 @@ public:
         m_ui.Barra3->ponerValor(0);
         m_ui.Barra3->setVisible(true);
         m_botones.esconder();
+        m_faena = m_empezarFaena(u"Se está imprimiendo un lote de documentos"_s,
+                                 [this] { return m_ui.Barra3->parte(); });
     }
     void avanzar() override { m_ui.Barra3->avanzar(); }
     void terminar() override
     {
+        m_faena.reset();
         m_ui.Barra3->setVisible(false);
         m_botones.devolver();
     }
@@ -61,6 +64,8 @@ public:
 private:
     QWidget *m_ventana;
     Ui::Form1 &m_ui;
+    const EmpezarFaena &m_empezarFaena;
+    Faena m_faena; // while the bar is shown: a box of the checks before that is no work
     FocoPrestado m_botones;
 };
 
@@ -79,6 +84,6 @@ void Form1::ComboTipo_Click()
 
 void Form1::Command2_Click()
 {
-    PanelDeForm1 panel(this, *ui);
+    PanelDeForm1 panel(this, *ui, m_empezarFaena);
     correrTrabajo(ui->ComboTipo->currentText(), m_entorno, panel, m_verbos);
 }

@@ -6,6 +6,7 @@
 #include "platform/Verbos.h"
 #include "platform/direccionHttp.h"
 #include "platform/paleta.h"
+#include "shell/Faenas.h"
 #include "shell/Form1.h"
 
 using namespace Qt::StringLiterals;
@@ -28,7 +29,10 @@ public:
                   .pausa = cadencia.alDiaEn(pedido.pausa),
                   .sesion = sesion,
                   .progreso = progreso},
-          ventana(entorno, verbos, pedido.terminar)
+          ventana(entorno, verbos, pedido.terminar,
+                  [this](const QString &motivo, const Avance &avance) {
+                      return faenas.empezar(motivo, avance);
+                  })
     {
         cadencia.seguir(&ventana);
     }
@@ -42,6 +46,7 @@ public:
     Progreso progreso;
     Cadencia cadencia;
     Entorno entorno;
+    Faenas faenas;
     Form1 ventana;
 };
 

@@ -18,11 +18,16 @@
 
 #include <algorithm>
 #include <functional>
+#include <memory>
 
 class VentanaDePrueba {
 public:
     explicit VentanaDePrueba(const TamanoEscuela &tamano = Escenario::pequena())
-        : e(tamano), form(e.entorno, verbos, [this] { ++cierres; })
+        : e(tamano), form(
+                         e.entorno, verbos, [this] { ++cierres; },
+                         [this](const QString &motivo, const Avance &avance) {
+                             return anotar(motivo, avance);
+                         })
     {
         if (!qobject_cast<Estilo *>(QApplication::style()))
             QApplication::setStyle(new Estilo); // the application's own from now on
@@ -154,7 +159,26 @@ public:
         return textos;
     }
 
+    // The motives of the jobs that have been begun and not ended.
+    QStringList faenasEnCurso() const
+    {
+        QStringList motivos;
+        for (const auto &una : faenas)
+            if (!una->terminada)
+                motivos.append(una->motivo);
+        return motivos;
+    }
+
+    struct FaenaAnotada {
+        QString motivo;
+        Avance avance;
+        QStringList dentroDe;
+        bool terminada = false;
+        double alTerminar = 0;
+    };
+
     Verbos verbos;
+    QList<std::shared_ptr<FaenaAnotada>> faenas; // in the order of their beginnings
     int cierres = 0;
     std::function<void()> alVerCuadro; // each time before a box is closed
     QStringList mensajes;
@@ -162,4 +186,15 @@ public:
     QList<int> botones;
     Escenario e;
     Form1 form;
+
+private:
+    Faena anotar(const QString &motivo, const Avance &avance)
+    {
+        faenas.append(
+            std::make_shared<FaenaAnotada>(FaenaAnotada{motivo, avance, faenasEnCurso()}));
+        return {faenas.last().get(), [](FaenaAnotada *una) {
+                    una->alTerminar = una->avance();
+                    una->terminada = true;
+                }};
+    }
 };

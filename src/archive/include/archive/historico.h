@@ -11,6 +11,9 @@ class tcMaterias;
 class tcSalones;
 struct Entorno;
 
+// The lists that a run works through: each begins `Progreso::barra1` anew.
+inline constexpr int listasDeUnaCorrida = 11;
+
 // Builds the offline archive of the session's school and year, or writes over the one that is
 // there. `salones` holds the classrooms loaded at login; `alumnos` and `materias` are loaded
 // here (`materias` is made if it is not there yet). Every step runs whatever the one before it

@@ -9,6 +9,7 @@
 #include "records/tcAlumnos.h"
 #include "records/tcMaterias.h"
 #include "records/tcSalones.h"
+#include "shell/Faenas.h"
 
 #include <QWidget>
 
@@ -29,7 +30,9 @@ public:
     // `terminar` ends the process; it is called when the window is closed and does not return
     // in the program itself. `entorno` and `verbos` are borrowed and must outlive the window,
     // which writes itself into `entorno.progreso` and so must outlive what runs with it.
-    Form1(Entorno &entorno, Verbos &verbos, std::function<void()> terminar);
+    // `empezarFaena` is told of each run and print job; without it nobody is.
+    Form1(Entorno &entorno, Verbos &verbos, std::function<void()> terminar,
+          EmpezarFaena empezarFaena = sinAnunciar);
     ~Form1() override;
 
     // Fills the list of local archives.
@@ -61,6 +64,9 @@ private:
     // Tells why a login was refused, and has the password ready to be typed again.
     void rechazar(const QString &motivo);
 
+    static Faena sinAnunciar(const QString & /*motivo*/, const Avance & /*avance*/) { return {}; }
+    // Of the run that began when barra1 had been begun so often.
+    double avanceDescarga(int comienzosDeAntes) const;
     void unirElementos();
     void disponer();
     // Ties a button to its handler. A press that comes while that very handler runs (a held key,
@@ -70,5 +76,6 @@ private:
     Entorno &m_entorno;
     Verbos &m_verbos;
     std::function<void()> m_terminar;
+    EmpezarFaena m_empezarFaena;
     std::unique_ptr<Ui::Form1> ui;
 };
