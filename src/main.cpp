@@ -3,6 +3,6 @@
 
 int main(int, char *argv[])
 {
-    Programa programa(argv[0]);
+    Programa programa(argv[0], QStringLiteral("example.parvanel.parvanel"));
     return programa.correr(QStringLiteral(PARVANEL_SERVICE_BASE));
 }

@@ -7,7 +7,7 @@
 
 int main(int, char *argv[])
 {
-    Programa programa(argv[0]);
+    Programa programa(argv[0], QStringLiteral("example.parvanel.demo"));
     qputenv("no_proxy", "127.0.0.1"); // a proxy of the desktop does not reach this service
     const ServicioDemo servicio;
     const CuentaDemo &cuenta = servicio.escuela().cuentas.first();

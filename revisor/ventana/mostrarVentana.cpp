@@ -26,9 +26,11 @@ int mostrarVentana()
     std::array<char *, 2> argumentos{nombre.data(), nullptr};
     const QApplication aplicacion(cuantos, argumentos.data());
     QApplication::setStyle(new Estilo); // the application's own from now on
-    QApplication::setApplicationName(u"parvanel-revisor"_s);
+    const auto identidad = u"example.parvanel.revisor"_s; // its desktop file is called so
+    QApplication::setDesktopFileName(identidad);
+    // The class of the windows is what the application is called when the first one is made.
+    QApplication::setApplicationName(identidad);
     QApplication::setApplicationDisplayName(u"Revisor de Históricos"_s);
-    QApplication::setDesktopFileName(u"parvanel-revisor"_s);
     QApplication::setWindowIcon(QIcon(u":/revisor/parvanel-revisor.svg"_s));
 
     // Before there is a second thread. What needs it asks again, and says so if it cannot be had.
@@ -45,5 +47,6 @@ int mostrarVentana()
     Verbos verbos;
     Ventana ventana(disco, verbos, [] { std::_Exit(EXIT_SUCCESS); });
     ventana.show();
+    QApplication::setApplicationName(u"parvanel-revisor"_s); // as it is called from here on
     return QApplication::exec();
 }

@@ -15,11 +15,13 @@
 
 using namespace Qt::StringLiterals;
 
-Programa::Programa(char *nombre)
+Programa::Programa(char *nombre, const QString &identidad)
     : m_argumentos{nombre, nullptr}, m_aplicacion(m_cuantos, m_argumentos.data())
 {
     QApplication::setStyle(new Estilo); // the application's own from now on
-    QApplication::setApplicationName(u"Parvanel"_s);
+    QApplication::setDesktopFileName(identidad);
+    // The class of the windows is what the application is called when the first one is made.
+    QApplication::setApplicationName(identidad);
     QApplication::setWindowIcon(Logotipo::icono());
 }
 
@@ -40,5 +42,6 @@ int Programa::correr(const QString &ServiceBase)
                          std::_Exit(EXIT_SUCCESS);
                      }});
     montaje.ventana().show();
+    QApplication::setApplicationName(u"Parvanel"_s); // as people read it from here on
     return QApplication::exec();
 }

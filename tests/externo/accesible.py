@@ -120,6 +120,10 @@ class Programa:
             self._destino = next((n for n in self._nombres() if self._dueno(n) == self._pid), None)
         return self._destino is not None
 
+    def nombre(self):
+        """What the program as a whole is called."""
+        return self.propiedad(RAIZ, ACCESIBLE, "Name")
+
     def elementos(self):
         """Every element of every window of the program, hidden ones too, level by level."""
         todos = []

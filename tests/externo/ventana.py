@@ -32,6 +32,10 @@ class Ventana:
         """Waits for any condition, as long as the program lives; what it gave."""
         return esperar(lambda: self._si_vive(condicion), plazo, falla)
 
+    def nombre_del_programa(self):
+        """What assistive technology calls it."""
+        return self._programa.nombre()
+
     # Finding
 
     def elementos(self):

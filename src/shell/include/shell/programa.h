@@ -12,8 +12,9 @@ public:
     // Starts the application, which must be there before anything that draws or waits. The
     // program takes no command line: of all arguments its library sees the first alone, the
     // program's own name, since it has options of its own that would change the window.
-    // `nombre` must outlive the object.
-    explicit Programa(char *nombre);
+    // `nombre` must outlive the object. `identidad` is what the desktop knows the program by, the
+    // name of its desktop file without the ending: its windows stand under that file's icon.
+    Programa(char *nombre, const QString &identidad);
 
     // Shows the window for the service at `ServiceBase` and turns the event loop. Does not return
     // once the window has been closed.
