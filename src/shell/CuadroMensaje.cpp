@@ -34,16 +34,27 @@ public:
             qobject_cast<QWidget *>(suceso->type() == QEvent::Shortcut ? objeto->parent() : objeto);
         if (elemento && elemento->window() == m_cuadro)
             return esRepeticion(suceso);
+        if (elemento == m_ventana && suceso->type() == QEvent::WindowActivate)
+            traerAlFrente();
         if (!elemento || elemento->window() != m_ventana || !esEntrada(suceso->type()))
             return false;
-        if (suceso->type() == QEvent::MouseButtonPress) {
-            m_cuadro->raise();
-            m_cuadro->activateWindow();
-        }
+        if (suceso->type() == QEvent::MouseButtonPress)
+            traerAlFrente();
         return true;
     }
 
 private:
+    // Of several boxes the one that came last: those below it wait for it.
+    void traerAlFrente()
+    {
+        const auto cuadros =
+            m_ventana->findChildren<QMessageBox *>(QString(), Qt::FindDirectChildrenOnly);
+        if (!m_cuadro->isVisible() || cuadros.last() != m_cuadro)
+            return;
+        m_cuadro->raise();
+        m_cuadro->activateWindow();
+    }
+
     static bool esRepeticion(QEvent *suceso)
     {
         return suceso->type() == QEvent::KeyPress
@@ -127,6 +138,20 @@ void ajustarAlto(QMessageBox &cuadro)
     rollo->setWidget(rotulo);
 }
 
+// In front of its window, with the focus; but never before another program that somebody is at: a
+// key that was meant for that one would put away what nobody has read. The window then asks for
+// attention, and brings the box along when it is gone to.
+void mostrar(QMessageBox &cuadro, QWidget *ventana)
+{
+    const bool delante = QGuiApplication::applicationState() == Qt::ApplicationActive;
+    cuadro.setAttribute(Qt::WA_ShowWithoutActivating, !delante);
+    cuadro.show(); // which closes an open drop-down list: it would go on taking keys
+    if (delante)
+        cuadro.activateWindow();
+    else
+        QApplication::alert(ventana);
+}
+
 } // namespace
 
 void cuadroMensaje(QWidget *ventana, const QString &texto)
@@ -147,7 +172,6 @@ void cuadroMensaje(QWidget *ventana, const QString &texto)
     const EntradaRetenida retenida(ventana, &cuadro);
     QEventLoop espera;
     QObject::connect(&cuadro, &QDialog::finished, &espera, &QEventLoop::quit);
-    cuadro.show(); // which closes an open drop-down list: it would go on taking keys
-    cuadro.activateWindow();
+    mostrar(cuadro, ventana);
     espera.exec();
 }

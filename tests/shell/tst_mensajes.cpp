@@ -133,6 +133,33 @@ private Q_SLOTS:
         QVERIFY(!como.testFlag(Qt::WindowMaximizeButtonHint));
     }
 
+    void volverALaVentana_traeElUltimoCuadro()
+    {
+        VentanaDePrueba v;
+        QStringList activos;
+        const auto volver = [&] {
+            v.form.activateWindow();
+            QCoreApplication::processEvents();
+            auto *activo = qobject_cast<QMessageBox *>(QApplication::activeWindow());
+            activos.append(activo ? activo->text() : u"ninguno"_s);
+        };
+        QTimer::singleShot(0, &v.form, [&] {
+            QMessageBox *primero = cuadroVisible();
+            volver();
+            QTimer::singleShot(0, &v.form, [&] {
+                volver();
+                for (QMessageBox *cuadro : v.cuadrosAbiertos())
+                    if (cuadro != primero)
+                        cuadro->accept();
+            });
+            cuadroMensaje(&v.form, u"segundo"_s);
+            volver();
+            primero->accept();
+        });
+        cuadroMensaje(&v.form, u"primero"_s);
+        QCOMPARE(activos, QStringList({u"primero"_s, u"segundo"_s, u"primero"_s}));
+    }
+
     void cuadro_noEsModalParaElSistemaDeVentanas()
     {
         VentanaDePrueba v;
