@@ -31,7 +31,7 @@ constexpr uint cierreYSuspension = 1 | 4;
 class Servicio : public QDBusVirtualObject {
 public:
     // How it answers what asks it to hold something.
-    enum class Modo { Otorga, Niega, NiegaDespues, Calla };
+    enum class Modo { Otorga, Niega, NiegaAntes, NiegaDespues, SeAgota, Calla };
 
     Servicio(const QString &nombre, const QString &interfaz)
         : m_interfaz(interfaz),
@@ -81,13 +81,21 @@ public:
         }
         const QString lugar = lugarDe(mensaje);
         sostenidos.append(lugar);
-        m_bus.send(mensaje.createReply(QVariant::fromValue(QDBusObjectPath(lugar))));
+        if (modo == Modo::SeAgota) { // as the bus says of one that takes too long
+            m_bus.send(
+                mensaje.createErrorReply(u"org.freedesktop.DBus.Error.NoReply"_s, u"late"_s));
+            return;
+        }
+        const bool niega = modo == Modo::NiegaDespues || modo == Modo::NiegaAntes;
+        const QDBusMessage respuesta =
+            mensaje.createReply(QVariant::fromValue(QDBusObjectPath(lugar)));
         QDBusMessage dicho = QDBusMessage::createTargetedSignal(
             mensaje.service(), lugar, u"org.freedesktop.portal.Request"_s, u"Response"_s);
-        const bool niega = modo == Modo::NiegaDespues;
         if (niega)
             sostenidos.removeOne(lugar);
-        m_bus.send(dicho << (niega ? 2U : 0U) << QVariantMap());
+        dicho << (niega ? 2U : 0U) << QVariantMap();
+        m_bus.send(modo == Modo::NiegaAntes ? dicho : respuesta);
+        m_bus.send(modo == Modo::NiegaAntes ? respuesta : dicho);
     }
 
     QVariant argumento(int cual) const { return pedidos.value(0).arguments().value(cual); }
@@ -222,6 +230,8 @@ void tst_Vigilia::portalQueNoPuede_loSostieneElGestor_data()
     QTest::addColumn<int>("modo");
     QTest::newRow("dice que no") << static_cast<int>(Servicio::Modo::Niega);
     QTest::newRow("lo toma y no puede") << static_cast<int>(Servicio::Modo::NiegaDespues);
+    QTest::newRow("lo toma y no lo dice a tiempo") << static_cast<int>(Servicio::Modo::SeAgota);
+    QTest::newRow("no puede, y luego lo toma") << static_cast<int>(Servicio::Modo::NiegaAntes);
 }
 
 void tst_Vigilia::portalQueNoPuede_loSostieneElGestor()
@@ -235,6 +245,7 @@ void tst_Vigilia::portalQueNoPuede_loSostieneElGestor()
         QTRY_COMPARE(m_gestor->sostenidos.size(), 1);
         entregar();
         QCOMPARE(m_gestor->pedidos.size(), 1);
+        QCOMPARE(m_portal->sostenidos.size(), 0);
     }
     QTRY_COMPARE(m_gestor->sostenidos.size(), 0);
     entregar();
