@@ -31,11 +31,12 @@ void Cola::empezado(Turno turno)
     con(turno).estado = Estado::Dibujando;
 }
 
-void Cola::dibujado(Turno turno, std::string pdf)
+void Cola::dibujado(Turno turno, std::string pdf, std::string titulo)
 {
     Documento &documento = con(turno);
     documento.estado = Estado::Dibujado;
     documento.pdf = std::move(pdf);
+    documento.titulo = std::move(titulo);
 }
 
 void Cola::fallido(Turno turno, std::string motivo)

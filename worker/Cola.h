@@ -27,6 +27,7 @@ public:
         bool repetido = false; // its one further drawing has been asked for
         int trabajo = 0;       // a print job begun for it, of which it is not known what became
         std::string pdf;       // only when Dibujado
+        std::string titulo;    // the page's own, as for pdf; empty when it has none
         std::string motivo;    // only when Fallido: why it will not be printed
     };
 
@@ -42,7 +43,7 @@ public:
 
     // The turn must be one in the queue.
     void empezado(Turno turno);
-    void dibujado(Turno turno, std::string pdf);
+    void dibujado(Turno turno, std::string pdf, std::string titulo = {});
     void fallido(Turno turno, std::string motivo);
     // Back to waiting, in its place, to be drawn once more. False when it has been already, and
     // then nothing changes.

@@ -74,25 +74,46 @@ bool Dibujante::encargar(const Papel &papel, const std::string &html, const std:
     if (write(m_zocalo, pedido.data(), pedido.size()) != static_cast<ssize_t>(pedido.size()))
         return false;
     m_tope = tope;
+    m_dicho.clear();
     return true;
 }
 
 std::optional<Dibujante::Fin> Dibujante::fin()
 {
-    char dicho = 0;
-    if (ocupado() && recv(m_zocalo, &dicho, sizeof dicho, MSG_DONTWAIT) == sizeof dicho
-        && dicho == salida::listo) {
+    const bool dibujada = ocupado() && leer();
+    if (dibujada) {
         m_tope.reset();
-        return Fin{"", false, true};
+        return Fin{.motivo = "", .sigue = true, .titulo = titulo()};
     }
     siginfo_t fin{};
     // WNOWAIT: while the process stays unreaped, no other can take its group's number.
     if (waitid(P_PID, static_cast<id_t>(m_pid), &fin, WEXITED | WNOHANG | WNOWAIT) != 0
         || fin.si_pid == 0)
         return {};
-    if (fin.si_code == CLD_EXITED)
-        return finDeCodigo(fin.si_status);
+    if (fin.si_code == CLD_EXITED) {
+        leer(); // what it has said of its page just before
+        Fin suyo = finDeCodigo(fin.si_status);
+        suyo.titulo = titulo();
+        return suyo;
+    }
     return Fin{"el dibujante murió por la señal " + std::to_string(fin.si_status), true};
+}
+
+// Takes what there is; true when the page is drawn and the process stays for another.
+bool Dibujante::leer()
+{
+    std::array<char, 512> trozo{};
+    ssize_t leidos = 0;
+    while ((leidos = recv(m_zocalo, trozo.data(), trozo.size(), MSG_DONTWAIT)) > 0)
+        m_dicho.append(trozo.data(), static_cast<std::size_t>(leidos));
+    return !m_dicho.empty() && m_dicho.back() == salida::listo
+           && (m_dicho.size() == 1 || m_dicho[m_dicho.size() - 2] == salida::finDeTitulo);
+}
+
+std::string Dibujante::titulo() const
+{
+    const auto fin = m_dicho.find(salida::finDeTitulo);
+    return fin == std::string::npos ? std::string() : m_dicho.substr(0, fin);
 }
 
 bool Dibujante::desbordado() const

@@ -34,9 +34,10 @@ public:
     Reloj::time_point tope() const { return m_tope.value_or(Reloj::time_point::max()); }
 
     struct Fin {
-        std::string motivo; // empty when it did what it was asked, else a reason for the log
-        bool murio = false; // the engine went, for all that is known not on the page's account
-        bool sigue = false; // the process is there for another page
+        std::string motivo;   // empty when it did what it was asked, else a reason for the log
+        bool murio = false;   // the engine went, for all that is known not on the page's account
+        bool sigue = false;   // the process is there for another page
+        std::string titulo{}; // the page's own; empty when it has none
     };
     // How its page, or the process, ended; nothing while it runs.
     std::optional<Fin> fin();
@@ -46,9 +47,13 @@ public:
     bool desbordado() const;
 
 private:
+    bool leer();
+    std::string titulo() const;
+
     Dibujante(pid_t pid, int zocalo) : m_pid(pid), m_zocalo(zocalo) {}
 
     pid_t m_pid;  // of the process and of its group
     int m_zocalo; // its other end is the renderer's standard input
     std::optional<Reloj::time_point> m_tope;
+    std::string m_dicho; // what the renderer has said of its page
 };

@@ -193,8 +193,9 @@ bool Imprenta::despacharPrimero()
 bool Imprenta::entregar(const Cola::Documento &primero)
 {
     const Impresora destino = *m_impresora;
-    const impresora::Entrega entrega{primero.pdf, fs::path(primero.ruta).filename().string(),
-                                     primero.trabajo};
+    const std::string titulo =
+        primero.titulo.empty() ? fs::path(primero.ruta).filename().string() : primero.titulo;
+    const impresora::Entrega entrega{primero.pdf, titulo, primero.trabajo};
     return encargar([=](const Encargo::Decir &decir) {
         const auto empezado = [&decir](int trabajo) {
             decir(impresora::empezadoATexto(trabajo));
@@ -322,7 +323,7 @@ void Imprenta::concluirDibujo(Cola::Turno turno, Dibujante::Fin fin)
     if (fin.motivo.empty() && (fs::file_size(pdf, sinArchivo) == 0 || sinArchivo))
         fin.motivo = "el PDF salió vacío";
     if (fin.motivo.empty()) {
-        m_cola.dibujado(turno, pdf.string());
+        m_cola.dibujado(turno, pdf.string(), std::move(fin.titulo));
         return;
     }
     borrar(pdf);

@@ -32,7 +32,7 @@ std::optional<Impresora> predeterminada(Falla &falla);
 
 struct Entrega {
     std::string pdf;
-    std::string titulo;
+    std::string titulo; // UTF-8, of one line, 255 bytes at the most
     // The job begun for this document by an earlier call that was cut off, else 0. If the server
     // has the document, that is its job, and it is not handed over twice.
     int previo = 0;

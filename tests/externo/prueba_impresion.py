@@ -147,7 +147,7 @@ class Impresion(Escena):
         self.cups.volver()
         impresos = self.cups.esperar_capturados(len(self.alumnos()), plazo=PLAZO)
         self.assertEqual([i.titulo for i in impresos],
-                         [f"{codigo}.html" for codigo, _ in self.alumnos()])
+                         [f"Paz y salvo - {nombre}" for _, nombre in self.alumnos()])
 
     def esperar_paz_y_salvos(self):
         """Waits until the job has stored one for each student and has ended."""

@@ -3,6 +3,7 @@
 
 #include "worker/render/codigo.h"
 #include "worker/render/salida.h"
+#include "worker/render/titulo.h"
 
 #include <QPageLayout>
 #include <QSizeF>
@@ -51,8 +52,9 @@ constexpr auto preguntaLista = R"js(
 )js";
 
 // The paper is the printer's, whatever size a page's own style names; a page that wants to lie on
-// its side still does. %1 and %2 are the paper's width and height in millimetres. True when there
-// is a document to print, and not only the empty page on which the engine came up.
+// its side still does. %1 and %2 are the paper's width and height in millimetres. Gives the
+// document's title when there is a document to print, and not only the empty page on which the
+// engine came up.
 constexpr auto imponerPapel = R"js(
 (function() {
     let apaisada = false;
@@ -67,7 +69,7 @@ constexpr auto imponerPapel = R"js(
     const papel = document.createElement('style');
     papel.textContent = '@page { size: ' + (apaisada ? '%2mm %1mm' : '%1mm %2mm') + ' !important; }';
     document.documentElement.appendChild(papel);
-    return location.protocol === 'file:';
+    return location.protocol === 'file:' ? [document.title] : [];
 })()
 )js";
 
@@ -173,9 +175,16 @@ void Dibujo::imprimir()
     const QSizeF papel = m_hoja.pageSize().size(QPageSize::Millimeter);
     const QString guion = QString::fromLatin1(imponerPapel).arg(papel.width()).arg(papel.height());
     m_pagina.runJavaScript(guion, QWebEngineScript::ApplicationWorld, [this](const QVariant &hay) {
-        if (hay.toBool())
-            m_pagina.printToPdf(m_pdf, m_hoja);
-        else
+        const QVariantList hallado = hay.toList();
+        if (hallado.isEmpty()) {
             terminado(salida::sinPagina);
+            return;
+        }
+        const QByteArray suyo = titulo::paraImpresora(hallado.first().toString());
+        if (!suyo.isEmpty()) {
+            Q_EMIT
+            titulado(suyo);
+        }
+        m_pagina.printToPdf(m_pdf, m_hoja);
     });
 }

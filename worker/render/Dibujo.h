@@ -4,6 +4,7 @@
 
 #include "worker/render/Pagina.h"
 
+#include <QByteArray>
 #include <QElapsedTimer>
 #include <QPageLayout>
 #include <QString>
@@ -30,7 +31,8 @@ public:
 
 Q_SIGNALS:
     void agotado(); // the time for fetching is over: what is still being fetched should fail now
-    void terminado(int codigo); // of salida.h
+    void titulado(const QByteArray &titulo); // of titulo.h; before terminado(), if it has one
+    void terminado(int codigo);              // of salida.h
 
 private:
     void cargada(bool bien);

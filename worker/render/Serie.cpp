@@ -23,6 +23,14 @@ bool avisar()
            == sizeof salida::listo;
 }
 
+// A document whose title does not arrive goes by its file's name.
+void titular(QByteArray titulo)
+{
+    titulo += salida::finDeTitulo;
+    [[maybe_unused]] const ssize_t dicho = send(
+        STDIN_FILENO, titulo.constData(), static_cast<std::size_t>(titulo.size()), MSG_NOSIGNAL);
+}
+
 } // namespace
 
 Serie::Serie(motor::Encargo encargo, Pasarela &pasarela, Lector lector, QObject *parent)
@@ -61,6 +69,7 @@ void Serie::prepararDibujo()
         m_agotada = true;
         m_pasarela.cortar();
     });
+    connect(m_dibujo.get(), &Dibujo::titulado, this, &titular);
     connect(m_dibujo.get(), &Dibujo::terminado, this, &Serie::concluir);
 }
 
