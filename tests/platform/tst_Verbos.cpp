@@ -9,10 +9,12 @@
 #include <QFile>
 #include <QTest>
 
+#include <cerrno>
 #include <csignal>
 #include <memory>
 
 #include <poll.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
@@ -28,6 +30,7 @@ private Q_SLOTS:
     void abrir_unArgumentoTalCual();
     void abrir_noEspera();
     void abrir_sinPrograma_calla();
+    void abrir_programaQueFalla_noDejaNada();
     void imprimir_unaLineaPorDocumento();
     void imprimir_unSoloObrero_sinArgumentosYEnSuSesion();
     void imprimir_documentoAusente_seSalta();
@@ -85,6 +88,21 @@ void tst_Verbos::abrir_sinPrograma_calla()
     Verbos verbos;
     verbos.abrir(u"/a.html"_s);
     QVERIFY(inicios().isEmpty());
+}
+
+// No browser is there, say: it ends with 3.
+void tst_Verbos::abrir_programaQueFalla_noDejaNada()
+{
+    ponerPrograma(u"xdg-open"_s, anota + "exit 3\n");
+    Verbos verbos;
+    for (int vez = 1; vez <= 3; ++vez) {
+        verbos.abrir(u"/a.html"_s);
+        QTRY_COMPARE(inicios().size(), vez);
+    }
+    for (const Inicio &inicio : inicios())
+        QTRY_VERIFY(haTerminado(inicio.pid));
+    QCOMPARE(::waitpid(-1, nullptr, WNOHANG), -1); // no child, dead or alive
+    QCOMPARE(errno, ECHILD);
 }
 
 void tst_Verbos::imprimir_unaLineaPorDocumento()
