@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "shell/programa.h"
+#include "Aplicacion.h"
 #include "estilo/Estilo.h"
 #include "estilo/Logotipo.h"
 #include "platform/HttpClient.h"
@@ -16,7 +17,8 @@
 using namespace Qt::StringLiterals;
 
 Programa::Programa(char *nombre, const QString &identidad)
-    : m_argumentos{nombre, nullptr}, m_aplicacion(m_cuantos, m_argumentos.data())
+    : m_argumentos{nombre, nullptr},
+      m_aplicacion(std::make_unique<Aplicacion>(m_cuantos, m_argumentos.data()))
 {
     QApplication::setStyle(new Estilo); // the application's own from now on
     QApplication::setDesktopFileName(identidad);

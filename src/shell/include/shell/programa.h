@@ -6,6 +6,7 @@
 #include <QString>
 
 #include <array>
+#include <memory>
 
 class Programa {
 public:
@@ -23,5 +24,5 @@ public:
 private:
     int m_cuantos = 1; // the library keeps references to both
     std::array<char *, 2> m_argumentos;
-    QApplication m_aplicacion;
+    std::unique_ptr<QApplication> m_aplicacion;
 };
