@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "shell/programa.h"
+#include "Accesible.h"
 #include "Aplicacion.h"
 #include "estilo/Estilo.h"
 #include "estilo/Logotipo.h"
@@ -35,6 +36,7 @@ int Programa::correr(const QString &ServiceBase)
                        QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         QApplication::installTranslator(&traductor);
 
+    accesible::instalar();
     // The end comes at once, from whatever handler or wait the close comes in: nothing is unwound
     // or saved.
     Montaje montaje({.ServiceBase = ServiceBase,

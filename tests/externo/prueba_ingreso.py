@@ -39,10 +39,10 @@ class Ingreso(Escena):
         for rol, nombre in (("text", "Usuario"), ("text", "Contraseña"),
                             ("push button", "Conectar")):
             self.assertFalse(self.ventana.buscar(rol, nombre).activo, nombre)
-        self.assertTrue(self.ventana.a_la_vista("frame", "Login"))
+        self.assertTrue(self.ventana.a_la_vista("panel", "Login"))
         for modo in MODOS:
             self.secretaria.ir_a(modo)
-            self.assertEqual([m for m in MODOS if self.ventana.a_la_vista("frame", m)], [modo])
+            self.assertEqual([m for m in MODOS if self.ventana.a_la_vista("panel", m)], [modo])
 
     def test_returnEnContrasena_conecta(self):
         self.secretaria.escribir_cuenta()

@@ -24,7 +24,7 @@ class Teclado(Escena):
 
     def ir_con(self, combinacion, modo):
         self.ventana.tecla(combinacion)
-        self.ventana.buscar("frame", modo)
+        self.ventana.buscar("panel", modo)
         self.esperar_foco("radio button", modo)
 
     def test_todoElTrabajo_seHaceSinRaton(self):
@@ -52,7 +52,7 @@ class Teclado(Escena):
     def descargar(self):
         self.esperar_foco("radio button", "Login")
         self.ventana.tecla("Right")
-        self.ventana.buscar("frame", "Descargar Historicos")
+        self.ventana.buscar("panel", "Descargar Historicos")
         self.ventana.tecla("Tab")
         self.esperar_foco("push button", "Descargar")
         self.ventana.tecla("Return")
@@ -74,9 +74,9 @@ class Teclado(Escena):
         self.ventana.tecla("Down")
         self.esperar_elegida(salones[0])
         self.ventana.tecla("Tab", "Down")
-        self.esperar_foco("combo box", "Boletines")
+        self.esperar_eleccion("Que Imprimir", "Boletines")
         self.ventana.tecla("Tab", "Down", "Down")
-        self.esperar_foco("combo box", "Periodo 2")
+        self.esperar_eleccion("Periodo", "Periodo 2")
         self.ventana.tecla("Tab", "Down")
         self.esperar_foco("radio button", "Solo Descargar")
         self.ventana.tecla("Tab")
@@ -86,6 +86,11 @@ class Teclado(Escena):
         self.esperar_elegida(salones[1])
         self.ventana.tecla("Tab", "Tab", "Tab", "Tab")
         self.imprimir_salon()
+
+    def esperar_eleccion(self, combo, texto):
+        self.esperar_foco("combo box", combo)
+        self.ventana.esperar(lambda: self.ventana.buscar("combo box", combo).texto == texto,
+                             f"«{texto}» is not chosen")
 
     def imprimir_salon(self):
         """Presses the button that has the focus, and has it again once the job is over."""

@@ -8,7 +8,6 @@ TITULO = "Parvanel Version 4.0"
 MODOS = ("Login", "Descargar Historicos", "Imprimir en Lote", "Ver mis Historicos")
 TIPOS = ("Boletines", "Informe Final", "Certificado Final", "Paz Y Salvos", "Observador",
          "Hoja Matricula", "Planilla Trabajo")
-PERIODOS = ("Periodo 1", "Periodo 2", "Periodo 3", "Periodo 4")
 # How the progress text of a running download begins while pages are fetched, one request after
 # another without pauses. The photos, which are mostly pauses and take seconds, come last, so that
 # a busy machine does not miss all of them.
@@ -42,7 +41,7 @@ class Secretaria:
     def ir_a(self, modo):
         """Chooses one of the four modes."""
         self.ventana.pulsar("radio button", modo)
-        self.ventana.buscar("frame", modo)
+        self.ventana.buscar("panel", modo)
 
     def empezar_descarga(self):
         self.ir_a("Descargar Historicos")
@@ -74,9 +73,9 @@ class Secretaria:
         """Makes the choices of the print panel; `salon` is a line of its list."""
         self.ir_a("Imprimir en Lote")
         self.ventana.pulsar("list item", salon)
-        self.ventana.elegir(("Que Imprimir", *TIPOS), TIPOS.index(tipo))
+        self.ventana.elegir("Que Imprimir", TIPOS.index(tipo))
         if periodo:
-            self.ventana.elegir(("Periodo", *PERIODOS), periodo - 1)
+            self.ventana.elegir("Periodo", periodo - 1)
 
     def imprimir(self):
         """Starts the job that has been prepared. It may be over before anybody sees its bar."""

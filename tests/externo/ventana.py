@@ -102,13 +102,8 @@ class Ventana:
         self.tecla("ctrl+a")
         self.teclear(texto)
 
-    def elegir(self, combos, posicion):
-        """Opens a combo box and chooses its item of that position, counted from 0. A combo box
-        goes by its own name until something is chosen and by the chosen text from then on, so
-        all names that it may have are given."""
-        combo = self.esperar(
-            lambda: next((n for n in combos if self.a_la_vista("combo box", n)), None),
-            f"no combo box {combos}")
+    def elegir(self, combo, posicion):
+        """Opens a combo box and chooses its item of that position, counted from 0."""
         self.pulsar("combo box", combo)
         self.tecla("Home", *["Down"] * posicion, "Return")
 
