@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Accesible.h"
+#include "Aviso.h"
+#include "AvisosAccesibles.h"
 #include "ClaveVelada.h"
 #include "ElementosAccesibles.h"
 
@@ -34,6 +36,8 @@ QAccessibleInterface *marco(QFrame *elemento)
 // answer: the library gives its own where there is none here.
 QAccessibleInterface *describir(const QString &clase, QObject *objeto)
 {
+    if (clase == "Aviso"_L1)
+        return new AvisoAccesible(static_cast<Aviso *>(objeto));
     auto *elemento = qobject_cast<QWidget *>(objeto);
     if (!elemento)
         return nullptr;
@@ -65,4 +69,5 @@ bool accesible::soloDibujado(const QWidget &elemento)
 void accesible::instalar()
 {
     QAccessible::installFactory(&describir);
+    AvisosAccesibles::instalar();
 }

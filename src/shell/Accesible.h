@@ -8,7 +8,8 @@ class QWidget;
 
 namespace accesible {
 
-// From now on the program's elements describe themselves so. No description is made before a reader
+// From now on the program's elements describe themselves so, and a screen reader is told what
+// happens in the window (see AvisosAccesibles.h). No element's description is made before a reader
 // asks for it: where there is none this costs nothing. To be called once, with the application
 // there, before the first window is shown.
 void instalar();
