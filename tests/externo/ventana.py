@@ -54,6 +54,10 @@ class Ventana:
         except Desaparecido:
             pass
         for elemento in self.elementos():
+            # To go through the whole window takes seconds while the program pauses: what comes
+            # into view later is asked for by itself.
+            if elemento.rol != "list item":
+                self._conocidos.setdefault((elemento.rol, elemento.nombre_visto), elemento)
             es_este = (elemento.rol, elemento.nombre_visto) == (rol, nombre)
             if es_este and elemento.estaba_a_la_vista:
                 if rol != "list item":  # which does not know whether its list can be seen
