@@ -82,7 +82,7 @@ class Revisor(unittest.TestCase):
 
     def ventanas(self):
         return len(self.escritorio.pantalla.orden(
-            "xdotool", "search", "--onlyvisible", "--class", "parvanel-revisor").split())
+            "xdotool", "search", "--onlyvisible", "--class", "example.parvanel.revisor").split())
 
     def danar(self):
         """Damage that everybody understands; the names of those concerned."""
