@@ -25,8 +25,9 @@ int mostrarVentana()
     std::array<char, 17> nombre{"parvanel-revisor"};
     std::array<char *, 2> argumentos{nombre.data(), nullptr};
     const QApplication aplicacion(cuantos, argumentos.data());
-    QApplication::setStyle(new Estilo); // the application's own from now on
-    const auto identidad = u"example.parvanel.revisor"_s; // its desktop file is called so
+    // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): the application takes it over
+    QApplication::setStyle(new Estilo);
+    const auto identidad = u"example.parvanel.revisor"_s;         // its desktop file is called so
     QApplication::setDesktopFileName(identidad);
     // The class of the windows is what the application is called when the first one is made.
     QApplication::setApplicationName(identidad);

@@ -78,6 +78,8 @@ void Form1::unirElementos()
                                         ui->Command3};
     for (QWidget *elemento : conReturn)
         elemento->installEventFilter(this);
+    for (QComboBox *lista : {ui->ComboTipo, ui->Combo1})
+        lista->installEventFilter(this);
     connect(ui->txtUser, &QLineEdit::returnPressed, ui->Command1, &QPushButton::click);
     connect(ui->txtPwd, &QLineEdit::returnPressed, ui->Command1, &QPushButton::click);
     connect(ui->ComboTipo, &QComboBox::activated, this, &Form1::ComboTipo_Click);
@@ -122,6 +124,10 @@ void Form1::atenderDeAUna(QPushButton *boton, void (Form1::*manejador)())
 
 bool Form1::eventFilter(QObject *objeto, QEvent *suceso)
 {
+    if (suceso->type() == QEvent::Wheel) {
+        suceso->ignore(); // the panel's
+        return true;
+    }
     if (suceso->type() != QEvent::KeyPress)
         return QWidget::eventFilter(objeto, suceso);
     const auto *tecla = static_cast<QKeyEvent *>(suceso);

@@ -21,7 +21,8 @@ Programa::Programa(char *nombre, const QString &identidad)
     : m_argumentos{nombre, nullptr},
       m_aplicacion(std::make_unique<Aplicacion>(m_cuantos, m_argumentos.data()))
 {
-    QApplication::setStyle(new Estilo); // the application's own from now on
+    // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): the application takes it over
+    QApplication::setStyle(new Estilo);
     QApplication::setDesktopFileName(identidad);
     // The class of the windows is what the application is called when the first one is made.
     QApplication::setApplicationName(identidad);

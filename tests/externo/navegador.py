@@ -5,7 +5,7 @@ import os
 
 ARGUMENTOS = ["--no-first-run", "--no-default-browser-check", "--disable-gpu", "--disable-quic",
               "--disable-background-networking", "--disable-component-update", "--disable-sync",
-              "--disable-features=Translate", "--password-store=basic"]
+              "--disable-features=Translate,TranslateUI", "--lang=es", "--password-store=basic"]
 
 
 def argumentos(perfil):

@@ -7,6 +7,7 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QWheelEvent>
 
 using namespace Qt::StringLiterals;
 
@@ -181,6 +182,26 @@ private Q_SLOTS:
                 const QRect lleno = rollo->viewport()->rect();
                 QVERIFY2(lleno.contains(visto) || visto.height() > lleno.height(), cual);
             }
+        }
+    }
+
+    // Left to the panel behind it: an event that comes from the window system goes on until
+    // somebody accepts it.
+    void ruedaSobreUnaLista_nadaElige()
+    {
+        VentanaDePrueba v;
+        v.ingresar();
+        v.elegir("Option1_2");
+        for (const char *nombre : {"ComboTipo", "Combo1"}) {
+            auto *combo = v.elemento<QComboBox>(nombre);
+            combo->setCurrentIndex(1);
+            combo->setFocus();
+            const QPointF donde(combo->rect().center());
+            QWheelEvent rueda(donde, combo->mapToGlobal(donde), {}, QPoint(0, -120), Qt::NoButton,
+                              Qt::NoModifier, Qt::NoScrollPhase, false);
+            QApplication::sendEvent(combo, &rueda);
+            QCOMPARE(combo->currentIndex(), 1);
+            QVERIFY(!rueda.isAccepted());
         }
     }
 

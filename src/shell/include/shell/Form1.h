@@ -46,6 +46,8 @@ protected:
     void closeEvent(QCloseEvent *suceso) override;
     // A key that is held down presses a button once: what its repetitions would begin after that
     // (one more login, the whole classroom on paper again) nobody has asked for.
+    // The wheel scrolls the panel over a drop-down list as elsewhere: what it would choose there,
+    // another kind of document or another period, nobody would notice before it is on paper.
     bool eventFilter(QObject *objeto, QEvent *suceso) override;
 
 private:
