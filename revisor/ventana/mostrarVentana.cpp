@@ -25,9 +25,10 @@ int mostrarVentana()
     std::array<char, 17> nombre{"parvanel-revisor"};
     std::array<char *, 2> argumentos{nombre.data(), nullptr};
     const QApplication aplicacion(cuantos, argumentos.data());
-    // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): the application takes it over
+    // NOLINTBEGIN(clang-analyzer-cplusplus.NewDeleteLeaks): the application takes it over
     QApplication::setStyle(new Estilo);
-    const auto identidad = u"example.parvanel.revisor"_s;         // its desktop file is called so
+    const auto identidad = u"example.parvanel.revisor"_s; // its desktop file is called so
+    // NOLINTEND(clang-analyzer-cplusplus.NewDeleteLeaks)
     QApplication::setDesktopFileName(identidad);
     // The class of the windows is what the application is called when the first one is made.
     QApplication::setApplicationName(identidad);

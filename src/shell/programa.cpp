@@ -21,9 +21,10 @@ Programa::Programa(char *nombre, const QString &identidad)
     : m_argumentos{nombre, nullptr},
       m_aplicacion(std::make_unique<Aplicacion>(m_cuantos, m_argumentos.data()))
 {
-    // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): the application takes it over
+    // NOLINTBEGIN(clang-analyzer-cplusplus.NewDeleteLeaks): the application takes it over
     QApplication::setStyle(new Estilo);
     QApplication::setDesktopFileName(identidad);
+    // NOLINTEND(clang-analyzer-cplusplus.NewDeleteLeaks)
     // The class of the windows is what the application is called when the first one is made.
     QApplication::setApplicationName(identidad);
     QApplication::setWindowIcon(Logotipo::icono());
