@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Draws the mark in the sizes that the program shows it in, as a part of the build.
 //
-//   dibujar-marca DRAWING PICTURE...    each picture is a file named NAME-WIDTHxHEIGHT.argb
+//   dibujar-marca DRAWING PICTURE...    each picture is a file named NAME-WIDTHxHEIGHT.argb or .png
 //
-// What is written are the bytes of its pixels, as this computer holds them.
+// What is written in an .argb are the bytes of its pixels, as this computer holds them.
 #include <QFile>
 #include <QImage>
 #include <QPainter>
@@ -19,7 +19,7 @@ namespace {
 
 bool dibujar(QSvgRenderer &dibujo, const QString &archivo)
 {
-    static const QRegularExpression medidas(u"-(\\d+)x(\\d+)\\.argb$"_s);
+    static const QRegularExpression medidas(u"-(\\d+)x(\\d+)\\.(argb|png)$"_s);
     const QRegularExpressionMatch medida = medidas.match(archivo);
     QImage imagen(medida.captured(1).toInt(), medida.captured(2).toInt(),
                   QImage::Format_ARGB32_Premultiplied);
@@ -28,6 +28,8 @@ bool dibujar(QSvgRenderer &dibujo, const QString &archivo)
         QPainter pintor(&imagen);
         dibujo.render(&pintor);
     }
+    if (medida.captured(3) == u"png"_s)
+        return imagen.save(archivo);
     QFile salida(archivo);
     return salida.open(QIODevice::WriteOnly)
            && salida.write(reinterpret_cast<const char *>(imagen.constBits()), imagen.sizeInBytes())
