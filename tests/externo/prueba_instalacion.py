@@ -36,9 +36,8 @@ class Instalacion(Escena):
         self.lugar = self.escritorio.carpeta / "otra parte ñ"
         subprocess.run(["cmake", "--install", CONSTRUCCION, "--prefix", self.lugar], check=True,
                        timeout=PLAZO, stdout=subprocess.DEVNULL)
-        # The program that has its school with it is not installed; it stands in for the other.
+        # The program that has its school with it stands in for the other.
         self.programa = self.lugar / "bin" / PROGRAMA.name
-        shutil.copy2(PROGRAMA, self.programa)
 
     def imprimir_con(self, programa):
         """Prints a classroom's enrolment sheets; where the program that drew or printed stood."""
