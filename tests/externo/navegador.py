@@ -17,6 +17,10 @@ def argumentos(perfil):
 
 def poner_de_omision(escritorio):
     """Makes it what opens HTML files on that desktop, as a person would in its settings."""
+    # It would offer to translate what it shows, and lay that over the page.
+    ajustes = escritorio.carpeta / "navegador" / "Default" / "Preferences"
+    ajustes.parent.mkdir(parents=True)
+    ajustes.write_text('{"translate": {"enabled": false}}', encoding="utf-8")
     programa = escritorio.previa / "navegador-web"
     orden = " ".join(f"'{a}'" for a in argumentos(escritorio.carpeta / "navegador"))
     programa.write_text(f'#!/bin/sh\nexec chromium {orden} --window-size=1150,860 "$@" '
