@@ -5,6 +5,7 @@
 #include "worker/memoria.h"
 #include "worker/render/salida.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <csignal>
@@ -16,6 +17,8 @@ namespace {
 
 // A renderer with an ordinary page takes an eighth of it.
 constexpr std::uintmax_t memoriaMaxima = std::uintmax_t{1} << 30;
+
+constexpr std::size_t largoDeTitulo = 255; // bytes, as the renderer cuts it
 
 Dibujante::Fin finDeCodigo(int codigo)
 {
@@ -102,9 +105,13 @@ std::optional<Dibujante::Fin> Dibujante::fin()
 // Takes what there is; true when the page is drawn and the process stays for another.
 bool Dibujante::leer()
 {
-    std::array<char, 512> trozo{};
+    // Room for one byte more than it may ever say: a renderer that goes on talking is not listened
+    // to, and its page's time runs out.
+    std::array<char, largoDeTitulo + 3> trozo{};
     ssize_t leidos = 0;
-    while ((leidos = recv(m_zocalo, trozo.data(), trozo.size(), MSG_DONTWAIT)) > 0)
+    while (m_dicho.size() < trozo.size()
+           && (leidos = recv(m_zocalo, trozo.data(), trozo.size() - m_dicho.size(), MSG_DONTWAIT))
+                  > 0)
         m_dicho.append(trozo.data(), static_cast<std::size_t>(leidos));
     return !m_dicho.empty() && m_dicho.back() == salida::listo
            && (m_dicho.size() == 1 || m_dicho[m_dicho.size() - 2] == salida::finDeTitulo);
@@ -113,7 +120,15 @@ bool Dibujante::leer()
 std::string Dibujante::titulo() const
 {
     const auto fin = m_dicho.find(salida::finDeTitulo);
-    return fin == std::string::npos ? std::string() : m_dicho.substr(0, fin);
+    const auto deControl = [](char letra) {
+        return static_cast<unsigned char>(letra) < 0x20 || letra == 0x7f;
+    };
+    // It comes from where pages run: what breaks the rules of a title is none.
+    if (fin == std::string::npos || fin > largoDeTitulo
+        || std::any_of(m_dicho.begin(), m_dicho.begin() + static_cast<std::ptrdiff_t>(fin),
+                       deControl))
+        return {};
+    return m_dicho.substr(0, fin);
 }
 
 bool Dibujante::desbordado() const

@@ -193,8 +193,7 @@ bool Imprenta::despacharPrimero()
 bool Imprenta::entregar(const Cola::Documento &primero)
 {
     const Impresora destino = *m_impresora;
-    const std::string titulo =
-        primero.titulo.empty() ? fs::path(primero.ruta).filename().string() : primero.titulo;
+    const std::string titulo = m_titulos.deTrabajo(primero.ruta, primero.titulo);
     const impresora::Entrega entrega{primero.pdf, titulo, primero.trabajo};
     return encargar([=](const Encargo::Decir &decir) {
         const auto empezado = [&decir](int trabajo) {

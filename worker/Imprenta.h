@@ -15,6 +15,7 @@
 #include "worker/Encargo.h"
 #include "worker/Lineas.h"
 #include "worker/Registro.h"
+#include "worker/Titulos.h"
 #include "worker/impresora.h"
 #include "worker/opciones.h"
 
@@ -73,6 +74,7 @@ private:
     std::filesystem::path m_dibujador;
     std::filesystem::path m_carpeta;
     Registro m_registro;
+    Titulos m_titulos;
     Opciones m_opciones;
 
     Lineas m_lineas;

@@ -69,7 +69,7 @@ constexpr auto imponerPapel = R"js(
     const papel = document.createElement('style');
     papel.textContent = '@page { size: ' + (apaisada ? '%2mm %1mm' : '%1mm %2mm') + ' !important; }';
     document.documentElement.appendChild(papel);
-    return location.protocol === 'file:' ? [document.title] : [];
+    return location.protocol === 'file:' ? [String(document.title)] : [];
 })()
 )js";
 
