@@ -232,9 +232,12 @@ bool DriveC::escribir(const QString &ruta, const QByteArray &bytes)
         if (!sitio->entrada) {
             if (Descriptor nuevo = d->crear(*sitio))
                 return escribirTodo(nuevo, bytes);
+            if (errno != EEXIST)
+                break;
         }
-        // One that is gone again meanwhile, or that stays, shows when it is looked for again.
-        [[maybe_unused]] const bool borrado = borrar(ruta);
+        // One that is gone again meanwhile shows when it is looked for again.
+        if (!borrar(ruta) && largo(ruta))
+            break;
     }
     return agregar(ruta, bytes);
 }
