@@ -55,6 +55,7 @@ void Estilo::polish(QPalette &paleta)
 {
     const tonos::Tonos t = tonos::de(paleta);
     paleta.setColor(QPalette::Highlight, t.acento);
+    paleta.setColor(QPalette::HighlightedText, t.sobreAcento);
     paleta.setColor(QPalette::PlaceholderText, t.apagado);
     for (const auto papel : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
         const QColor apagado = paleta.color(QPalette::Disabled, papel);
@@ -124,6 +125,9 @@ QStyleOptionViewItem Estilo::conAcento(const QStyleOptionViewItem &fila) const
 {
     const tonos::Tonos &t = tonosDe(fila);
     QStyleOptionViewItem otra(fila);
+    if (fila.palette.color(QPalette::Inactive, QPalette::Highlight) == t.acento
+        && fila.palette.color(QPalette::Inactive, QPalette::HighlightedText) == t.sobreAcento)
+        return otra;
     for (const auto grupo : {QPalette::Active, QPalette::Inactive}) {
         otra.palette.setColor(grupo, QPalette::Highlight, t.acento);
         otra.palette.setColor(grupo, QPalette::HighlightedText, t.sobreAcento);

@@ -17,8 +17,8 @@ QPalette paletaOscura()
     paleta.setColor(QPalette::PlaceholderText, apagado);
     paleta.setColor(QPalette::ToolTipBase, base);
     paleta.setColor(QPalette::ToolTipText, texto);
-    paleta.setColor(QPalette::Highlight, QColor(0x2f, 0x7f, 0xc4));
-    paleta.setColor(QPalette::HighlightedText, Qt::white);
+    paleta.setColor(QPalette::Highlight, QColor(0x5a, 0xa0, 0xdc));
+    paleta.setColor(QPalette::HighlightedText, Qt::black);
     paleta.setColor(QPalette::Link, QColor(0x6c, 0xb4, 0xf0));
     for (const auto papel : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
         paleta.setColor(QPalette::Disabled, papel, apagado);

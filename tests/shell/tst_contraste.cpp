@@ -102,12 +102,14 @@ private:
         }
     }
 
-    // What the light palette says of what is switched off, the style has mended by then.
+    // A desktop's own palette has gone through the style by then; the program's dark one is set as
+    // it is.
     static void poner(const QPalette &paleta)
     {
-        QPalette pulida = paleta;
-        Estilo().polish(pulida);
-        QApplication::setPalette(pulida);
+        QPalette puesta = paleta;
+        if (paleta.color(QPalette::Window).lightness() >= 128)
+            Estilo().polish(puesta);
+        QApplication::setPalette(puesta);
     }
 
     static const QStringList &modos()
@@ -182,6 +184,26 @@ private Q_SLOTS:
             // And is seen to be the chosen one.
             QVERIFY(tonos::contraste(fondo(imagen, fila(1)), fondo(imagen, fila(0)))
                     >= tonos::visible);
+        }
+    }
+
+    // As after a login that was refused. The box draws its selection itself, by the palette.
+    void textoSeleccionado_seLee()
+    {
+        for (const QPalette &paleta : {Estilo().standardPalette(), paletaOscura()}) {
+            poner(paleta);
+            VentanaDePrueba v;
+            auto *caja = v.elemento<QLineEdit>("txtUser");
+            v.form.activateWindow();
+            caja->setFocus();
+            QTRY_VERIFY(caja->hasFocus());
+            caja->setText(u"MMMMMMMMMMMMMMMMMMMM"_s);
+            caja->selectAll();
+            const QImage imagen = retrato(v);
+            const QRect letras = lugarDe(v, caja).adjusted(12, 7, -caja->width() / 2, -7);
+            const QColor detras = fondo(imagen, letras);
+            QVERIFY(detras != tonos::de(paleta).base);
+            QVERIFY(deLetras(imagen, letras) >= tonos::legible);
         }
     }
 

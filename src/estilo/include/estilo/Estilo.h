@@ -46,7 +46,7 @@ public:
                   QStyleHintReturn *resultado) const override;
 
 private:
-    // The tones of what is drawn; the palette is nearly always the one before.
+    // The tones of what is drawn; the palette is mostly the one before.
     const tonos::Tonos &tonosDe(const QStyleOption &opcion) const;
 
     QStyleOptionViewItem conAcento(const QStyleOptionViewItem &fila) const;
