@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Elements that are hidden while a job runs, and the focus that one of them had: it waits at
 // another element meanwhile, and comes back to where it was once they are shown again, unless the
-// user has taken it elsewhere.
+// user has taken it to a third one. Whoever goes to the waiting place himself is taken to wait.
 #pragma once
 
 #include <QList>

@@ -106,10 +106,11 @@ void Form1::disponer()
         elemento->setSizePolicy(trato);
     }
     // The focus also goes to where no Tab leads it.
-    connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *ahora) {
-        if (ahora && ui->cuerpo->isAncestorOf(ahora))
-            ui->rollo->ensureWidgetVisible(ahora);
-    });
+    connect(qApp, &QApplication::focusChanged, ui->cuerpo,
+            [cuerpo = ui->cuerpo, rollo = ui->rollo](QWidget *, QWidget *ahora) {
+                if (ahora && cuerpo->isAncestorOf(ahora))
+                    rollo->ensureWidgetVisible(ahora);
+            });
 }
 
 void Form1::atenderDeAUna(QPushButton *boton, void (Form1::*manejador)())
