@@ -22,7 +22,9 @@ public:
             QFile::encodeName(QStandardPaths::findExecutable(QStringLiteral("dbus-daemon")));
         int tuberia[2] = {-1, -1};
         // No folders of services: a portal that is installed would else be started.
-        if (programa.isEmpty() || !m_reglas.open()
+        if (programa.isEmpty())
+            return;
+        if (!m_reglas.open()
             || m_reglas.write("<busconfig><type>session</type><listen>unix:tmpdir=/tmp</listen>"
                               "<auth>EXTERNAL</auth><policy context=\"default\">"
                               "<allow send_destination=\"*\" eavesdrop=\"true\"/>"
@@ -30,7 +32,7 @@ public:
                               "</policy></busconfig>")
                    < 0
             || !m_reglas.flush() || ::pipe2(tuberia, O_CLOEXEC) != 0)
-            return;
+            qFatal("no place for the bus's rules");
         posix_spawn_file_actions_t acciones;
         posix_spawn_file_actions_init(&acciones);
         posix_spawn_file_actions_adddup2(&acciones, tuberia[1], STDOUT_FILENO);
@@ -43,14 +45,15 @@ public:
         if (::posix_spawn(&m_pid, programa.constData(), &acciones, nullptr, argumentos.data(),
                           environ)
             != 0)
-            m_pid = -1;
+            qFatal("dbus-daemon does not start");
         posix_spawn_file_actions_destroy(&acciones);
         ::close(tuberia[1]);
         std::array<char, 1024> linea;
         const ssize_t leidos = ::read(tuberia[0], linea.data(), linea.size());
         ::close(tuberia[0]);
-        qputenv("DBUS_SESSION_BUS_ADDRESS", leidos > 0 ? QByteArray(linea.data(), leidos).trimmed()
-                                                       : QByteArray("unix:path=/no"));
+        if (leidos <= 0)
+            qFatal("dbus-daemon says no address");
+        qputenv("DBUS_SESSION_BUS_ADDRESS", QByteArray(linea.data(), leidos).trimmed());
     }
     ~BusPrivado()
     {
@@ -62,6 +65,8 @@ public:
     BusPrivado(const BusPrivado &) = delete;
     BusPrivado &operator=(const BusPrivado &) = delete;
 
+    // False where the program is not installed; anything else that keeps it from running ends the
+    // test.
     bool corre() const { return m_pid > 0; }
 
 private:
