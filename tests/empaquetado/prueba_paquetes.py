@@ -17,7 +17,7 @@ SERVICIO = os.environ["PARVANEL_SERVICIO"]
 NOMBRES = ("parvanel", "parvanel-demo", "parvanel-print")
 DEL_SISTEMA = ("ca-certificates", "libcurl4", "qt6-qpa-plugins", "xdg-utils")
 DEL_ESCRITORIO = ("parvanel-print", "qt6-gtk-platformtheme", "qt6-translations-l10n",
-                  "qt6-wayland", "fonts-dejavu-core")
+                  "qt6-wayland", "fonts-dejavu-core", "firefox-esr")
 
 # As ./package calls it.
 JUEZ = ["lintian", *(["--allow-root"] if os.geteuid() == 0 else []), "--fail-on", "error,warning",
