@@ -123,8 +123,9 @@ std::string Dibujante::titulo() const
     const auto deControl = [](char letra) {
         return static_cast<unsigned char>(letra) < 0x20 || letra == 0x7f;
     };
-    // It comes from where pages run: what breaks the rules of a title is none.
-    if (fin == std::string::npos || fin > largoDeTitulo
+    // It comes from where pages run: what breaks the rules of a title is none. Where there is none
+    // at all its end is farther than any length.
+    if (fin > largoDeTitulo
         || std::any_of(m_dicho.begin(), m_dicho.begin() + static_cast<std::ptrdiff_t>(fin),
                        deControl))
         return {};
