@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QCoreApplication>
 #include <QFile>
+#include <QProcess>
+#include <QProcessEnvironment>
 #include <QStandardPaths>
 #include <QTemporaryFile>
 
@@ -73,3 +76,16 @@ private:
     QTemporaryFile m_reglas;
     pid_t m_pid = -1;
 };
+
+// Runs the test's own program with the argument --sin-bus where there is no bus at all; whether it
+// ended as it should.
+inline bool bienSinBus()
+{
+    QProcess otro;
+    QProcessEnvironment entorno = QProcessEnvironment::systemEnvironment();
+    entorno.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), QStringLiteral("unix:path=/no"));
+    otro.setProcessEnvironment(entorno);
+    otro.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--sin-bus")});
+    return otro.waitForFinished() && otro.exitStatus() == QProcess::NormalExit
+           && otro.exitCode() == 0;
+}
