@@ -2,6 +2,7 @@
 #include "mostrarVentana.h"
 #include "Ventana.h"
 #include "estilo/Estilo.h"
+#include "estilo/idioma.h"
 #include "platform/DriveC.h"
 #include "platform/Verbos.h"
 #include "platform/paleta.h"
@@ -9,9 +10,6 @@
 
 #include <QApplication>
 #include <QIcon>
-#include <QLibraryInfo>
-#include <QLocale>
-#include <QTranslator>
 
 #include <array>
 #include <cstdlib>
@@ -38,11 +36,7 @@ int mostrarVentana()
     // Before there is a second thread. What needs it asks again, and says so if it cannot be had.
     static_cast<void>(copia::nombresEnUtf8());
 
-    // The file dialogs and the menus of text boxes; without the file they stay in English.
-    QTranslator traductor;
-    if (traductor.load(QLocale(QLocale::Spanish), u"qtbase"_s, u"_"_s,
-                       QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
-        QApplication::installTranslator(&traductor);
+    idioma::poner();
 
     const PaletaEscritorio paleta;
     const DriveC disco(DriveC::carpetaPersonal());

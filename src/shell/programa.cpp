@@ -4,14 +4,11 @@
 #include "Aplicacion.h"
 #include "estilo/Estilo.h"
 #include "estilo/Logotipo.h"
+#include "estilo/idioma.h"
 #include "platform/HttpClient.h"
 #include "platform/pausa.h"
 #include "shell/Form1.h"
 #include "shell/Montaje.h"
-
-#include <QLibraryInfo>
-#include <QLocale>
-#include <QTranslator>
 
 #include <cstdlib>
 
@@ -32,12 +29,7 @@ Programa::Programa(char *nombre, const QString &identidad)
 
 int Programa::correr(const QString &ServiceBase)
 {
-    // The menus of text boxes and the like; without the file they stay in English.
-    QTranslator traductor;
-    if (traductor.load(QLocale(QLocale::Spanish), u"qtbase"_s, u"_"_s,
-                       QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
-        QApplication::installTranslator(&traductor);
-
+    idioma::poner();
     accesible::instalar();
     // The end comes at once, from whatever handler or wait the close comes in: nothing is unwound
     // or saved.
