@@ -243,12 +243,12 @@ int hacer(const MalUso &orden)
 
 } // namespace
 
-int correr(int argc, const char *const *argv)
+int correr(const std::vector<std::string> &argumentos)
 {
     atenderInterrupciones();
     // Before the review has threads; copying and proving say so themselves if it cannot be had.
     static_cast<void>(copia::nombresEnUtf8());
-    return std::visit([](const auto &orden) { return hacer(orden); }, leer(argc, argv));
+    return std::visit([](const auto &orden) { return hacer(orden); }, leer(argumentos));
 }
 
 } // namespace consola

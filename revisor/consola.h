@@ -2,6 +2,9 @@
 // The reviewer without a window: does what the command line asks for.
 #pragma once
 
+#include <string>
+#include <vector>
+
 namespace consola {
 
 // Of the process; of several archives the worst one counts.
@@ -12,8 +15,9 @@ enum Salida {
     UsoEquivocado = 64,
 };
 
-// Reports go to standard output in UTF-8, what went wrong to standard error. It needs no display,
-// and a QCoreApplication. What it gives back is one of Salida.
-int correr(int argc, const char *const *argv);
+// `argumentos` are those of platform/proceso.h. Reports go to standard output in UTF-8, what went
+// wrong to standard error. It needs no display, and a QCoreApplication. What it gives back is one
+// of Salida.
+int correr(const std::vector<std::string> &argumentos);
 
 } // namespace consola

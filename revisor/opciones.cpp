@@ -11,10 +11,12 @@ namespace consola {
 
 namespace {
 
-// The parser knows texts only. Each byte is one character to it, so that all come back as they are.
+// The parser knows texts only. Each byte is one character to it, so that all come back as they are:
+// those of a path's own name, or UTF-8 where names are wide, which is what a path makes of these.
 std::filesystem::path ruta(const QString &letras)
 {
-    return {letras.toLatin1().toStdString()};
+    const QByteArray bytes = letras.toLatin1();
+    return {std::u8string(bytes.begin(), bytes.end())};
 }
 
 QString legible(const QString &letras)
@@ -79,14 +81,14 @@ Orden revisar(const QCommandLineParser &partes)
 
 } // namespace
 
-Orden leer(int argc, const char *const *argv)
+Orden leer(const std::vector<std::string> &argumentos)
 {
-    QStringList argumentos;
-    for (int i = 0; i < argc; ++i)
-        argumentos.append(QString::fromLatin1(argv[i]));
+    QStringList letras = {u"parvanel-revisor"_s}; // the parser passes over the first
+    for (const std::string &argumento : argumentos)
+        letras.append(QString::fromLatin1(argumento));
     QCommandLineParser partes;
     poner(partes);
-    if (!partes.parse(argumentos)) {
+    if (!partes.parse(letras)) {
         const QStringList otras = partes.unknownOptionNames();
         return malUso(otras.isEmpty() ? u"Falta el nombre que sigue a una opción, o sobra uno."_s
                                       : u"No hay opción --%1."_s.arg(legible(otras.first())));

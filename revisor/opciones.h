@@ -6,6 +6,7 @@
 #include <QString>
 
 #include <filesystem>
+#include <string>
 #include <variant>
 #include <vector>
 
@@ -32,9 +33,9 @@ struct MalUso {
 };
 using Orden = std::variant<Revisar, Copiar, Comprobar, Ayuda, Version, MalUso>;
 
-// What the arguments ask for, those of main() with the program's name first. Paths stay the bytes
-// that were given: an archive's folder may have any name.
-Orden leer(int argc, const char *const *argv);
+// What the arguments ask for, as platform/proceso.h gives them. Paths stay what was given: an
+// archive's folder may have any name.
+Orden leer(const std::vector<std::string> &argumentos);
 
 // The lines of --ayuda, in Spanish.
 QString ayuda();
