@@ -295,7 +295,7 @@ void Ventana::mostrarComprobacion(const copia::Comprobacion &comprobacion, const
 
 void Ventana::decir(const Palabras &palabras)
 {
-    ui->dibujoVeredicto->load(u":/revisor/iconos/%1.svg"_s.arg(QStringView(palabras.dibujo)));
+    ui->dibujoVeredicto->poner(u":/revisor/iconos/%1"_s.arg(QStringView(palabras.dibujo)));
     ui->rotuloVeredicto->setText(palabras.veredicto);
     ui->rotuloFrase->setText(palabras.frase);
     ui->rotuloResumen->setText(palabras.resumen);

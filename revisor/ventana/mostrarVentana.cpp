@@ -2,6 +2,7 @@
 #include "mostrarVentana.h"
 #include "Ventana.h"
 #include "estilo/Estilo.h"
+#include "estilo/dibujo.h"
 #include "estilo/idioma.h"
 #include "platform/DriveC.h"
 #include "platform/Verbos.h"
@@ -10,7 +11,6 @@
 #include "revisor/copia.h"
 
 #include <QApplication>
-#include <QIcon>
 
 #include <array>
 #include <cstdlib>
@@ -33,7 +33,7 @@ int mostrarVentana()
     // The class of the windows is what the application is called when the first one is made.
     QApplication::setApplicationName(identidad);
     QApplication::setApplicationDisplayName(u"Revisor de Históricos"_s);
-    QApplication::setWindowIcon(QIcon(u":/revisor/parvanel-revisor.svg"_s));
+    QApplication::setWindowIcon(dibujo::icono(u":/revisor/example.parvanel.revisor"_s));
 
     // Before there is a second thread. What needs it asks again, and says so if it cannot be had.
     static_cast<void>(copia::nombresEnUtf8());

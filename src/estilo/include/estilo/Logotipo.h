@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The program's mark, as the window's header and its icon show it. It is one drawing, marca.svg; in
 // the sizes that a screen without scaling asks for, the build has drawn it already, pixel for pixel
-// as it would be drawn here, so that a start need not read and draw it six times. These pictures
-// are bare bytes: to read them takes no plugin and no decoder.
+// as it would be drawn here (estilo/dibujo.h).
 #pragma once
 
 #include <QIcon>
