@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "EscritorZip.h"
+#include "nombresZip.h"
 
 #include <archive.h>
 #include <archive_entry.h>
@@ -31,6 +32,7 @@ EscritorZip::EscritorZip(QIODevice &salida)
     constexpr int bloque = 65536;
     archive *zip = m_zip.get();
     m_listo = zip != nullptr && archive_write_set_format_zip(zip) == ARCHIVE_OK
+              && nombresZip::marcar(zip)
               && archive_write_set_bytes_per_block(zip, bloque) == ARCHIVE_OK
               // No zeros at its end.
               && archive_write_set_bytes_in_last_block(zip, 1) == ARCHIVE_OK
@@ -53,11 +55,10 @@ bool EscritorZip::entrada(const QByteArray &nombre, qint64 bytes,
     if (!entrada)
         return false;
     const auto momento = std::chrono::file_clock::to_sys(escrito).time_since_epoch();
-    constexpr unsigned permisosCarpeta = 0755;
-    constexpr unsigned permisosArchivo = 0644;
-    // As the bytes of the process's own encoding, which is UTF-8: whenever libarchive converts a
-    // name it composes its accents too, and two names may become one.
-    archive_entry_set_pathname(entrada.get(), nombre.constData());
+    using Permisos = decltype(archive_entry_perm(nullptr)); // of another width on each system
+    constexpr Permisos permisosCarpeta = 0755;
+    constexpr Permisos permisosArchivo = 0644;
+    nombresZip::poner(entrada.get(), nombre);
     archive_entry_set_filetype(entrada.get(), tipo);
     archive_entry_set_perm(entrada.get(), tipo == AE_IFDIR ? permisosCarpeta : permisosArchivo);
     archive_entry_set_size(entrada.get(), bytes);

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "inventario.h"
 
+#include "platform/enlaces.h"
 #include "platform/nombresNativos.h"
+
+#include <QDir>
 
 #include <algorithm>
 #include <system_error>
@@ -67,7 +70,7 @@ private:
         const fs::file_status estado = entrada.symlink_status(error);
         if (error) {
             m_inventario.fallo = paraMostrar(entrada.path());
-        } else if (fs::is_symlink(estado)) {
+        } else if (fs::is_symlink(estado) || enlaces::esEnlace(entrada)) {
             if (!esOtraEscritura(entrada.path()))
                 omitir(nombre, Omitido::Motivo::Enlace);
         } else if (fs::is_directory(estado)) {
@@ -130,7 +133,7 @@ QByteArray enBytes(const fs::path &ruta)
 
 QString paraMostrar(const fs::path &ruta)
 {
-    return QString::fromUtf8(enBytes(ruta));
+    return QDir::toNativeSeparators(QString::fromUtf8(enBytes(ruta)));
 }
 
 } // namespace copia

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "nombresZip.h"
 #include "revisor/copia.h"
 
 #include <array>
@@ -22,13 +23,11 @@ bool entiendeUtf8()
 
 bool nombresEnUtf8()
 {
-    // One on Unix, the other on Windows.
-    for (const char *tipo : {"C.UTF-8", ".UTF-8"}) {
-        if (entiendeUtf8())
-            return true;
-        // Whether it could be had is seen by what it does.
-        static_cast<void>(std::setlocale(LC_CTYPE, tipo));
-    }
+    // Wide names go by no encoding of the process.
+    if (nombresZip::anchos || entiendeUtf8())
+        return true;
+    // Whether it could be had is seen by what it does.
+    static_cast<void>(std::setlocale(LC_CTYPE, "C.UTF-8"));
     return entiendeUtf8();
 }
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "segundaLectura.h"
+#include "nombresZip.h"
 
 #include <QString>
 
@@ -39,16 +40,16 @@ std::optional<std::multiset<QByteArray>> leerOtraVez(const std::filesystem::path
     constexpr std::size_t bloque = 65536;
     const std::unique_ptr<archive, Soltar> lector(archive_read_new());
     if (!lector || archive_read_support_format_zip_seekable(lector.get()) != ARCHIVE_OK
-        || archive_read_open_filename(lector.get(), zip.string().c_str(), bloque) != ARCHIVE_OK)
+        || nombresZip::abrir(lector.get(), zip, bloque) != ARCHIVE_OK)
         return std::nullopt;
     std::multiset<QByteArray> nombres;
     archive_entry *entrada = nullptr;
     int paso = archive_read_next_header(lector.get(), &entrada);
     for (; paso == ARCHIVE_OK; paso = archive_read_next_header(lector.get(), &entrada)) {
-        const char *nombre = archive_entry_pathname(entrada);
-        if (nombre == nullptr)
+        const auto nombre = nombresZip::de(entrada);
+        if (!nombre)
             return std::nullopt;
-        nombres.insert(comparable(nombre)); // reading on may change what it points at
+        nombres.insert(comparable(*nombre));
         if (!leer(lector.get(), tope, parar))
             return std::nullopt;
     }

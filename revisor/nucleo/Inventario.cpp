@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "Inventario.h"
+#include "platform/enlaces.h"
 #include "platform/nombresNativos.h"
 #include "texto.h"
 
@@ -134,7 +135,7 @@ private:
     void entrada(const fs::directory_entry &una, const fs::path &relativa, int hondo)
     {
         std::error_code error;
-        if (una.is_symlink(error))
+        if (enlaces::esEnlace(una))
             enlace(una, relativa, hondo);
         else if (una.is_directory(error))
             subcarpeta(relativa, hondo);

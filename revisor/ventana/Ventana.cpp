@@ -10,6 +10,7 @@
 
 #include <QAccessible>
 #include <QCloseEvent>
+#include <QDir>
 #include <QFileInfo>
 #include <QKeyEvent>
 #include <QMenu>
@@ -159,7 +160,8 @@ void Ventana::llenarLista()
 
 void Ventana::agregarCarpeta(const QString &carpeta)
 {
-    auto *linea = new QListWidgetItem(informe::legible(carpeta), ui->listaHistoricos);
+    auto *linea = new QListWidgetItem(informe::legible(QDir::toNativeSeparators(carpeta)),
+                                      ui->listaHistoricos);
     linea->setData(rutaPropia, carpeta);
     ui->listaHistoricos->setCurrentItem(linea);
     ui->botonRevisar->setFocus();
@@ -270,13 +272,14 @@ void Ventana::comprobar(const QString &ruta)
         return;
     m_resultado.reset();
     ui->fichas->hide();
-    decir({u"pregunta", u"Comprobando…"_s, informe::legible(ruta), {}});
-    empezar({}, [this, ruta](const std::stop_token &parar, Tarea::Marca &marca) {
+    const QString nombre = informe::legible(QDir::toNativeSeparators(ruta));
+    decir({u"pregunta", u"Comprobando…"_s, nombre, {}});
+    empezar({}, [this, ruta, nombre](const std::stop_token &parar, Tarea::Marca &marca) {
         const copia::Comprobacion comprobacion = copia::comprobar(
             rutas::deTexto(ruta),
             [&marca](qint64 hechos, qint64 total) { marca.poner(hechos, total); }, parar);
-        return [this, comprobacion, ruta] {
-            mostrarComprobacion(comprobacion, informe::legible(ruta));
+        return [this, comprobacion, nombre] {
+            mostrarComprobacion(comprobacion, nombre);
         };
     });
 }

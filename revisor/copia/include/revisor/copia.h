@@ -56,8 +56,8 @@ struct Encargo {
     QString programa;              // and as its maker, such as "parvanel-revisor 4.0.0"
 };
 
-// Sees to it that the process's character type is UTF-8, by which libarchive goes with names; false
-// when the system has none. Copying and proving ask for it themselves. In a session of another
+// Sees to it that the process's character type is UTF-8, by which libarchive goes with names unless
+// they are wide ones; false when the system has none. Copying and proving ask for it themselves. In a session of another
 // encoding it changes the process's locale: whoever has threads asks before they start, and after
 // the application object has been made, which sets the locale as well.
 bool nombresEnUtf8();
