@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The drawings in a program that has no library to draw them: out of what the build has drawn,
-// which for this test are 16, 20, 32 and 48 pixels a side.
+// which for this test are 16, 20, 32, 48 and 128 pixels a side.
 #include "estilo/dibujo.h"
 
 #include <QFile>
@@ -74,8 +74,8 @@ private Q_SLOTS:
 
     void masGrandeQueTodos_elMayorAmpliado()
     {
-        QCOMPARE(pintada(64, 1),
-                 hecha(48).scaled(64, 64, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+        QCOMPARE(pintada(200, 1),
+                 hecha(128).scaled(200, 200, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
     }
 
     void fueraDelOrigen_enSuLugar()
@@ -106,8 +106,8 @@ private Q_SLOTS:
     void icono_todosLosTamanos()
     {
         const QIcon icono = dibujo::icono(QString(nombre));
-        QCOMPARE(icono.availableSizes().size(), 4);
-        for (const int lado : {16, 20, 32, 48}) {
+        QCOMPARE(icono.availableSizes().size(), 5);
+        for (const int lado : {16, 20, 32, 48, 128}) {
             QCOMPARE(icono.pixmap(QSize(lado, lado))
                          .toImage()
                          .convertToFormat(QImage::Format_ARGB32_Premultiplied),
