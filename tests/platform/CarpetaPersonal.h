@@ -10,10 +10,9 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
-#include <array>
+#include <filesystem>
 #include <optional>
-
-#include <unistd.h>
+#include <system_error>
 
 class CarpetaPersonal {
 public:
@@ -21,6 +20,9 @@ public:
     {
         return dentro.isEmpty() ? m_ruta : m_ruta + u'/' + dentro;
     }
+
+    // The same as the shell is given it.
+    QString nativa(const QString &dentro) const { return QDir::toNativeSeparators(ruta(dentro)); }
 
     bool hacerCarpeta(const QString &dentro) const { return QDir().mkpath(ruta(dentro)); }
 
@@ -47,10 +49,10 @@ public:
     // What a link holds; empty when it is none.
     QByteArray enlace(const QString &dentro) const
     {
-        std::array<char, 4096> destino;
-        const ssize_t largo =
-            ::readlink(QFile::encodeName(ruta(dentro)).constData(), destino.data(), destino.size());
-        return largo < 0 ? QByteArray() : QByteArray(destino.data(), largo);
+        const std::filesystem::path enlace = ruta(dentro).toStdU16String();
+        std::error_code ninguno;
+        const std::filesystem::path destino = std::filesystem::read_symlink(enlace, ninguno);
+        return QString::fromStdU16String(destino.u16string()).toUtf8();
     }
 
     // Every entry of a folder, hidden ones and dangling links too.

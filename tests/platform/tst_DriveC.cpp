@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "UnidadDePrueba.h"
 
-#include <QProcess>
 #include <QTest>
-
-#include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
 
@@ -22,45 +19,15 @@ private Q_SLOTS:
     void archivoDondeHayCarpeta_falla();
     void raizQueEsArchivo_todoFalla();
     void raizAusente_nadaSeHace();
-    void raizQueEsEnlace_sirve();
     void separadoresYPuntos_mismaEntrada_data();
     void separadoresYPuntos_mismaEntrada();
     void borrar_quitaSoloElArchivo();
     void largo_data();
     void largo();
-    void otroProcesoCrea_seVe();
-    void otroProcesoCrea_seVeTrasUnCambioPropio();
-    void otroProcesoBorra_seVe();
-    void otroProcesoRenombra_seVe();
     void muchosArchivos_todosEnSuSitio();
     void rutaNativa_data();
     void rutaNativa();
-
-private:
-    // File times move in steps; returns when a change made now gets another time than one made
-    // before the call.
-    void esperarOtroMomento();
-    // A change of the archive by a program that is not this one.
-    bool otroProceso(const QString &orden, const QStringList &argumentos) const;
 };
-
-void tst_DriveC::esperarOtroMomento()
-{
-    const auto momento = [this] {
-        m_casa->escribir(u".momento"_s, {});
-        struct stat datos = {};
-        ::stat(QFile::encodeName(m_casa->ruta(u".momento"_s)).constData(), &datos);
-        QFile::remove(m_casa->ruta(u".momento"_s));
-        return std::pair(datos.st_mtim.tv_sec, datos.st_mtim.tv_nsec);
-    };
-    const auto antes = momento();
-    QTRY_VERIFY(momento() != antes);
-}
-
-bool tst_DriveC::otroProceso(const QString &orden, const QStringList &argumentos) const
-{
-    return QProcess::execute(orden, argumentos) == 0;
-}
 
 void tst_DriveC::carpetaNueva_tieneLaLetraPedida()
 {
@@ -140,18 +107,6 @@ void tst_DriveC::raizAusente_nadaSeHace()
     QVERIFY(m_disco->agregar(u"C:\\Quorvela\\a.txt"_s, "a"));
 }
 
-// A user may keep the archive on another disk; the link's folder then is the archive root.
-void tst_DriveC::raizQueEsEnlace_sirve()
-{
-    const CarpetaPersonal disquera;
-    QVERIFY(QDir().rmdir(m_casa->ruta(u"Quorvela"_s)));
-    QVERIFY(m_casa->enlazar(disquera.ruta(), u"Quorvela"_s));
-    QVERIFY(!m_disco->crearCarpeta(u"C:\\Quorvela"_s));
-    QVERIFY(m_disco->crearCarpeta(u"C:\\Quorvela\\123-2010"_s));
-    QVERIFY(m_disco->agregar(u"C:\\Quorvela\\123-2010\\a.txt"_s, "a"));
-    QCOMPARE(disquera.leer(u"123-2010/a.txt"_s), QByteArray("a"));
-}
-
 void tst_DriveC::separadoresYPuntos_mismaEntrada_data()
 {
     QTest::addColumn<QString>("ruta");
@@ -198,54 +153,6 @@ void tst_DriveC::largo()
     QCOMPARE(m_disco->largo(u"C:\\Quorvela\\a.jpg"_s), bytes.size());
 }
 
-void tst_DriveC::otroProcesoCrea_seVe()
-{
-    QVERIFY(!m_disco->largo(u"C:\\Quorvela\\foto.jpg"_s));
-    QVERIFY(m_disco->agregar(u"C:\\Quorvela\\propio.txt"_s, "p"));
-    esperarOtroMomento();
-    QVERIFY(otroProceso(
-        u"/bin/sh"_s, {u"-c"_s, u"printf hola > \"$0/Foto.JPG\""_s, m_casa->ruta(u"Quorvela"_s)}));
-    QCOMPARE(m_disco->largo(u"C:\\Quorvela\\foto.jpg"_s), 4);
-    QVERIFY(m_disco->agregar(u"C:\\Quorvela\\FOTO.jpg"_s, "!"));
-    QCOMPARE(m_casa->entradas(u"Quorvela"_s), (QStringList{u"Foto.JPG"_s, u"propio.txt"_s}));
-}
-
-// A change of the program's own, made without looking any name up, must not hide the other's.
-void tst_DriveC::otroProcesoCrea_seVeTrasUnCambioPropio()
-{
-    QVERIFY(m_disco->agregar(u"C:\\Quorvela\\propio.txt"_s, "p"));
-    QVERIFY(!m_disco->largo(u"C:\\Quorvela\\foto.jpg"_s));
-    esperarOtroMomento();
-    QVERIFY(otroProceso(
-        u"/bin/sh"_s, {u"-c"_s, u"printf hola > \"$0/Foto.JPG\""_s, m_casa->ruta(u"Quorvela"_s)}));
-    QVERIFY(m_disco->borrar(u"C:\\Quorvela\\propio.txt"_s));
-    QCOMPARE(m_disco->largo(u"C:\\Quorvela\\foto.jpg"_s), 4);
-}
-
-void tst_DriveC::otroProcesoBorra_seVe()
-{
-    QVERIFY(m_disco->agregar(u"C:\\Quorvela\\Foto.jpg"_s, "1"));
-    QCOMPARE(m_disco->largo(u"C:\\Quorvela\\FOTO.jpg"_s), 1);
-    esperarOtroMomento();
-    QVERIFY(otroProceso(u"/bin/rm"_s, {m_casa->ruta(u"Quorvela/Foto.jpg"_s)}));
-    QVERIFY(!m_disco->largo(u"C:\\Quorvela\\FOTO.jpg"_s));
-    // The spelling that is gone no longer counts.
-    QVERIFY(m_disco->agregar(u"C:\\Quorvela\\FOTO.jpg"_s, "2"));
-    QCOMPARE(m_casa->entradas(u"Quorvela"_s), QStringList{u"FOTO.jpg"_s});
-}
-
-void tst_DriveC::otroProcesoRenombra_seVe()
-{
-    QVERIFY(m_disco->crearCarpeta(u"C:\\Quorvela\\notas"_s));
-    QVERIFY(m_disco->agregar(u"C:\\Quorvela\\NOTAS\\a.txt"_s, "1"));
-    esperarOtroMomento();
-    QVERIFY(otroProceso(u"/bin/mv"_s,
-                        {m_casa->ruta(u"Quorvela/notas"_s), m_casa->ruta(u"Quorvela/Notas"_s)}));
-    QVERIFY(m_disco->agregar(u"C:\\Quorvela\\NOTAS\\a.txt"_s, "2"));
-    QCOMPARE(m_casa->entradas(u"Quorvela"_s), QStringList{u"Notas"_s});
-    QCOMPARE(m_casa->leer(u"Quorvela/Notas/a.txt"_s), QByteArray("12"));
-}
-
 // As many as a large school has photos, twice, the second time in another letter.
 void tst_DriveC::muchosArchivos_todosEnSuSitio()
 {
@@ -288,7 +195,7 @@ void tst_DriveC::rutaNativa()
     QFETCH(QString, dentro);
     QVERIFY(m_casa->hacerCarpeta(u"Quorvela/123-2010"_s));
     QVERIFY(m_casa->escribir(u"Quorvela/123-2010/Index.html"_s, "x"));
-    QCOMPARE(m_disco->rutaNativa(ruta), dentro.isEmpty() ? ruta : m_casa->ruta(dentro));
+    QCOMPARE(m_disco->rutaNativa(ruta), dentro.isEmpty() ? ruta : m_casa->nativa(dentro));
 }
 
 QTEST_GUILESS_MAIN(tst_DriveC)

@@ -4,8 +4,6 @@
 
 #include <QTest>
 
-#include <sys/stat.h>
-
 using namespace Qt::StringLiterals;
 
 class tst_DriveCEscritura : public QObject, UnidadDePrueba {
@@ -21,13 +19,8 @@ private Q_SLOTS:
     void escrituraExistente_gana();
     void nombresCasiIguales_sonDistintos_data();
     void nombresCasiIguales_sonDistintos();
-    void nombreAcentuado_guardadoEnUtf8();
-    void carpetaEnOtraEscritura_dejaEnlace();
-    void enlaceDeEscritura_noSeRepite();
-    void enlaceDeEscritura_sirveDeCarpeta();
     void raizEnOtraEscritura_sinEnlace();
     void archivoEnOtraEscritura_sinEnlace();
-    void borrar_carpetaOEnlaceDeEscritura_falla();
 };
 
 void tst_DriveCEscritura::raizEnOtraEscritura_sirve()
@@ -64,7 +57,7 @@ void tst_DriveCEscritura::nombre_sinMirarLaLetra()
     QVERIFY(m_casa->escribir(enDisco, "uno"));
 
     QCOMPARE(m_disco->largo(pedido), 3);
-    QCOMPARE(m_disco->rutaNativa(pedido), m_casa->ruta(enDisco));
+    QCOMPARE(m_disco->rutaNativa(pedido), m_casa->nativa(enDisco));
     QVERIFY(m_disco->agregar(pedido, "dos"));
     QCOMPARE(m_casa->leer(enDisco), QByteArray("unodos"));
     const auto entrante = m_disco->recibir(pedido);
@@ -109,51 +102,6 @@ void tst_DriveCEscritura::nombresCasiIguales_sonDistintos()
     QCOMPARE(m_casa->leer(u"Quorvela/"_s + otro), QByteArray("2"));
 }
 
-void tst_DriveCEscritura::nombreAcentuado_guardadoEnUtf8()
-{
-    QVERIFY(m_disco->crearCarpeta(u"C:\\Quorvela\\Español"_s));
-    QVERIFY(m_disco->agregar(u"C:\\Quorvela\\Español\\Física.png"_s, "x"));
-    const QByteArray nativa =
-        m_casa->ruta().toUtf8() + "/Quorvela/Espa\xC3\xB1ol/F\xC3\xADsica.png";
-    struct stat datos = {};
-    QCOMPARE(::stat(nativa.constData(), &datos), 0);
-}
-
-void tst_DriveCEscritura::carpetaEnOtraEscritura_dejaEnlace()
-{
-    QVERIFY(m_disco->crearCarpeta(u"C:\\Quorvela\\infoAlumno"_s));
-    QVERIFY(!m_disco->crearCarpeta(u"C:\\Quorvela\\InfoAlumno\\"_s));
-    QCOMPARE(m_casa->entradas(u"Quorvela"_s), (QStringList{u"InfoAlumno"_s, u"infoAlumno"_s}));
-    QCOMPARE(m_casa->enlace(u"Quorvela/InfoAlumno"_s), QByteArray("infoAlumno"));
-    QCOMPARE(m_casa->enlace(u"Quorvela/infoAlumno"_s), QByteArray());
-    QVERIFY(m_disco->agregar(u"C:\\Quorvela\\INFOALUMNO\\1.html"_s, "x"));
-    QCOMPARE(m_casa->leer(u"Quorvela/InfoAlumno/1.html"_s), QByteArray("x"));
-    QCOMPARE(m_casa->leer(u"Quorvela/infoAlumno/1.html"_s), QByteArray("x"));
-}
-
-void tst_DriveCEscritura::enlaceDeEscritura_noSeRepite()
-{
-    QVERIFY(m_disco->crearCarpeta(u"C:\\Quorvela\\notas"_s));
-    for (int vez = 0; vez < 2; ++vez) {
-        QVERIFY(!m_disco->crearCarpeta(u"C:\\Quorvela\\Notas"_s));
-        QVERIFY(!m_disco->crearCarpeta(u"C:\\Quorvela\\notas"_s));
-        QVERIFY(!m_disco->crearCarpeta(u"C:\\Quorvela\\NOTAS"_s));
-    }
-    QCOMPARE(m_casa->entradas(u"Quorvela"_s), (QStringList{u"NOTAS"_s, u"Notas"_s, u"notas"_s}));
-    QCOMPARE(m_casa->enlace(u"Quorvela/NOTAS"_s), QByteArray("notas"));
-    QCOMPARE(m_casa->enlace(u"Quorvela/Notas"_s), QByteArray("notas"));
-}
-
-void tst_DriveCEscritura::enlaceDeEscritura_sirveDeCarpeta()
-{
-    QVERIFY(m_disco->crearCarpeta(u"C:\\Quorvela\\notas"_s));
-    QVERIFY(!m_disco->crearCarpeta(u"C:\\Quorvela\\NOTAS"_s));
-    QVERIFY(m_disco->crearCarpeta(u"C:\\Quorvela\\NOTAS\\p1"_s));
-    QVERIFY(m_disco->agregar(u"C:\\Quorvela\\NOTAS\\p1\\a.txt"_s, "a"));
-    QCOMPARE(m_disco->largo(u"C:\\Quorvela\\notas\\P1\\A.TXT"_s), 1);
-    QCOMPARE(m_casa->leer(u"Quorvela/notas/p1/a.txt"_s), QByteArray("a"));
-}
-
 // The link would stand beside the archive, in the home folder.
 void tst_DriveCEscritura::raizEnOtraEscritura_sinEnlace()
 {
@@ -166,16 +114,6 @@ void tst_DriveCEscritura::archivoEnOtraEscritura_sinEnlace()
     QVERIFY(m_disco->agregar(u"C:\\Quorvela\\a.txt"_s, "1"));
     QVERIFY(m_disco->agregar(u"C:\\Quorvela\\A.txt"_s, "2"));
     QCOMPARE(m_casa->entradas(u"Quorvela"_s), QStringList{u"a.txt"_s});
-}
-
-void tst_DriveCEscritura::borrar_carpetaOEnlaceDeEscritura_falla()
-{
-    QVERIFY(m_disco->crearCarpeta(u"C:\\Quorvela\\notas"_s));
-    QVERIFY(!m_disco->crearCarpeta(u"C:\\Quorvela\\NOTAS"_s));
-    QVERIFY(!m_disco->borrar(u"C:\\Quorvela"_s));
-    QVERIFY(!m_disco->borrar(u"C:\\Quorvela\\notas"_s));
-    QVERIFY(!m_disco->borrar(u"C:\\Quorvela\\NOTAS"_s));
-    QCOMPARE(m_casa->entradas(u"Quorvela"_s), (QStringList{u"NOTAS"_s, u"notas"_s}));
 }
 
 QTEST_GUILESS_MAIN(tst_DriveCEscritura)
