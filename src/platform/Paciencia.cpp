@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+#include "Paciencia.h"
+
+#include <algorithm>
+#include <thread>
+#include <utility>
+
+Paciencia::Reloj Paciencia::relojDelSistema()
+{
+    return {[] {
+                return std::chrono::duration_cast<Milisegundos>(
+                    std::chrono::steady_clock::now().time_since_epoch());
+            },
+            [](Milisegundos cuanto) {
+                std::this_thread::sleep_for(cuanto);
+            }};
+}
+
+Paciencia::Paciencia(Reloj reloj) : m_reloj(std::move(reloj)) {}
+
+bool Paciencia::esperar()
+{
+    const Milisegundos ahora = m_reloj.ahora();
+    if (!m_hasta)
+        m_hasta = ahora + total;
+    if (ahora >= *m_hasta)
+        return false;
+    m_reloj.dormir(std::min(paso, *m_hasta - ahora));
+    return true;
+}
