@@ -89,7 +89,7 @@ QStringList listado(const QString &carpeta, QStringList nombres)
         const int orden = nombresNativos::plegado(a).compare(nombresNativos::plegado(b));
         return orden != 0 ? orden < 0 : a < b;
     });
-    const QChar separador = enUnidadC(carpeta) ? u'\\' : u'/';
+    const QChar separador = carpeta.startsWith(u'/') ? u'/' : u'\\';
     QString prefijo = carpeta;
     if (!prefijo.endsWith(separador))
         prefijo += separador;

@@ -9,7 +9,7 @@ DirListBox::DirListBox(QWidget *padre) : QListWidget(padre) {}
 void DirListBox::ponerDisco(const DriveC *disco)
 {
     m_disco = disco;
-    Path(QDir::currentPath());
+    Path(QDir::toNativeSeparators(QDir::currentPath()));
 }
 
 void DirListBox::Path(const QString &carpeta)

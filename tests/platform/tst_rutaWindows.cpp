@@ -209,6 +209,9 @@ void tst_rutaWindows::listado_porNombre_data()
         << u"C:\\"_s << QStringList{u"C:\\A"_s, u"C:\\a"_s, u"C:\\B"_s, u"C:\\c"_s};
     QTest::newRow("sin separador")
         << u"c:/x"_s << QStringList{u"c:/x\\A"_s, u"c:/x\\a"_s, u"c:/x\\B"_s, u"c:/x\\c"_s};
+    QTest::newRow("otra unidad") << u"E:\\x"_s
+                                 << QStringList{u"E:\\x\\A"_s, u"E:\\x\\a"_s, u"E:\\x\\B"_s,
+                                                u"E:\\x\\c"_s};
     QTest::newRow("nativa") << u"/x"_s << QStringList{u"/x/A"_s, u"/x/a"_s, u"/x/B"_s, u"/x/c"_s};
     QTest::newRow("la nativa de arriba")
         << u"/"_s << QStringList{u"/A"_s, u"/a"_s, u"/B"_s, u"/c"_s};
