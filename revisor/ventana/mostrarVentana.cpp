@@ -7,7 +7,6 @@
 #include "platform/DriveC.h"
 #include "platform/Verbos.h"
 #include "platform/paleta.h"
-#include "platform/proceso.h"
 #include "revisor/copia.h"
 
 #include <QApplication>
@@ -28,7 +27,6 @@ int mostrarVentana()
     QApplication::setStyle(new Estilo);
     const auto identidad = u"example.parvanel.revisor"_s; // its desktop file is called so
     // NOLINTEND(clang-analyzer-cplusplus.NewDeleteLeaks)
-    proceso::identificar(identidad);
     QApplication::setDesktopFileName(identidad);
     // The class of the windows is what the application is called when the first one is made.
     QApplication::setApplicationName(identidad);

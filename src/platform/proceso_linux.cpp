@@ -7,8 +7,6 @@ namespace proceso {
 
 void asegurar() {}
 
-void identificar(const QString & /*identidad*/) {}
-
 std::vector<std::string> argumentos(int argc, const char *const *argv)
 {
     return argc > 1 ? std::vector<std::string>(argv + 1, argv + argc) : std::vector<std::string>();

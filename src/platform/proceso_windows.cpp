@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/proceso.h"
 
+#include <QString>
+
 #ifndef NOMINMAX
 #define NOMINMAX
 #endif
@@ -12,7 +14,6 @@
 #include <fcntl.h>
 #include <io.h>
 #include <shellapi.h>
-#include <shobjidl.h>
 
 #include <cstdio>
 #include <cstdlib>
@@ -60,13 +61,6 @@ void asegurar()
         // What has no file behind it, as in a program that has no console, writes nothing.
         static_cast<void>(_setmode(_fileno(salida), _O_BINARY));
     hablarUtf8();
-}
-
-void identificar(const QString &identidad)
-{
-    // At the worst the windows stand under an icon of their own.
-    static_cast<void>(SetCurrentProcessExplicitAppUserModelID(
-        reinterpret_cast<const wchar_t *>(identidad.utf16())));
 }
 
 // What main is given has been through the system's code page, where it has lost what that lacks.

@@ -7,7 +7,6 @@
 #include "estilo/idioma.h"
 #include "platform/HttpClient.h"
 #include "platform/pausa.h"
-#include "platform/proceso.h"
 #include "shell/Form1.h"
 #include "shell/Montaje.h"
 
@@ -19,7 +18,6 @@ Programa::Programa(char *nombre, const QString &identidad)
     : m_argumentos{nombre, nullptr},
       m_aplicacion(std::make_unique<Aplicacion>(m_cuantos, m_argumentos.data()))
 {
-    proceso::identificar(identidad);
     // NOLINTBEGIN(clang-analyzer-cplusplus.NewDeleteLeaks): the application takes it over
     QApplication::setStyle(new Estilo);
     QApplication::setDesktopFileName(identidad);

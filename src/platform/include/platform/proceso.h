@@ -2,8 +2,6 @@
 // What a program of this project asks of the system for its own process.
 #pragma once
 
-#include <QString>
-
 #include <string>
 #include <vector>
 
@@ -14,10 +12,6 @@ namespace proceso {
 // from before the first library is loaded. What the process writes to its console, to a file or to
 // a pipe stays as it is, byte for byte, and a console takes it for UTF-8.
 void asegurar();
-
-// The windows that the process makes from now on belong to the menu entry of that name, where a
-// system does not learn it from the name of the desktop file.
-void identificar(const QString &identidad);
 
 // The command line that main was given, without the program's name. Each argument is what a path
 // is made of: its bytes on systems where names are bytes, else UTF-8.
