@@ -138,12 +138,13 @@ inline void programaDeFuera(const QString &programa, const QStringList &argument
                           + QFileInfo(lugar).fileName()});
 }
 
-// A junction, or a link of that other system's; taken away with its holder.
+// A junction, or a link to a file, or a link of that other system's; taken away with its holder.
 class Enlace {
 public:
     Enlace(const QString &destino, const QString &lugar) : m_lugar(lugar)
     {
-        m_hecho = QFileInfo(destino).isDir() && hacerJuntura(destino, lugar);
+        m_hecho =
+            QFileInfo(destino).isDir() ? hacerJuntura(destino, lugar) : hacerAArchivo(destino);
         if (m_hecho || !hayProgramasDeFuera())
             return;
         programaDeFuera(QStringLiteral("/bin/ln"), {QStringLiteral("-s"), deFuera(destino)}, lugar);
@@ -154,17 +155,27 @@ public:
     Enlace &operator=(const Enlace &) = delete;
 
     explicit operator bool() const { return m_hecho; }
+    // Such a one cannot be opened itself: all that is asked of it is answered by where it leads.
+    bool esDeFuera() const { return m_deFuera; }
     bool quitar()
     {
         if (m_deFuera)
             programaDeFuera(QStringLiteral("/bin/rm"), {}, m_lugar);
-        else if (m_hecho)
-            ::RemoveDirectoryW(ancha(m_lugar).c_str());
+        else if (m_hecho && ::RemoveDirectoryW(ancha(m_lugar).c_str()) == FALSE)
+            ::DeleteFileW(ancha(m_lugar).c_str());
         m_hecho = m_deFuera = false;
         return QTest::qWaitFor([this] { return !esta(); }, 20'000);
     }
 
 private:
+    // The account must be allowed to, or the system be set up for developers.
+    bool hacerAArchivo(const QString &destino) const
+    {
+        return ::CreateSymbolicLinkW(ancha(m_lugar).c_str(), ancha(destino).c_str(),
+                                     SYMBOLIC_LINK_FLAG_ALLOW_UNPRIVILEGED_CREATE)
+                   != FALSE
+               && esta();
+    }
     bool esta() const { return marcas(m_lugar) != INVALID_FILE_ATTRIBUTES; }
 
     QString m_lugar;

@@ -5,6 +5,8 @@
 
 #include <QTest>
 
+#include <memory>
+
 using namespace Qt::StringLiterals;
 using namespace entradasDeWindows;
 
@@ -21,6 +23,11 @@ private Q_SLOTS:
     void raizQueEsJuntura_sirve();
     void raizQueCambiaDeSitio_noSePublica();
     void enlaceAArchivoDeFuera_todoFalla();
+    void enlaceAArchivoDeDentro_suDestinoQueda();
+
+private:
+    // A link to a file, where this account may make one.
+    std::unique_ptr<Enlace> enlazarArchivo(const QString &destino, const QString &lugar) const;
 };
 
 void tst_DriveCWindowsEnlaces::junturaHaciaFuera_todoFalla_data()
@@ -123,17 +130,17 @@ void tst_DriveCWindowsEnlaces::raizQueCambiaDeSitio_noSePublica()
     QVERIFY(m_casa->entradas(u"otra"_s).isEmpty());
 }
 
+std::unique_ptr<Enlace> tst_DriveCWindowsEnlaces::enlazarArchivo(const QString &destino,
+                                                                 const QString &lugar) const
+{
+    return std::make_unique<Enlace>(m_casa->ruta(destino), m_casa->ruta(lugar));
+}
+
 void tst_DriveCWindowsEnlaces::enlaceAArchivoDeFuera_todoFalla()
 {
     QVERIFY(m_casa->escribir(u"ajeno.txt"_s, "ajeno"));
-    const QString lugar = m_casa->ruta(u"Quorvela/e.txt"_s);
-    const bool propio =
-        ::CreateSymbolicLinkW(ancha(lugar).c_str(), ancha(m_casa->ruta(u"ajeno.txt"_s)).c_str(),
-                              SYMBOLIC_LINK_FLAG_ALLOW_UNPRIVILEGED_CREATE)
-            != FALSE
-        && marcas(lugar) != INVALID_FILE_ATTRIBUTES;
-    const Enlace enlace(propio ? QString() : m_casa->ruta(u"ajeno.txt"_s), lugar);
-    if (!propio && !enlace)
+    const auto enlace = enlazarArchivo(u"ajeno.txt"_s, u"Quorvela/e.txt"_s);
+    if (!*enlace)
         QSKIP("this account may make no links");
     const QString ruta = u"C:\\Quorvela\\E.txt"_s;
     QVERIFY(!m_disco->agregar(ruta, "x"));
@@ -143,6 +150,28 @@ void tst_DriveCWindowsEnlaces::enlaceAArchivoDeFuera_todoFalla()
     QVERIFY(!m_disco->largo(ruta));
     QCOMPARE(m_casa->leer(u"ajeno.txt"_s), QByteArray("ajeno"));
     QCOMPARE(m_casa->entradas(u"Quorvela"_s), QStringList{u"e.txt"_s});
+}
+
+// A link is deleted or replaced itself. Where a link cannot be opened itself nothing is deleted.
+void tst_DriveCWindowsEnlaces::enlaceAArchivoDeDentro_suDestinoQueda()
+{
+    QVERIFY(m_casa->hacerCarpeta(u"Quorvela/notas"_s));
+    QVERIFY(m_casa->escribir(u"Quorvela/a.txt"_s, "a"));
+    const auto enlace = enlazarArchivo(u"Quorvela/a.txt"_s, u"Quorvela/notas/e.txt"_s);
+    if (!*enlace)
+        QSKIP("this account may make no links");
+    const QString ruta = u"C:\\Quorvela\\notas\\E.txt"_s;
+    QVERIFY(m_disco->agregar(ruta, "b"));
+    QCOMPARE(m_disco->largo(ruta), 2);
+    QCOMPARE(m_casa->leer(u"Quorvela/a.txt"_s), QByteArray("ab"));
+    QCOMPARE(m_disco->borrar(ruta), !enlace->esDeFuera());
+    QCOMPARE(m_casa->leer(u"Quorvela/a.txt"_s), QByteArray("ab"));
+    const auto entrante = m_disco->recibir(ruta);
+    QVERIFY(entrante);
+    QCOMPARE(entrante->dispositivo().write("foto"), 4);
+    QVERIFY(entrante->publicar());
+    QCOMPARE(m_casa->leer(u"Quorvela/notas/E.txt"_s), QByteArray("foto"));
+    QCOMPARE(m_casa->leer(u"Quorvela/a.txt"_s), QByteArray("ab"));
 }
 
 QTEST_GUILESS_MAIN(tst_DriveCWindowsEnlaces)

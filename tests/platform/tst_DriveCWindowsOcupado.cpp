@@ -70,6 +70,7 @@ private Q_SLOTS:
     void paraSiempre_sePasaPorAlto_data();
     void paraSiempre_sePasaPorAlto();
     void escribirParaSiempre_unSoloSegundo();
+    void queNoSeDejaBorrar_recibeLoNuevoAlFinal();
     void queSePuedeBorrar_seBorra();
     void largo_noEspera();
     void carpetaQueSeMueve_seEspera();
@@ -169,6 +170,15 @@ void tst_DriveCWindowsOcupado::escribirParaSiempre_unSoloSegundo()
         masCorta = std::min(masCorta, reloj.elapsed());
     }
     QVERIFY2(masCorta < 1900, qPrintable(QString::number(masCorta)));
+}
+
+void tst_DriveCWindowsOcupado::queNoSeDejaBorrar_recibeLoNuevoAlFinal()
+{
+    QVERIFY(m_casa->escribir(u"Quorvela/a.txt"_s, "anterior"));
+    const Abierto ajeno(archivo(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE);
+    QVERIFY(ajeno);
+    QVERIFY(hacer(u"escribir"_s));
+    QCOMPARE(m_casa->leer(u"Quorvela/a.txt"_s), QByteArray("anteriornuevo"));
 }
 
 // Many programs open what they only read so that it may be deleted meanwhile.
