@@ -128,7 +128,7 @@ private:
         });
         const auto datos = aperturas::datosDe(archivo.manija);
         // A file marked as read-only is for the disk to refuse; one that lets it pass is not heard.
-        if (!datos || !esDelArchivo(sitio, *datos) || datos->nombres != 1 || datos->soloLectura)
+        if (!datos || !esDelArchivo(sitio, *datos) || datos->nombres > 1 || datos->soloLectura)
             return {};
         return archivo;
     }
@@ -154,8 +154,7 @@ bool DriveC::crearCarpeta(const QString &ruta)
     Paciencia paciencia;
     const Manija madre = lugar->esRaiz ? d->raiz.abrirPersonal(paciencia)
                                        : d->raiz.abrirCarpeta(lugar->carpeta, paciencia).manija;
-    const QString nombre = lugar->esRaiz ? d->raiz.nombre() : lugar->nombre;
-    return insistir(paciencia, [&] { return aperturas::crearCarpeta(madre, nombre); })
+    return insistir(paciencia, [&] { return aperturas::crearCarpeta(madre, lugar->nombre); })
            == Fin::Hecho;
 }
 
@@ -197,8 +196,11 @@ bool DriveC::escribir(const QString &ruta, const QByteArray &bytes)
                 break;
             continue;
         }
+        if (Interno::borrar(*sitio, paciencia))
+            continue;
         // One that is gone again meanwhile shows when it is looked for again.
-        if (!Interno::borrar(*sitio, paciencia) && largo(ruta))
+        const auto queda = d->sitio(ruta, paciencia);
+        if (queda && queda->archivo)
             break;
     }
     const auto sitio = d->sitio(ruta, paciencia);

@@ -110,7 +110,8 @@ std::optional<QString> RaizArchivo::rutaNativa(const QString &carpeta,
                                                const QStringList &pedidos) const
 {
     const auto leida = rutaWindows::nombres(u"C:\\"_s + carpeta);
-    if (leida == QStringList{carpeta} || carpeta.contains(u'\\'))
+    // Nor is what stands after a ":" a folder's name: it would be asked of a file of that folder.
+    if (leida == QStringList{carpeta} || carpeta.contains(u'\\') || carpeta.contains(u':'))
         return std::nullopt;
     Paciencia paciencia;
     const CarpetaAbierta raiz = abrirCarpeta({}, paciencia);

@@ -212,7 +212,7 @@ bool marcar(const Manija &archivo, bool soloLectura)
 bool quitarMarca(const Manija &archivo)
 {
     const auto datos = datosDe(archivo);
-    return datos && datos->soloLectura && datos->nombres == 1 && marcar(archivo, false);
+    return datos && datos->soloLectura && datos->nombres <= 1 && marcar(archivo, false);
 }
 
 // On a disk that does not know the newer way. One that did not go keeps its mark.
@@ -315,6 +315,9 @@ std::optional<Datos> datosDe(const Manija &manija)
         return std::nullopt;
     Datos datos;
     datos.ruta = rutaFinal(manija);
+    // That of a disk's top folder ends in one, which may be the archive root's.
+    if (datos.ruta.endsWith(u'\\'))
+        datos.ruta.chop(1);
     datos.esCarpeta = (sabido.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
     datos.esEnlace = llevaAOtra(manija, sabido.dwFileAttributes);
     datos.soloLectura = (sabido.dwFileAttributes & FILE_ATTRIBUTE_READONLY) != 0;

@@ -49,7 +49,8 @@ Apertura crearParaRecibir(const Manija &carpeta, const QString &nombre);
 Apertura abrirParaBorrar(const Manija &carpeta, const QString &nombre);
 
 struct Datos {
-    // Where it really stands: links resolved, names in full and as they are spelled on the disk.
+    // Where it really stands: links resolved, names in full and as they are spelled on the disk,
+    // without a "\" at its end.
     QString ruta;
     bool esCarpeta = false;
     bool esEnlace = false; // it leads to another entry

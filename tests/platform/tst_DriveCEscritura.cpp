@@ -14,6 +14,7 @@ private Q_SLOTS:
     void cleanup() { acabar(); }
 
     void raizEnOtraEscritura_sirve();
+    void raizNueva_enLaEscrituraPedida();
     void nombre_sinMirarLaLetra_data();
     void nombre_sinMirarLaLetra();
     void escrituraExistente_gana();
@@ -30,6 +31,15 @@ void tst_DriveCEscritura::raizEnOtraEscritura_sirve()
     QVERIFY(!m_disco->crearCarpeta(u"C:\\Quorvela"_s));
     QVERIFY(m_disco->agregar(u"c:\\Quorvela\\a.txt"_s, "a"));
     QCOMPARE(m_casa->entradas(), QStringList{u"QUORVELA"_s});
+    QCOMPARE(m_casa->leer(u"QUORVELA/a.txt"_s), QByteArray("a"));
+}
+
+void tst_DriveCEscritura::raizNueva_enLaEscrituraPedida()
+{
+    QVERIFY(QDir().rmdir(m_casa->ruta(u"Quorvela"_s)));
+    QVERIFY(m_disco->crearCarpeta(u"c:\\QUORVELA\\"_s));
+    QCOMPARE(m_casa->entradas(), QStringList{u"QUORVELA"_s});
+    QVERIFY(m_disco->agregar(u"C:\\Quorvela\\a.txt"_s, "a"));
     QCOMPARE(m_casa->leer(u"QUORVELA/a.txt"_s), QByteArray("a"));
 }
 
