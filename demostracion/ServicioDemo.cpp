@@ -4,22 +4,18 @@
 #include "demostracion/conexion.h"
 #include "demostracion/identidadTls.h"
 #include "demostracion/mensajes.h"
+#include "demostracion/zocalos.h"
 
 #include <QMutex>
 #include <QMutexLocker>
 
 #include <algorithm>
+#include <array>
 #include <atomic>
 #include <list>
 #include <optional>
 #include <stdexcept>
 #include <thread>
-
-#include <arpa/inet.h>
-#include <fcntl.h>
-#include <poll.h>
-#include <sys/socket.h>
-#include <unistd.h>
 
 namespace {
 
@@ -64,8 +60,8 @@ private:
     bool retenida(const Peticion &peticion) const;
     QByteArray ordinaria(const Peticion &peticion, const QByteArray &comprimir) const;
 
-    int m_oido = -1;
-    int m_parada[2] = {-1, -1};
+    zocalos::Zocalo m_oido = zocalos::ninguno;
+    zocalos::Parada m_parada;
     std::unique_ptr<Rutas> m_rutas;
     std::list<Hilo> m_hilos; // only the listener's thread touches it, until it has ended
     std::thread m_oyente;
@@ -84,8 +80,6 @@ ServicioDemo::Interno::Interno(const TamanoEscuela &tamano, Modo modo)
 {
     if (modo != Modo::Http)
         identidad = crearIdentidadTls(vigencia(modo));
-    if (pipe2(m_parada, O_CLOEXEC) != 0)
-        throw std::runtime_error("no pipe for the demonstration service");
     const int puerto = abrirPuerto();
     base = u"%1://127.0.0.1:%2"_s.arg(modo == Modo::Http ? u"http"_s : u"https"_s).arg(puerto);
     m_rutas = std::make_unique<Rutas>(escuela, base);
@@ -94,44 +88,37 @@ ServicioDemo::Interno::Interno(const TamanoEscuela &tamano, Modo modo)
 
 ServicioDemo::Interno::~Interno()
 {
-    // Never read: every wait on the other end sees it, now and later.
-    [[maybe_unused]] const ssize_t escrito = write(m_parada[1], "x", 1);
+    m_parada.dar();
     m_oyente.join();
     recoger(true);
-    close(m_oido);
-    close(m_parada[0]);
-    close(m_parada[1]);
+    zocalos::cerrar(m_oido);
 }
 
 int ServicioDemo::Interno::abrirPuerto()
 {
-    m_oido = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
-    sockaddr_in donde{};
-    donde.sin_family = AF_INET;
-    donde.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    socklen_t largo = sizeof donde;
-    auto *direccion = reinterpret_cast<sockaddr *>(&donde);
-    if (bind(m_oido, direccion, largo) != 0 || listen(m_oido, 128) != 0
-        || getsockname(m_oido, direccion, &largo) != 0)
+    int puerto = 0;
+    m_oido = zocalos::oir("127.0.0.1", 128, puerto);
+    if (m_oido == zocalos::ninguno)
         throw std::runtime_error("no loopback port for the demonstration service");
-    return ntohs(donde.sin_port);
+    return puerto;
 }
 
 void ServicioDemo::Interno::escuchar()
 {
     for (;;) {
-        pollfd esperas[] = {{m_oido, POLLIN, 0}, {m_parada[0], POLLIN, 0}};
-        poll(esperas, 2, -1);
-        if (esperas[1].revents != 0)
+        std::array<zocalos::Espera, 2> esperas = {
+            {{.zocalo = m_oido}, {.zocalo = m_parada.zocalo()}}};
+        zocalos::esperar(esperas, zocalos::sinLimite);
+        if (esperas[1].lista)
             return;
-        const int zocalo = accept4(m_oido, nullptr, nullptr, SOCK_CLOEXEC);
-        if (zocalo < 0)
+        const zocalos::Zocalo zocalo = zocalos::aceptar(m_oido);
+        if (zocalo == zocalos::ninguno)
             continue;
         recoger(false);
         Hilo &hilo = m_hilos.emplace_back();
         hilo.hilo = std::thread([this, &hilo, zocalo] {
             {
-                Conexion conexion(zocalo, m_parada[0], identidad.contexto.get());
+                Conexion conexion(zocalo, m_parada.zocalo(), identidad.contexto.get());
                 atender(conexion);
             }
             hilo.terminado = true;

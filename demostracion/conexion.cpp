@@ -1,75 +1,72 @@
 // SPDX-License-Identifier: MIT
 #include "demostracion/conexion.h"
 
-#include <openssl/err.h>
-#include <openssl/ssl.h>
+#include <array>
 
-#include <cerrno>
-#include <fcntl.h>
-#include <netinet/in.h>
-#include <netinet/tcp.h>
-#include <poll.h>
-#include <sys/socket.h>
-#include <unistd.h>
+using zocalos::ahoraNo;
+using zocalos::sinLimite;
 
 namespace {
 
 constexpr int limiteCabecera = 64 * 1024;
-constexpr int sinLimite = -1;
 constexpr int cortesia = 1000; // milliseconds left to a client that does not close its side
 
 } // namespace
 
 namespace demo {
 
-Conexion::Conexion(int zocalo, int parada, ssl_ctx_st *tls) : m_zocalo(zocalo), m_parada(parada)
+Conexion::Conexion(zocalos::Zocalo zocalo, zocalos::Zocalo parada, ssl_ctx_st *tls)
+    : m_zocalo(zocalo), m_parada(parada)
 {
-    fcntl(m_zocalo, F_SETFL, fcntl(m_zocalo, F_GETFL) | O_NONBLOCK);
-    const int si = 1;
-    setsockopt(m_zocalo, IPPROTO_TCP, TCP_NODELAY, &si, sizeof si);
-    if (tls) {
-        m_ssl = SSL_new(tls);
-        SSL_set_fd(m_ssl, m_zocalo);
-    }
+    zocalos::noBloquear(m_zocalo);
+    zocalos::noDemorar(m_zocalo);
+    if (tls)
+        m_tls.emplace(tls, m_zocalo);
 }
 
 Conexion::~Conexion()
 {
-    if (m_ssl)
-        SSL_free(m_ssl);
-    close(m_zocalo);
+    m_tls.reset();
+    zocalos::cerrar(m_zocalo);
 }
 
-bool Conexion::lista(short sucesos, int milisegundos)
+bool Conexion::lista(bool escribir, int milisegundos)
 {
-    pollfd esperas[] = {{m_zocalo, sucesos, 0}, {m_parada, POLLIN, 0}};
-    int n = 0;
-    do
-        n = poll(esperas, 2, milisegundos);
-    while (n < 0 && errno == EINTR);
-    return n > 0 && esperas[1].revents == 0;
+    std::array<zocalos::Espera, 2> esperas = {
+        {{.zocalo = m_zocalo, .escribir = escribir}, {.zocalo = m_parada}}};
+    return zocalos::esperar(esperas, milisegundos) && !esperas[1].lista;
 }
 
-// OpenSSL says in which direction it is stuck; waits for that direction.
+bool Conexion::legible(int milisegundos)
+{
+    return lista(false, milisegundos);
+}
+
+bool Conexion::escribible()
+{
+    return lista(true, sinLimite);
+}
+
+// TLS says in which direction it is stuck; waits for that direction.
 bool Conexion::reintentar(int resultado)
 {
-    switch (SSL_get_error(m_ssl, resultado)) {
-    case SSL_ERROR_WANT_READ:
-        return lista(POLLIN, sinLimite);
-    case SSL_ERROR_WANT_WRITE:
-        return lista(POLLOUT, sinLimite);
-    default:
-        return false;
+    switch (m_tls->falta(resultado)) {
+    case CanalTls::Falta::Lectura:
+        return legible(sinLimite);
+    case CanalTls::Falta::Escritura:
+        return escribible();
+    case CanalTls::Falta::Nada:
+        break;
     }
+    return false;
 }
 
 bool Conexion::saludar()
 {
-    if (!m_ssl)
+    if (!m_tls)
         return true;
     for (;;) {
-        ERR_clear_error();
-        const int n = SSL_accept(m_ssl);
+        const int n = m_tls->saludar();
         if (n == 1)
             return true;
         if (!reintentar(n))
@@ -80,14 +77,13 @@ bool Conexion::saludar()
 qsizetype Conexion::leer(char *donde, int cuanto)
 {
     for (;;) {
-        if (m_ssl) {
-            ERR_clear_error();
-            const int n = SSL_read(m_ssl, donde, cuanto);
+        if (m_tls) {
+            const int n = m_tls->leer(donde, cuanto);
             if (n > 0 || !reintentar(n))
                 return n;
         } else {
-            const ssize_t n = recv(m_zocalo, donde, static_cast<size_t>(cuanto), 0);
-            if (n >= 0 || (errno != EAGAIN && errno != EINTR) || !lista(POLLIN, sinLimite))
+            const qsizetype n = zocalos::recibir(m_zocalo, donde, cuanto);
+            if (n != ahoraNo || !legible(sinLimite))
                 return n;
         }
     }
@@ -115,14 +111,13 @@ bool Conexion::enviar(const QByteArray &bytes)
     qsizetype falta = bytes.size();
     while (falta > 0) {
         qsizetype n = 0;
-        if (m_ssl) {
-            ERR_clear_error();
-            n = SSL_write(m_ssl, donde, static_cast<int>(falta));
+        if (m_tls) {
+            n = m_tls->escribir(donde, static_cast<int>(falta));
             if (n <= 0 && !reintentar(static_cast<int>(n)))
                 return false;
         } else {
-            n = send(m_zocalo, donde, static_cast<size_t>(falta), MSG_NOSIGNAL);
-            if (n < 0 && ((errno != EAGAIN && errno != EINTR) || !lista(POLLOUT, sinLimite)))
+            n = zocalos::enviar(m_zocalo, donde, falta);
+            if (n < 0 && (n != ahoraNo || !escribible()))
                 return false;
         }
         if (n > 0) {
@@ -137,30 +132,26 @@ bool Conexion::enviar(const QByteArray &bytes)
 // can overtake the reply: so the writing side ends first and the client closes.
 void Conexion::despedir()
 {
-    if (m_ssl)
-        SSL_shutdown(m_ssl);
-    shutdown(m_zocalo, SHUT_WR);
+    if (m_tls)
+        m_tls->despedir();
+    zocalos::terminarEnvio(m_zocalo);
     char resto[4096];
-    while (lista(POLLIN, cortesia) && recv(m_zocalo, resto, sizeof resto, 0) > 0) {
+    while (legible(cortesia) && zocalos::recibir(m_zocalo, resto, sizeof resto) > 0) {
     }
 }
 
 bool Conexion::esperar(std::chrono::milliseconds tiempo)
 {
-    pollfd espera{m_parada, POLLIN, 0};
-    int n = 0;
-    do
-        n = poll(&espera, 1, static_cast<int>(tiempo.count()));
-    while (n < 0 && errno == EINTR);
-    return n == 0;
+    zocalos::Espera espera = {.zocalo = m_parada};
+    return !zocalos::esperar({&espera, 1}, static_cast<int>(tiempo.count()));
 }
 
 void Conexion::esperarFin()
 {
     char resto[4096];
-    while (lista(POLLIN, sinLimite)) {
-        const ssize_t n = recv(m_zocalo, resto, sizeof resto, 0);
-        if (n == 0 || (n < 0 && errno != EAGAIN && errno != EINTR))
+    while (legible(sinLimite)) {
+        const qsizetype n = zocalos::recibir(m_zocalo, resto, sizeof resto);
+        if (n == 0 || (n < 0 && n != ahoraNo))
             return;
     }
 }

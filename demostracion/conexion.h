@@ -2,20 +2,21 @@
 // One accepted connection of the demonstration service, plain or encrypted.
 #pragma once
 
+#include "demostracion/canalTls.h"
+#include "demostracion/zocalos.h"
+
 #include <QByteArray>
 
 #include <chrono>
-
-struct ssl_ctx_st;
-struct ssl_st;
+#include <optional>
 
 namespace demo {
 
 class Conexion {
 public:
-    // Takes over the socket. `parada` is a descriptor that becomes readable when the service
-    // stops, and every wait ends then; `tls` is null for plain text.
-    Conexion(int zocalo, int parada, ssl_ctx_st *tls);
+    // Takes over the socket. `parada` becomes readable when the service stops, and every wait ends
+    // then; `tls` is null for plain text. Both are borrowed, and must outlive the object.
+    Conexion(zocalos::Zocalo zocalo, zocalos::Zocalo parada, ssl_ctx_st *tls);
     ~Conexion();
     Conexion(const Conexion &) = delete;
     Conexion &operator=(const Conexion &) = delete;
@@ -35,13 +36,15 @@ public:
     void esperarFin();
 
 private:
-    bool lista(short sucesos, int milisegundos);
+    bool legible(int milisegundos);
+    bool escribible();
+    bool lista(bool escribir, int milisegundos);
     bool reintentar(int resultado);
     qsizetype leer(char *donde, int cuanto);
 
-    int m_zocalo;
-    int m_parada;
-    ssl_st *m_ssl = nullptr;
+    zocalos::Zocalo m_zocalo;
+    zocalos::Zocalo m_parada;
+    std::optional<CanalTls> m_tls;
 };
 
 } // namespace demo

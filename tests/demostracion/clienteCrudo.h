@@ -3,32 +3,24 @@
 // stands between a test and the wire.
 #pragma once
 
+#include "demostracion/zocalos.h"
+
 #include <QByteArray>
 #include <QUrl>
 
-#include <arpa/inet.h>
-#include <poll.h>
-#include <sys/socket.h>
-#include <unistd.h>
-
 class ClienteCrudo {
 public:
-    explicit ClienteCrudo(const QString &base) : zocalo(socket(AF_INET, SOCK_STREAM, 0))
+    explicit ClienteCrudo(const QString &base)
+        : zocalo(zocalos::conectar(QUrl(base).port())), conectado(zocalo != zocalos::ninguno)
     {
-        sockaddr_in donde{};
-        donde.sin_family = AF_INET;
-        donde.sin_port = htons(static_cast<uint16_t>(QUrl(base).port()));
-        donde.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-        conectado = connect(zocalo, reinterpret_cast<sockaddr *>(&donde), sizeof donde) == 0;
     }
-    ~ClienteCrudo() { close(zocalo); }
+    ~ClienteCrudo() { zocalos::cerrar(zocalo); }
     ClienteCrudo(const ClienteCrudo &) = delete;
     ClienteCrudo &operator=(const ClienteCrudo &) = delete;
 
     void enviar(const QByteArray &bytes)
     {
-        const ssize_t n =
-            send(zocalo, bytes.constData(), static_cast<size_t>(bytes.size()), MSG_NOSIGNAL);
+        const qsizetype n = zocalos::enviar(zocalo, bytes.constData(), bytes.size());
         conectado = conectado && n == bytes.size();
     }
 
@@ -38,9 +30,9 @@ public:
     {
         QByteArray todo;
         char trozo[4096];
-        pollfd espera{zocalo, POLLIN, 0};
-        while (poll(&espera, 1, milisegundos) > 0) {
-            const ssize_t n = recv(zocalo, trozo, sizeof trozo, 0);
+        zocalos::Espera espera = {.zocalo = zocalo};
+        while (zocalos::esperar({&espera, 1}, milisegundos)) {
+            const qsizetype n = zocalos::recibir(zocalo, trozo, sizeof trozo);
             if (n <= 0) {
                 fin = n == 0;
                 return todo;
@@ -50,9 +42,9 @@ public:
         return todo;
     }
 
-    bool conectado = false;
+    const zocalos::Zocalo zocalo;
+    bool conectado;
     bool fin = false;
-    const int zocalo;
 };
 
 // One request on a connection of its own.

@@ -56,7 +56,7 @@ Resultado conversar(SSL_CTX *contexto, const QString &base, const char *host,
     Resultado resultado;
     const ClienteCrudo cliente(base);
     const Tls tls(SSL_new(contexto));
-    SSL_set_fd(tls.get(), cliente.zocalo);
+    SSL_set_fd(tls.get(), static_cast<int>(cliente.zocalo));
     X509_VERIFY_PARAM *exige = SSL_get0_param(tls.get());
     if (X509_VERIFY_PARAM_set1_ip_asc(exige, host) != 1)
         SSL_set1_host(tls.get(), host);

@@ -3,12 +3,9 @@
 
 #include <QMutexLocker>
 
+#include <algorithm>
 #include <array>
-
-#include <arpa/inet.h>
-#include <poll.h>
-#include <sys/socket.h>
-#include <unistd.h>
+#include <vector>
 
 QByteArray ServidorGuion::Charla::leerCabeza()
 {
@@ -27,16 +24,23 @@ QByteArray ServidorGuion::Charla::leerCabeza()
 QByteArray ServidorGuion::Charla::leer()
 {
     std::array<char, 16384> trozo;
-    const ssize_t leidos = ::recv(conexion, trozo.data(), trozo.size(), 0);
+    zocalos::Espera espera = {.zocalo = conexion};
+    qsizetype leidos = 0;
+    do
+        leidos = zocalos::recibir(conexion, trozo.data(), trozo.size());
+    while (leidos == zocalos::ahoraNo && esperar({&espera, 1}));
     return leidos > 0 ? QByteArray(trozo.data(), leidos) : QByteArray();
 }
 
 void ServidorGuion::Charla::enviar(const QByteArray &bytes)
 {
+    zocalos::Espera espera = {.zocalo = conexion, .escribir = true};
     qsizetype enviados = 0;
     while (enviados < bytes.size()) {
-        const ssize_t esta = ::send(conexion, bytes.constData() + enviados,
-                                    static_cast<size_t>(bytes.size() - enviados), MSG_NOSIGNAL);
+        const qsizetype esta =
+            zocalos::enviar(conexion, bytes.constData() + enviados, bytes.size() - enviados);
+        if (esta == zocalos::ahoraNo && esperar({&espera, 1}))
+            continue;
         if (esta <= 0)
             return; // the client has had enough
         enviados += esta;
@@ -45,7 +49,7 @@ void ServidorGuion::Charla::enviar(const QByteArray &bytes)
 
 void ServidorGuion::Charla::terminar()
 {
-    ::shutdown(conexion, SHUT_WR);
+    zocalos::terminarEnvio(conexion);
 }
 
 bool ServidorGuion::Charla::clienteCierra(std::chrono::milliseconds tiempo)
@@ -54,12 +58,21 @@ bool ServidorGuion::Charla::clienteCierra(std::chrono::milliseconds tiempo)
     for (;;) {
         const auto resta = std::chrono::duration_cast<std::chrono::milliseconds>(
             fin - std::chrono::steady_clock::now());
-        pollfd espera = {conexion, POLLIN, 0};
-        if (resta.count() <= 0 || ::poll(&espera, 1, static_cast<int>(resta.count())) <= 0)
+        zocalos::Espera espera = {.zocalo = conexion};
+        if (resta.count() <= 0 || !esperar({&espera, 1}, static_cast<int>(resta.count())))
             return false;
         if (leer().isEmpty())
-            return !m_servidor.m_fin;
+            return true;
     }
+}
+
+bool ServidorGuion::Charla::esperar(std::span<zocalos::Espera> esperas, int milisegundos)
+{
+    std::vector<zocalos::Espera> todas(esperas.begin(), esperas.end());
+    todas.push_back({.zocalo = m_servidor.m_parada.zocalo()});
+    const bool hay = zocalos::esperar(todas, milisegundos) && !todas.back().lista;
+    std::copy_n(todas.begin(), esperas.size(), esperas.begin());
+    return hay;
 }
 
 ServidorGuion::ServidorGuion(const Guion &guion, const char *direccion)
@@ -80,17 +93,11 @@ ServidorGuion::ServidorGuion(const QByteArray &respuesta)
 
 ServidorGuion::~ServidorGuion()
 {
-    m_fin = true;
-    ::shutdown(m_oido, SHUT_RDWR);
+    m_parada.dar();
     m_oyente.join();
-    {
-        const QMutexLocker guardia(&m_cerrojo);
-        for (const int conexion : m_abiertas)
-            ::shutdown(conexion, SHUT_RDWR);
-    }
     for (std::thread &hilo : m_hilos)
         hilo.join();
-    ::close(m_oido);
+    zocalos::cerrar(m_oido);
 }
 
 QByteArray ServidorGuion::base() const
@@ -114,35 +121,28 @@ QList<QByteArray> ServidorGuion::destinos() const
 
 void ServidorGuion::abrir()
 {
-    m_oido = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    sockaddr_in donde = {};
-    donde.sin_family = AF_INET;
-    donde.sin_addr.s_addr = ::inet_addr(m_direccion.constData());
-    socklen_t largo = sizeof donde;
-    auto *direccion = reinterpret_cast<sockaddr *>(&donde);
-    if (::bind(m_oido, direccion, largo) != 0 || ::listen(m_oido, 64) != 0
-        || ::getsockname(m_oido, direccion, &largo) != 0)
+    m_oido = zocalos::oir(m_direccion.constData(), 64, m_puerto);
+    if (m_oido == zocalos::ninguno)
         qFatal("no loopback port for a scripted server");
-    m_puerto = ntohs(donde.sin_port);
     m_oyente = std::thread([this] { escuchar(); });
 }
 
 void ServidorGuion::escuchar()
 {
-    while (!m_fin) {
-        const int conexion = ::accept4(m_oido, nullptr, nullptr, SOCK_CLOEXEC);
-        if (conexion < 0)
+    for (;;) {
+        std::array<zocalos::Espera, 2> esperas = {
+            {{.zocalo = m_oido}, {.zocalo = m_parada.zocalo()}}};
+        zocalos::esperar(esperas, zocalos::sinLimite);
+        if (esperas[1].lista)
+            return;
+        const zocalos::Zocalo conexion = zocalos::aceptar(m_oido);
+        if (conexion == zocalos::ninguno)
             continue;
-        {
-            const QMutexLocker guardia(&m_cerrojo);
-            m_abiertas.append(conexion);
-        }
+        zocalos::noBloquear(conexion);
         m_hilos.emplace_back([this, conexion, numero = m_conexiones++] {
             Charla charla(*this, numero, conexion);
             m_guion(charla);
-            const QMutexLocker guardia(&m_cerrojo);
-            m_abiertas.removeOne(conexion);
-            ::close(conexion);
+            zocalos::cerrar(conexion);
         });
     }
 }

@@ -3,6 +3,8 @@
 // each connection is played by the test's script, in a thread of its own.
 #pragma once
 
+#include "demostracion/zocalos.h"
+
 #include <QByteArray>
 #include <QList>
 #include <QMutex>
@@ -18,8 +20,8 @@ public:
     // One accepted connection, in the hands of the script. Every wait ends when the server does.
     class Charla {
     public:
-        const int numero;   // 0 for the first connection
-        const int conexion; // its descriptor
+        const int numero;               // 0 for the first connection
+        const zocalos::Zocalo conexion; // which does not block
 
         // The request's head, up to and with the empty line; less when the client goes away
         // before. It is noted in cabezas().
@@ -31,10 +33,13 @@ public:
         void terminar();
         // Whether the client has closed the connection before the time is over.
         bool clienteCierra(std::chrono::milliseconds tiempo = std::chrono::seconds(10));
+        // Waits for sockets, of which the connection may be one. False: the server ends, or the
+        // time is over.
+        bool esperar(std::span<zocalos::Espera> esperas, int milisegundos = zocalos::sinLimite);
 
     private:
         friend class ServidorGuion;
-        Charla(ServidorGuion &servidor, int numero, int conexion)
+        Charla(ServidorGuion &servidor, int numero, zocalos::Zocalo conexion)
             : numero(numero), conexion(conexion), m_servidor(servidor)
         {
         }
@@ -65,13 +70,12 @@ private:
 
     Guion m_guion;
     QByteArray m_direccion;
-    int m_oido = -1;
+    zocalos::Parada m_parada;
+    zocalos::Zocalo m_oido = zocalos::ninguno;
     int m_puerto = 0;
     std::atomic<int> m_conexiones = 0;
-    mutable QMutex m_cerrojo; // guards the two lists
+    mutable QMutex m_cerrojo; // guards the list
     QList<QByteArray> m_cabezas;
-    QList<int> m_abiertas;
-    std::atomic<bool> m_fin = false;
     std::list<std::thread> m_hilos; // the listener's alone, until it has ended
     std::thread m_oyente;
 };

@@ -3,37 +3,30 @@
 
 #include <QMutexLocker>
 
+#include <algorithm>
 #include <array>
-
-#include <arpa/inet.h>
-#include <poll.h>
-#include <sys/socket.h>
-#include <unistd.h>
 
 namespace {
 
-int conectar(int puerto)
-{
-    const int conexion = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    sockaddr_in donde = {};
-    donde.sin_family = AF_INET;
-    donde.sin_port = htons(static_cast<uint16_t>(puerto));
-    donde.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    if (::connect(conexion, reinterpret_cast<sockaddr *>(&donde), sizeof donde) == 0)
-        return conexion;
-    ::close(conexion);
-    return -1;
-}
+constexpr int cortesia = 10000; // milliseconds for an end that does not read
 
 // What is there to read, sent on and noted. False: one end has gone away.
-bool pasar(int desde, int hacia, QByteArray &anotado)
+bool pasar(zocalos::Zocalo desde, zocalos::Zocalo hacia, QByteArray &anotado)
 {
     std::array<char, 16384> trozo;
-    const ssize_t leidos = ::recv(desde, trozo.data(), trozo.size(), 0);
+    const qsizetype leidos = zocalos::recibir(desde, trozo.data(), trozo.size());
     if (leidos <= 0)
-        return false;
+        return leidos == zocalos::ahoraNo;
     anotado.append(trozo.data(), leidos);
-    return ::send(hacia, trozo.data(), static_cast<size_t>(leidos), MSG_NOSIGNAL) == leidos;
+    qsizetype enviados = 0;
+    while (enviados < leidos) {
+        const qsizetype esta = zocalos::enviar(hacia, trozo.data() + enviados, leidos - enviados);
+        zocalos::Espera espera = {.zocalo = hacia, .escribir = true};
+        if (esta < 0 && (esta != zocalos::ahoraNo || !zocalos::esperar({&espera, 1}, cortesia)))
+            return false;
+        enviados += std::max<qsizetype>(esta, 0);
+    }
+    return true;
 }
 
 } // namespace
@@ -53,21 +46,22 @@ void Tunel::servir(ServidorGuion::Charla &charla, int puerto)
 {
     Paso paso;
     paso.peticion = charla.leerCabeza();
-    const int servidor = conectar(puerto);
-    if (servidor < 0)
+    const zocalos::Zocalo servidor = zocalos::conectar(puerto);
+    if (servidor == zocalos::ninguno)
         return;
+    zocalos::noBloquear(servidor);
     charla.enviar("HTTP/1.1 200 Connection established\r\n\r\n");
     bool sigue = true;
     while (sigue) {
-        std::array<pollfd, 2> esperas = {{{charla.conexion, POLLIN, 0}, {servidor, POLLIN, 0}}};
-        if (::poll(esperas.data(), esperas.size(), -1) < 0)
-            continue;
-        if (esperas[0].revents != 0)
+        std::array<zocalos::Espera, 2> esperas = {
+            {{.zocalo = charla.conexion}, {.zocalo = servidor}}};
+        sigue = charla.esperar(esperas);
+        if (sigue && esperas[0].lista)
             sigue = pasar(charla.conexion, servidor, paso.delCliente);
-        if (sigue && esperas[1].revents != 0)
+        if (sigue && esperas[1].lista)
             sigue = pasar(servidor, charla.conexion, paso.delServidor);
     }
-    ::close(servidor);
+    zocalos::cerrar(servidor);
     const QMutexLocker guardia(&m_cerrojo);
     m_pasos.append(paso);
 }
