@@ -8,11 +8,6 @@
 #include <QTest>
 
 #include <atomic>
-#include <vector>
-
-#include <arpa/inet.h>
-#include <sys/socket.h>
-#include <unistd.h>
 
 using namespace std::chrono_literals;
 using Charla = ServidorGuion::Charla;
@@ -46,7 +41,6 @@ private Q_SLOTS:
     void lineasTrasElCuerpo_acotadas();
     void goteo_noEsSilencio();
     void silencioRepetido_elClienteSigue();
-    void conexionQueNoSeHace_seAbandona();
     void saludoQueNoLlega_seAbandona_data();
     void saludoQueNoLlega_seAbandona();
 };
@@ -219,39 +213,6 @@ void tst_HttpLimites::silencioRepetido_elClienteSigue()
     for (int i = 0; i < 2; ++i)
         QCOMPARE(http.get(guion.base() + "/muda", {}), std::nullopt);
     QCOMPARE(http.get(guion.base() + "/a", {}), QByteArray("hola"));
-}
-
-// A listener whose queue is full answers no further connection.
-void tst_HttpLimites::conexionQueNoSeHace_seAbandona()
-{
-    const int oido = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    sockaddr_in donde = {};
-    donde.sin_family = AF_INET;
-    donde.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    socklen_t largo = sizeof donde;
-    auto *direccion = reinterpret_cast<sockaddr *>(&donde);
-    QCOMPARE(::bind(oido, direccion, largo), 0);
-    QCOMPARE(::listen(oido, 0), 0);
-    QCOMPARE(::getsockname(oido, direccion, &largo), 0);
-    std::vector<int> cola;
-    for (int i = 0; i < 8; ++i) {
-        cola.push_back(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
-        [[maybe_unused]] const int enCurso = ::connect(cola.back(), direccion, largo);
-    }
-    HttpClient::Limites limites;
-    limites.conexion = 300ms;
-    HttpClient http(HttpClient::autoridadesDelSistema(), limites);
-    QElapsedTimer reloj;
-    reloj.start();
-    const auto respuesta =
-        http.get("http://127.0.0.1:" + QByteArray::number(ntohs(donde.sin_port)) + "/", {});
-    const qint64 tardanza = reloj.elapsed();
-    for (const int conexion : cola)
-        ::close(conexion);
-    ::close(oido);
-    QCOMPARE(respuesta, std::nullopt);
-    QVERIFY(tardanza >= 299);   // it was the limit, and no refusal
-    QVERIFY(tardanza < 60'000); // and not the silence's
 }
 
 void tst_HttpLimites::saludoQueNoLlega_seAbandona_data()
