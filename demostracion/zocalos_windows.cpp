@@ -158,7 +158,7 @@ bool esperar(std::span<Espera> esperas, int milisegundos)
         conjunto.fd_array[conjunto.fd_count++] = propio(una.zocalo);
         fallo.fd_array[fallo.fd_count++] = propio(una.zocalo);
     }
-    const timeval tiempo = {milisegundos / 1000, milisegundos % 1000 * 1000};
+    timeval tiempo = {milisegundos / 1000, milisegundos % 1000 * 1000};
     const bool hay =
         ::select(0, &lectura, &escritura, &fallo, milisegundos == sinLimite ? nullptr : &tiempo)
         > 0;

@@ -8,11 +8,13 @@
 #include "platform/direccionHttp.h"
 
 #include <algorithm>
+#include <chrono>
 #include <vector>
 
 namespace {
 
 constexpr int redireccionesMaximas = 10;
+constexpr auto entreMiradas = std::chrono::milliseconds(20);
 
 using Manija = std::unique_ptr<CURL, decltype(&curl_easy_cleanup)>;
 using Comun = std::unique_ptr<CURLSH, decltype(&curl_share_cleanup)>;
@@ -85,7 +87,8 @@ public:
         const Lista lista = listaDe(m_curl, cabeceras);
         if (!manija || (!lista && !cabeceras.isEmpty()))
             return respuesta;
-        TransferenciaHttp transferencia(m_curl, manija.get(), recibir, m_limites.texto);
+        TransferenciaHttp transferencia(m_curl, manija.get(), recibir, m_limites.texto,
+                                        m_autoridades);
         if (!preparar(transferencia, direccion, protocolos, lista.get()))
             return respuesta;
 
@@ -117,6 +120,7 @@ public:
         const EnCurso esta(m_enCurso);
         direccionHttp::Partes actual = direccionHttp::separar(direccion);
         bool segura = direccionHttp::esSegura(direccion);
+        esperarProxy(actual.servidor);
         const auto pronto = MotorHttp::prontoDesdeAhora();
         for (int saltos = 0;; ++saltos) {
             const Respuesta respuesta =
@@ -160,7 +164,6 @@ private:
         const auto poner = [&](CURLoption opcion, auto valor) {
             bien = bien && m_curl.easy_setopt(transferencia.easy, opcion, valor) == CURLE_OK;
         };
-        constexpr const char *nada = nullptr;
         poner(CURLOPT_URL, (direccion.servidor + direccion.destino).constData());
         poner(CURLOPT_REQUEST_TARGET, direccion.destino.constData());
         poner(CURLOPT_PATH_AS_IS, 1L);
@@ -186,11 +189,24 @@ private:
         poner(CURLOPT_SSLVERSION, static_cast<long>(CURL_SSLVERSION_TLSv1_2));
         poner(CURLOPT_SSL_VERIFYPEER, 1L);
         poner(CURLOPT_SSL_VERIFYHOST, 2L);
-        // One bundle and no folder of certificates: only so is the bundle parsed once and not
-        // at every connection (19 ms of CPU each).
-        poner(CURLOPT_CAINFO, m_autoridades.constData());
-        poner(CURLOPT_CAPATH, nada);
-        return bien && transferencia.atender();
+        return bien && HttpClientSistema::confiarEn(m_curl, transferencia.easy, m_autoridades)
+               && m_proxy.poner(m_curl, transferencia.easy, direccion.servidor)
+               && transferencia.atender();
+    }
+
+    // The first request waits until it is known which way requests go, while the event loop turns,
+    // and never longer than a connection may take: what is not known then is none, for as long as
+    // it is not. Where nothing has to be found out it does not turn.
+    void esperarProxy(const QByteArray &servidor)
+    {
+        if (!m_listo || m_proxyEsperado || m_proxy.conocido(servidor))
+            return;
+        const auto hasta = MotorHttp::Reloj::now() + m_limites.conexion;
+        QTimer mirada;
+        mirada.start(entreMiradas);
+        while (!m_proxy.conocido(servidor) && MotorHttp::Reloj::now() < hasta)
+            m_motor.girar();
+        m_proxyEsperado = true;
     }
 
     // Turns the event loop until the transfer has ended. No callback of the library does so:
@@ -259,8 +275,10 @@ private:
     MotorHttp m_motor;
     bool m_listo = false; // all of them could be had
     std::vector<Manija> m_libres;
-    bool m_haContestado = false; // the service, in this process
-    int m_enCurso = 0;           // requests, one within the other
+    HttpClientSistema::Proxy m_proxy;
+    bool m_proxyEsperado = false; // as long as it is waited for at all
+    bool m_haContestado = false;  // the service, in this process
+    int m_enCurso = 0;            // requests, one within the other
 };
 
 } // namespace

@@ -2,8 +2,6 @@
 #include "MotorHttp.h"
 #include "HttpClientSistema.h"
 
-#include <QCoreApplication>
-#include <QEventLoop>
 #include <QScopedValueRollback>
 
 #include <algorithm>
@@ -70,7 +68,7 @@ void MotorHttp::esperarDeCerca(const bool &terminada, Reloj::time_point hasta)
 
 void MotorHttp::girar()
 {
-    QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
+    HttpClientSistema::girar();
     m_retirados.clear();
 }
 

@@ -133,7 +133,9 @@ int TransferenciaHttp::alConectar(void *quien, char *, char *, int, int)
     auto &yo = *static_cast<TransferenciaHttp *>(quien);
     yo.m_conectada = true;
     yo.m_ultimoByte = Reloj::now();
-    return CURL_PREREQFUNC_OK;
+    return HttpClientSistema::esDeConfianza(yo.m_curl, yo.easy, yo.m_autoridades)
+               ? CURL_PREREQFUNC_OK
+               : CURL_PREREQFUNC_ABORT;
 }
 
 // A warning (status 1xx) has headers of its own before those of the reply, and what follows the

@@ -25,10 +25,11 @@ public:
 
     // `curl` and `easy` are borrowed, and must outlive the object. The object must not move: the
     // library holds its address. What `recibir` refers to must outlive it. `limiteSalto`: how many
-    // bytes a redirect's own body may have.
+    // bytes a redirect's own body may have. `autoridades`: of HttpClientSistema.
     TransferenciaHttp(const BibliotecaCurl &curl, CURL *easy, const Recibir &recibir,
-                      qint64 limiteSalto)
-        : easy(easy), m_curl(curl), m_recibir(recibir), m_limiteSalto(limiteSalto)
+                      qint64 limiteSalto, const QByteArray &autoridades)
+        : easy(easy), m_curl(curl), m_recibir(recibir), m_limiteSalto(limiteSalto),
+          m_autoridades(autoridades)
     {
     }
     ~TransferenciaHttp();
@@ -79,6 +80,7 @@ private:
     const BibliotecaCurl &m_curl;
     Recibir m_recibir;
     qint64 m_limiteSalto;
+    QByteArray m_autoridades;
     qint64 m_salto = 0; // of it so far
     std::array<char, CURL_ERROR_SIZE> m_error = {};
     bool m_mirarSalida = false;

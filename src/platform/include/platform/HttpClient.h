@@ -46,6 +46,7 @@ public:
     };
 
     // `autoridades` is the native path of the one file of trusted certificate authorities (PEM).
+    // Empty where the system keeps them itself and in no file: those that the system trusts.
     explicit HttpClient(const QString &autoridades = autoridadesDelSistema());
     HttpClient(const QString &autoridades, const Limites &limites);
     ~HttpClient();
@@ -65,6 +66,7 @@ public:
     // a part of the body.
     bool getArchivo(const QByteArray &direccion, QIODevice &destino);
 
+    // Empty on Windows, which keeps them in a store of its own.
     static QString autoridadesDelSistema();
 
     class Interno;
