@@ -57,9 +57,9 @@ struct Encargo {
 };
 
 // Sees to it that the process's character type is UTF-8, by which libarchive goes with names unless
-// they are wide ones; false when the system has none. Copying and proving ask for it themselves. In a session of another
-// encoding it changes the process's locale: whoever has threads asks before they start, and after
-// the application object has been made, which sets the locale as well.
+// they are wide ones; false when the system has none. Copying and proving ask for it themselves. In
+// a session of another encoding it changes the process's locale: whoever has threads asks before
+// they start, and after the application object has been made, which sets the locale as well.
 bool nombresEnUtf8();
 
 // Writes the copy. It stands in the same folder under another name, or none, until it is whole;

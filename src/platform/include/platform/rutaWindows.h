@@ -32,8 +32,8 @@ struct Lugar {
 std::optional<Lugar> lugarEn(const QString &raiz, const QString &ruta);
 
 // The lines of a folder's listing: the names in it, sorted without regard to letter case, each with
-// the folder's path before it as that was written. The separator is "\", and "/" in a path that begins
-// so.
+// the folder's path before it as that was written. The separator is "\", and "/" in a path that
+// begins so.
 QStringList listado(const QString &carpeta, QStringList nombres);
 
 // A path that begins as a line of a folder's listing does: the folder's name ("Quorvela"), one
