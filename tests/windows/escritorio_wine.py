@@ -10,6 +10,7 @@ works in a copy.
 
 import fcntl
 import os
+import struct
 import subprocess
 from pathlib import Path
 
@@ -55,10 +56,12 @@ class EscritorioWine(Escritorio):
                               cwd=self.casa, **opciones)
 
     def registrar(self, *entradas):
-        """Writes into the registry: (key, name or None for its own value, text or number)."""
+        """Writes into the registry: (key, name or None for its own value, text, number or
+        bytes)."""
         lineas = ["Windows Registry Editor Version 5.00", ""]
         for clave, nombre, valor in entradas:
-            dicho = f"dword:{valor:08x}" if isinstance(valor, int) else _citado(valor)
+            dicho = (f"dword:{valor:08x}" if isinstance(valor, int) else
+                     f"hex:{valor.hex(',')}" if isinstance(valor, bytes) else _citado(valor))
             lineas += [f"[{clave}]", f"{_citado(nombre) if nombre else '@'}={dicho}", ""]
         archivo = self.carpeta / "entradas.reg"
         archivo.write_text("\r\n".join(lineas), encoding="utf-16")
@@ -83,7 +86,8 @@ class EscritorioWine(Escritorio):
             self.entorno["USER"] = self._usuario
         else:
             self._copiar_unidad()
-        self.correr("cmd", "/c", "exit")
+        self.registrar((r"HKEY_CURRENT_USER\Control Panel\Desktop\WindowMetrics", "MessageFont",
+                        _letra("Tahoma")))
 
     def _copiar_unidad(self):
         UNIDAD.parent.mkdir(parents=True, exist_ok=True)
@@ -100,6 +104,13 @@ class EscritorioWine(Escritorio):
         subprocess.run([CON_WINE, "cmd", "/c", "exit"], env=entorno, check=True, timeout=PLAZO,
                        stdin=subprocess.DEVNULL, capture_output=True)
         subprocess.run(["wineserver", "-w"], env=entorno, check=True, timeout=PLAZO)
+
+
+# Wine's own setting is a name that stands for no font in particular, and Qt takes any for it.
+def _letra(nombre, alto=12, peso=400):
+    """A LOGFONTW, in which Windows keeps the choice of a font; `alto` in pixels at 96 dpi."""
+    return struct.pack("<5i8B64s", -alto, 0, 0, 0, peso, 0, 0, 0, 1, 0, 0, 0, 0,
+                       nombre.encode("utf-16-le"))
 
 
 def _citado(texto):
