@@ -64,7 +64,8 @@ class EscenaWindows(unittest.TestCase):
     def retratar_la_falla(self):
         """Leaves a picture of the screen where PARVANEL_RETRATOS says, when the test has failed."""
         resultado = self._outcome.result
-        if RETRATOS and any(caso is self for caso, _ in resultado.failures + resultado.errors):
+        if RETRATOS and any(caso.id().startswith(self.id())
+                                 for caso, _ in resultado.failures + resultado.errors):
             Path(RETRATOS).mkdir(parents=True, exist_ok=True)
             self.escritorio.pantalla.orden("import", "-window", "root",
                                            Path(RETRATOS) / f"falla-{self.id()}.png")

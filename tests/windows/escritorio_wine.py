@@ -86,8 +86,8 @@ class EscritorioWine(Escritorio):
             self.entorno["USER"] = self._usuario
         else:
             self._copiar_unidad()
-        self.registrar((r"HKEY_CURRENT_USER\Control Panel\Desktop\WindowMetrics", "MessageFont",
-                        _letra("Tahoma")))
+        self.registrar(*((r"HKEY_CURRENT_USER\Control Panel\Desktop\WindowMetrics", f"{uso}Font",
+                          _letra("DejaVu Sans")) for uso in ("Message", "Menu", "Status", "Icon")))
 
     def _copiar_unidad(self):
         UNIDAD.parent.mkdir(parents=True, exist_ok=True)

@@ -20,7 +20,6 @@ class SecretariaVista:
         """Fills in both boxes, as soon as the program is open: the first one has the focus."""
         self.ventana.esperar_texto("Usuario")
         self.ventana.teclear(usuario)
-        self.ventana.esperar_texto(usuario)
         self.ventana.tecla("Tab")
         self.ventana.teclear(clave)
 

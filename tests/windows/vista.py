@@ -37,9 +37,9 @@ class Lectura:
     """The words of a picture, a line after another."""
 
     def __init__(self, imagen):
-        grande = subprocess.run(["convert", "png:-", "-colorspace", "Gray", "-resize",
-                                 f"{AUMENTO * 100}%", "png:-"], input=imagen, check=True,
-                                timeout=60, capture_output=True).stdout
+        # Light on dark is read less surely than dark on light.
+        oscura = float(_convertir(imagen, "-format", "%[fx:mean]", "info:")) < 0.5
+        grande = _convertir(imagen, *["-negate"] * oscura, "-resize", f"{AUMENTO * 100}%", "png:-")
         # As words strewn over it, and as a page: the first passes over what stands in boxes, the
         # second over what stands alone.
         self._paginas = [_leer(grande, "11"), _leer(grande, "3")]
@@ -65,6 +65,11 @@ def parecidos(leido, buscado):
     """Whether what was read is that text, a misread letter aside."""
     comparacion = difflib.SequenceMatcher(None, leido.casefold(), buscado.casefold())
     return comparacion.ratio() >= PARECIDO
+
+
+def _convertir(imagen, *cambios):
+    return subprocess.run(["convert", "png:-", "-colorspace", "Gray", *cambios], input=imagen,
+                          check=True, timeout=60, capture_output=True).stdout
 
 
 def _leer(imagen, reparto):
