@@ -1,0 +1,120 @@
+# SPDX-License-Identifier: MIT
+"""The installer and the portable folder, as people get them.
+
+PARVANEL_SALIDA is the folder that they lie in, PARVANEL_VERSION what they are called by.
+"""
+
+import os
+import re
+import unittest
+import zipfile
+from pathlib import Path
+
+from escena_windows import ARCHIVO, EscenaWindows, contenido
+from secretaria import TITULO
+from secretaria_vista import SecretariaVista
+
+SALIDA, VERSION = Path(os.environ["PARVANEL_SALIDA"]), os.environ["PARVANEL_VERSION"]
+INSTALADOR = SALIDA / f"Parvanel-{VERSION}-instalador.exe"
+PORTATIL = SALIDA / f"Parvanel-{VERSION}-portable.zip"
+MENU = Path("ProgramData/Microsoft/Windows/Start Menu/Programs/Parvanel")
+ABIERTO = 2  # what the installer ends with when a program of the installation runs
+
+
+class Instalador(EscenaWindows):
+    def setUp(self):
+        self.preparar()
+        self.lugar = self.escritorio.c / "Program Files" / "Parvanel"
+
+    def instalar(self, estricta=True):
+        return self.escritorio.correr(INSTALADOR, "/S", estricta=estricta).returncode
+
+    def desinstalar(self):
+        self.escritorio.correr(self.lugar / "desinstalar.exe", "/S")
+        self.escritorio.esperar_todos()  # it goes on as a copy of itself
+
+    def abrir_del_menu(self, entrada):
+        """Opens what the Start menu has under that name, and waits for its window."""
+        acceso = (self.escritorio.c / MENU / f"{entrada}.lnk").read_bytes()
+        # Wine's `start` does not follow it, as Windows would: what it leads to is read out of
+        # it. Its path stands there in letters of one byte, ended by a zero byte.
+        destino = re.search(rb"C:\\[^\0]*\.exe(?=\0)", acceso).group().decode("ascii")
+        self.ventana = self.escritorio.abrir([destino], TITULO)
+        self.secretaria = SecretariaVista(self.ventana)
+
+    def hacer_un_historico(self):
+        self.secretaria.entrar()
+        self.secretaria.descargar()
+        self.cerrar()
+        historico = contenido(self.escritorio.c / ARCHIVO)
+        self.assertGreater(len(historico), 100)
+        self.assertTrue(historico["index.html"])
+
+    def test_instalarUsarDesinstalar_quedanSoloLosHistoricos(self):
+        self.escritorio.esperar_todos()
+        antes = self.archivos()
+        self.instalar()
+        self.assertEqual({a.name for a in self.lugar.iterdir()} - {"parvanel-revisor.exe"},
+                         {"parvanel.exe", "parvanel-demo.exe", "manual.html", "licencias.txt",
+                          "desinstalar.exe"})
+        self.abrir_del_menu("Parvanel (demostración)")
+        self.hacer_un_historico()
+        self.desinstalar()
+        self.assertEqual({a for a in self.archivos() - antes if a.parts[0] != "Quorvela"}, set())
+        self.assertEqual(antes - self.archivos(), set())
+        self.assertNotIn("parvanel", self.registro())
+        self.assertGreater(len(contenido(self.escritorio.c / ARCHIVO)), 100)
+
+    def test_instalado_esTambienElDelServicioDeVerdad(self):
+        self.instalar()
+        self.assertIn(f'"displayversion"="{VERSION}"', self.registro())
+        self.abrir_del_menu("Parvanel")
+        self.ventana.esperar_texto("Contraseña")
+        self.cerrar()
+
+    def test_instalarSobreSiMismo_quedaIgual(self):
+        self.instalar()
+        primero = contenido(self.lugar)
+        (self.lugar / "parvanel.exe").write_bytes(b"una version de antes")
+        self.instalar()
+        self.assertEqual(contenido(self.lugar), primero)
+
+    def test_instalarConElProgramaAbierto_loDiceYNoCambiaNada(self):
+        self.instalar()
+        (self.lugar / "manual.html").write_bytes(b"el de antes")
+        antes = contenido(self.lugar)
+        self.abrir_del_menu("Parvanel")
+        self.assertEqual(self.instalar(estricta=False), ABIERTO)
+        self.assertEqual(contenido(self.lugar), antes)
+        self.ventana.esperar_texto("Contraseña")
+        self.cerrar()
+        self.instalar()
+        self.assertNotEqual(contenido(self.lugar), antes)
+
+    def test_portatil_funcionaDesdeCualquierCarpeta(self):
+        carpeta = self.escritorio.c / "Mis programas del año"
+        with zipfile.ZipFile(PORTATIL) as portatil:
+            portatil.extractall(carpeta)
+        programa = carpeta / f"Parvanel-{VERSION}" / "parvanel-demo.exe"
+        self.assertTrue(programa.with_name("parvanel.exe").exists())
+        self.ventana = self.escritorio.abrir([programa], TITULO)
+        self.secretaria = SecretariaVista(self.ventana)
+        traido = contenido(carpeta)
+        self.hacer_un_historico()
+        self.assertEqual(contenido(carpeta), traido)
+
+    def archivos(self):
+        """What there is on drive C, but for what is temporary."""
+        c = self.escritorio.c
+        todos = {a.relative_to(c) for a in c.rglob("*")}
+        return {a for a in todos if not {"Temp", "temp"} & set(a.parts)}
+
+    def registro(self):
+        """The whole registry as one text in small letters, once it has been written."""
+        self.escritorio.esperar_todos()
+        return "".join((self.escritorio.unidad / f"{parte}.reg").read_text("utf-8", "replace")
+                       for parte in ("system", "user", "userdef")).casefold()
+
+
+if __name__ == "__main__":
+    unittest.main(verbosity=2)
