@@ -12,7 +12,6 @@ import os
 import subprocess
 from dataclasses import dataclass
 
-from procesos import esperar
 from ventana import PLAZO, Ventana
 
 AUMENTO = 3  # a screen's letters are too small to be read as they are
