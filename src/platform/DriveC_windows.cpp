@@ -96,8 +96,13 @@ private:
     {
         const Manija &carpeta = sitio.carpeta.manija;
         const auto mira = [&](Enlace enlace) {
-            return insistir(paciencia,
-                            [&] { return aperturas::mirar(carpeta, sitio.nombre, enlace); });
+            return insistir(paciencia, [&] {
+                auto mirada = aperturas::mirar(carpeta, sitio.nombre, enlace);
+                // A deletion that came to its end just then: what stands there now is looked for.
+                if (mirada && !aperturas::datosDe(mirada.manija))
+                    mirada = {{}, Fin::Ocupado};
+                return mirada;
+            });
         };
         const auto entrada = mira(Enlace::ElMismo);
         if (entrada.fin == Fin::Falta)
