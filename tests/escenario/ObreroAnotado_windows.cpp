@@ -17,6 +17,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr auto clase = "Parvanel.Pagina"_L1;
+constexpr auto programa = "platform.anotador.exe"_L1;
 
 // The same for every test, so that several at a time do each other no harm.
 void poner(const QString &clave, const QString &valor)
@@ -28,7 +29,7 @@ void poner(const QString &clave, const QString &valor)
         qFatal("no program to print with");
 }
 
-// Programs that this process has started and that still run.
+// Programs to print with that this process has started and that still run.
 int hijos()
 {
     HANDLE foto = CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
@@ -36,7 +37,10 @@ int hijos()
     proceso.dwSize = sizeof proceso;
     int cuantos = 0;
     for (BOOL hay = Process32FirstW(foto, &proceso); hay != 0; hay = Process32NextW(foto, &proceso))
-        cuantos += proceso.th32ParentProcessID == GetCurrentProcessId() ? 1 : 0;
+        cuantos += proceso.th32ParentProcessID == GetCurrentProcessId()
+                           && QString::fromWCharArray(proceso.szExeFile) == programa
+                       ? 1
+                       : 0;
     CloseHandle(foto);
     return cuantos;
 }
@@ -47,10 +51,9 @@ class ObreroAnotado::Interno {
 public:
     Interno()
     {
-        const QString programa = QDir::toNativeSeparators(QCoreApplication::applicationDirPath()
-                                                          + u"/platform.anotador.exe"_s);
-        poner(clase + u"\\shell\\print\\command"_s,
-              u"\"%1\" print \"%2\""_s.arg(programa, u"%1"_s));
+        const QString lugar =
+            QDir::toNativeSeparators(QCoreApplication::applicationDirPath() + u'/' + programa);
+        poner(clase + u"\\shell\\print\\command"_s, u"\"%1\" print \"%2\""_s.arg(lugar, u"%1"_s));
         poner(u".html"_s, QString(clase));
         const std::wstring archivo =
             QDir::toNativeSeparators(carpeta.filePath(u"anotado"_s)).toStdWString();

@@ -208,7 +208,7 @@ private Q_SLOTS:
         v.form.findChild<QFrame *>(u"Frame1"_s)->setVisible(false);
         v.form.findChild<QFrame *>(u"Frame3"_s)->setVisible(true);
         QTRY_VERIFY(pintura.medidas > 0);
-        QVERIFY2(pintura.medidas < 2000, qPrintable(QString::number(pintura.medidas)));
+        QVERIFY2(pintura.medidas < cuantas / 2, qPrintable(QString::number(pintura.medidas)));
         QTRY_VERIFY(!lista->visualItemRect(lista->item(cuantas - 1)).isEmpty());
         lista->setFocus();
         QTest::keyClick(lista, Qt::Key_End);
