@@ -10,6 +10,7 @@ Target amd64-unicode
 SetCompressor /SOLID lzma
 ManifestDPIAware true
 RequestExecutionLevel user
+AllowSkipFiles off ; a file that cannot be written ends it, without a question with /S
 Name "Parvanel"
 OutFile "${SALIDA}"
 BrandingText "Parvanel ${VERSION}"
@@ -21,8 +22,9 @@ BrandingText "Parvanel ${VERSION}"
 !define MUI_ICON "${ICONO}"
 !define MUI_UNICON "${ICONO}"
 !define MUI_ABORTWARNING
-!define MUI_FINISHPAGE_RUN "$INSTDIR\parvanel.exe"
-!define MUI_FINISHPAGE_RUN_TEXT "Abrir Parvanel"
+;
+; It does not offer to open the program at its end: run as an administrator it would open it, and
+; all that it opens, with those rights.
 
 !insertmacro MUI_PAGE_DIRECTORY
 !insertmacro MUI_PAGE_COMPONENTS
@@ -74,7 +76,8 @@ Function ${un}pedirQueSeCierre
             ${Break}
         ${EndIf}
         MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION \
-            "Parvanel está abierto ($1). Cierre su ventana y vuelva a intentarlo." \
+            "Parvanel está abierto, o su cuenta no puede cambiar esa carpeta ($1). \
+Cierre su ventana y vuelva a intentarlo." \
             /SD IDCANCEL IDRETRY +3
         SetErrorLevel 2
         Quit
@@ -106,6 +109,8 @@ Section "Parvanel" parvanel
     ; archives is an empty one where there are none yet.
     SetOutPath "$INSTDIR"
     File "${FUENTE}\parvanel.exe"
+    Delete "$INSTDIR\parvanel-revisor.exe" ; an earlier one, where this installer has none
+    Delete "$SMPROGRAMS\Parvanel\Revisor de Históricos.lnk"
     File /nonfatal "${FUENTE}\parvanel-revisor.exe"
     File "${FUENTE}\parvanel-demo.exe"
     File "${FUENTE}\manual.html"
