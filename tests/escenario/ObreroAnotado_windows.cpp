@@ -100,6 +100,6 @@ QStringList ObreroAnotado::documentos() const
     QStringList todos;
     const QStringList lineas = d->lineas();
     for (const QString &linea : lineas)
-        todos.append(linea.section(u'\t', 2, 2));
+        todos.append(QDir::fromNativeSeparators(linea.section(u'\t', 2, 2)));
     return todos;
 }
