@@ -71,6 +71,10 @@ void esperar(std::vector<Espera> &esperas, std::chrono::milliseconds alMas);
 // without any.
 void girar();
 
+// Whether the event loop tells of everything that becomes of a socket that it watches. Where it
+// does not, the sockets are looked at with each turn as well.
+bool avisaDeTodo();
+
 // Whether this computer has a way out to a peer (`direccion`: a socket address of the system's): a
 // route, and an interface that is up and connected. It tells from its own tables and sends nothing.
 bool haySalida(const void *direccion, std::size_t largo);

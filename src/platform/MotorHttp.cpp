@@ -69,6 +69,8 @@ void MotorHttp::esperarDeCerca(const bool &terminada, Reloj::time_point hasta)
 void MotorHttp::girar()
 {
     HttpClientSistema::girar();
+    if (!HttpClientSistema::avisaDeTodo())
+        atender(milliseconds::zero());
     m_retirados.clear();
 }
 
