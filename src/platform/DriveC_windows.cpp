@@ -72,6 +72,9 @@ public:
     static bool agregar(const Sitio &sitio, const QByteArray &bytes, Paciencia &paciencia)
     {
         auto archivo = sitio.archivo ? abrir(sitio, paciencia) : crear(sitio, paciencia);
+        // Deleted before, and held by somebody who has let go of it only now.
+        if (archivo.fin == Fin::Falta)
+            archivo = crear(sitio, paciencia);
         return archivo && escribirYCerrar(archivo.manija, bytes);
     }
 
@@ -131,6 +134,8 @@ private:
         auto archivo = insistir(paciencia, [&] {
             return aperturas::abrirParaAgregar(sitio.carpeta.manija, sitio.nombre);
         });
+        if (!archivo)
+            return archivo;
         const auto datos = aperturas::datosDe(archivo.manija);
         // A file marked as read-only is for the disk to refuse; one that lets it pass is not heard.
         if (!datos || !esDelArchivo(sitio, *datos) || datos->nombres > 1 || datos->soloLectura)

@@ -2,19 +2,7 @@
 #include "Paciencia.h"
 
 #include <algorithm>
-#include <thread>
 #include <utility>
-
-Paciencia::Reloj Paciencia::relojDelSistema()
-{
-    return {[] {
-                return std::chrono::duration_cast<Milisegundos>(
-                    std::chrono::steady_clock::now().time_since_epoch());
-            },
-            [](Milisegundos cuanto) {
-                std::this_thread::sleep_for(cuanto);
-            }};
-}
 
 Paciencia::Paciencia(Reloj reloj) : m_reloj(std::move(reloj)) {}
 
