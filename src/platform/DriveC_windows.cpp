@@ -78,19 +78,23 @@ public:
         return archivo && escribirYCerrar(archivo.manija, bytes);
     }
 
-    static bool borrar(const Sitio &sitio, Paciencia &paciencia)
+    static Fin borrar(const Sitio &sitio, Paciencia &paciencia)
     {
         if (!sitio.archivo)
-            return false;
+            return Fin::Falta;
         const auto archivo = insistir(paciencia, [&] {
             return aperturas::abrirParaBorrar(sitio.carpeta.manija, sitio.nombre);
         });
+        if (!archivo)
+            return archivo.fin;
         // A link to a file goes itself; what it leads to stays. So it must be the entry of this
-        // very folder that was opened.
+        // very folder that was opened. Of one that somebody else has just deleted nothing is told.
         const auto datos = aperturas::datosDe(archivo.manija);
-        if (!datos || datos->esCarpeta || datos->carpeta() != sitio.carpeta.ruta)
-            return false;
-        return insistir(paciencia, [&] { return aperturas::borrar(archivo.manija); }) == Fin::Hecho;
+        if (!datos)
+            return Fin::Falta;
+        if (datos->esCarpeta || datos->carpeta() != sitio.carpeta.ruta)
+            return Fin::Fallo;
+        return insistir(paciencia, [&] { return aperturas::borrar(archivo.manija); });
     }
 
 private:
@@ -172,7 +176,7 @@ bool DriveC::borrar(const QString &ruta)
 {
     Paciencia paciencia;
     const auto sitio = d->sitio(ruta, paciencia);
-    return sitio && Interno::borrar(*sitio, paciencia);
+    return sitio && Interno::borrar(*sitio, paciencia) == Fin::Hecho;
 }
 
 std::optional<qint64> DriveC::largo(const QString &ruta) const
@@ -206,11 +210,9 @@ bool DriveC::escribir(const QString &ruta, const QByteArray &bytes)
                 break;
             continue;
         }
-        if (Interno::borrar(*sitio, paciencia))
-            continue;
-        // One that is gone again meanwhile shows when it is looked for again.
-        const auto queda = d->sitio(ruta, paciencia);
-        if (queda && queda->archivo)
+        // One that somebody else has deleted first is gone as well.
+        const Fin borrado = Interno::borrar(*sitio, paciencia);
+        if (borrado != Fin::Hecho && borrado != Fin::Falta)
             break;
     }
     const auto sitio = d->sitio(ruta, paciencia);
