@@ -6,7 +6,6 @@
 
 #include <QByteArray>
 
-#include <atomic>
 #include <chrono>
 #include <cstddef>
 #include <memory>
@@ -80,12 +79,10 @@ bool avisaDeTodo();
 bool haySalida(const void *direccion, std::size_t largo);
 
 // What became of a name look-up: OtraVez when it failed for now or has found the name meanwhile, No
-// when the name does not exist.
+// when the name does not exist; EnCurso until it has ended.
 enum class Busqueda { EnCurso, OtraVez, No };
-using Consulta = std::atomic<Busqueda>;
 
-// Looks a name up in a thread of its own, which nobody waits for: the answer appears in the result.
-// Null when that cannot be done.
-std::shared_ptr<const Consulta> consultar(const QByteArray &nombre);
+// Looks a name up to its end, which may be long in coming; from any thread.
+Busqueda buscar(const QByteArray &nombre);
 
 } // namespace HttpClientSistema

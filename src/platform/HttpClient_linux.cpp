@@ -11,8 +11,6 @@
 #include <cstdlib>
 #include <optional>
 #include <span>
-#include <system_error>
-#include <thread>
 
 #include <ifaddrs.h>
 #include <net/if.h>
@@ -88,18 +86,6 @@ bool conectada(int zocalo, const sockaddr_storage &propia)
 {
     const auto deCerca = conectadaDeCerca(zocalo, propia);
     return deCerca ? *deCerca : conectada(propia).value_or(true);
-}
-
-HttpClientSistema::Busqueda buscar(const QByteArray &nombre)
-{
-    addrinfo pedido = {};
-    pedido.ai_socktype = SOCK_STREAM;
-    addrinfo *hallado = nullptr;
-    const int error = ::getaddrinfo(nombre.constData(), nullptr, &pedido, &hallado);
-    if (hallado)
-        ::freeaddrinfo(hallado);
-    return error == 0 || error == EAI_AGAIN ? HttpClientSistema::Busqueda::OtraVez
-                                            : HttpClientSistema::Busqueda::No;
 }
 
 } // namespace
@@ -198,15 +184,15 @@ bool haySalida(const void *direccion, std::size_t largo)
     return hay;
 }
 
-std::shared_ptr<const Consulta> consultar(const QByteArray &nombre)
+Busqueda buscar(const QByteArray &nombre)
 {
-    const auto consulta = std::make_shared<Consulta>(Busqueda::EnCurso);
-    try {
-        std::thread([consulta, nombre] { *consulta = buscar(nombre); }).detach();
-    } catch (const std::system_error &) {
-        return nullptr;
-    }
-    return consulta;
+    addrinfo pedido = {};
+    pedido.ai_socktype = SOCK_STREAM;
+    addrinfo *hallado = nullptr;
+    const int error = ::getaddrinfo(nombre.constData(), nullptr, &pedido, &hallado);
+    if (hallado)
+        ::freeaddrinfo(hallado);
+    return error == 0 || error == EAI_AGAIN ? Busqueda::OtraVez : Busqueda::No;
 }
 
 } // namespace HttpClientSistema

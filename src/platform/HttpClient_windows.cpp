@@ -9,7 +9,6 @@
 
 #include <array>
 #include <functional>
-#include <system_error>
 #include <thread>
 
 #define SECURITY_WIN32
@@ -113,22 +112,6 @@ bool enRed()
                return una.IfType != IF_TYPE_SOFTWARE_LOOPBACK && encendido(una)
                       && una.FirstUnicastAddress;
            });
-}
-
-// Without a network the system says of every name that it does not exist.
-HttpClientSistema::Busqueda buscar(const QByteArray &nombre)
-{
-    using HttpClientSistema::Busqueda;
-    ADDRINFOW pedido = {};
-    pedido.ai_socktype = SOCK_STREAM;
-    PADDRINFOW hallado = nullptr;
-    const std::wstring escrito = QString::fromUtf8(nombre).toStdWString();
-    const int error = ::GetAddrInfoW(escrito.c_str(), nullptr, &pedido, &hallado);
-    if (hallado)
-        ::FreeAddrInfoW(hallado);
-    const bool porAhora =
-        error == WSATRY_AGAIN || error == WSAENETDOWN || (error == WSAHOST_NOT_FOUND && !enRed());
-    return error == 0 || porAhora ? Busqueda::OtraVez : Busqueda::No;
 }
 
 template <auto suelta>
@@ -364,15 +347,19 @@ bool haySalida(const void *direccion, std::size_t largo)
     return hay;
 }
 
-std::shared_ptr<const Consulta> consultar(const QByteArray &nombre)
+// Without a network the system says of every name that it does not exist.
+Busqueda buscar(const QByteArray &nombre)
 {
-    const auto consulta = std::make_shared<Consulta>(Busqueda::EnCurso);
-    try {
-        std::thread([consulta, nombre] { *consulta = buscar(nombre); }).detach();
-    } catch (const std::system_error &) {
-        return nullptr;
-    }
-    return consulta;
+    ADDRINFOW pedido = {};
+    pedido.ai_socktype = SOCK_STREAM;
+    PADDRINFOW hallado = nullptr;
+    const std::wstring escrito = QString::fromUtf8(nombre).toStdWString();
+    const int error = ::GetAddrInfoW(escrito.c_str(), nullptr, &pedido, &hallado);
+    if (hallado)
+        ::FreeAddrInfoW(hallado);
+    const bool porAhora =
+        error == WSATRY_AGAIN || error == WSAENETDOWN || (error == WSAHOST_NOT_FOUND && !enRed());
+    return error == 0 || porAhora ? Busqueda::OtraVez : Busqueda::No;
 }
 
 } // namespace HttpClientSistema

@@ -1,11 +1,28 @@
 // SPDX-License-Identifier: MIT
 #include "IntentosHttp.h"
 
+#include <system_error>
+#include <thread>
+
 using namespace std::chrono_literals;
+using HttpClientSistema::Busqueda;
 
 namespace {
 
 constexpr auto mirada = 20ms; // between two looks at a look-up
+
+// Begins to look a name up in a thread of its own, which nobody waits for: the answer appears in
+// the result. Null when that cannot be done.
+std::shared_ptr<const std::atomic<Busqueda>> consultar(const QByteArray &nombre)
+{
+    const auto consulta = std::make_shared<std::atomic<Busqueda>>(Busqueda::EnCurso);
+    try {
+        std::thread([consulta, nombre] { *consulta = HttpClientSistema::buscar(nombre); }).detach();
+    } catch (const std::system_error &) {
+        return nullptr;
+    }
+    return consulta;
+}
 
 } // namespace
 
@@ -45,7 +62,7 @@ bool IntentosHttp::otroTras(CURLcode resultado)
         return false;
     // The library does not tell a name that does not exist from a look-up that fails for now.
     const QByteArray nombre = m_transferencia.nombreBuscado();
-    m_consulta = nombre.isEmpty() ? nullptr : HttpClientSistema::consultar(nombre);
+    m_consulta = nombre.isEmpty() ? nullptr : consultar(nombre);
     if (m_consulta)
         despertar(mirada);
     return m_consulta != nullptr;
@@ -61,7 +78,6 @@ bool IntentosHttp::programar()
 
 void IntentosHttp::mirarRespuesta()
 {
-    using HttpClientSistema::Busqueda;
     const Busqueda busqueda = *m_consulta;
     if (busqueda == Busqueda::EnCurso && resta() > 0ms) {
         despertar(mirada);

@@ -11,6 +11,7 @@
 
 #include <QTimer>
 
+#include <atomic>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -44,8 +45,8 @@ private:
     AlFallar m_alFallar;
     TransferenciaHttp::Reloj::time_point m_principio;
     CURLcode m_fallo = CURLE_OK; // of the last attempt
-    // The look-up of a name that goes on, or null.
-    std::shared_ptr<const HttpClientSistema::Consulta> m_consulta;
+    // Where the answer to a look-up of a name appears that goes on; else null.
+    std::shared_ptr<const std::atomic<HttpClientSistema::Busqueda>> m_consulta;
     // Until the next look at it, or the next attempt. Hardly a request needs it.
     std::optional<QTimer> m_reloj;
 };
