@@ -121,10 +121,13 @@ inline bool hayProgramasDeFuera()
 
 inline QString deFuera(const QString &ruta)
 {
-    QProcess traductor;
-    traductor.start(QStringLiteral("winepath"), {QStringLiteral("-u"), ruta});
-    traductor.waitForFinished();
-    return QString::fromUtf8(traductor.readAllStandardOutput()).trimmed();
+    using Traductor = char *(CDECL *)(const wchar_t *);
+    const auto traducir = reinterpret_cast<Traductor>(reinterpret_cast<void *>(
+        ::GetProcAddress(::GetModuleHandleW(L"kernel32.dll"), "wine_get_unix_file_name")));
+    char *const suya = traducir ? traducir(ancha(ruta).c_str()) : nullptr;
+    const QString hallada = QString::fromUtf8(suya);
+    ::HeapFree(::GetProcessHeap(), 0, suya);
+    return hallada;
 }
 
 // The folder is there already, whose name stands outside for what the entry is to be in.

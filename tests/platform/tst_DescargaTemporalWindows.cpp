@@ -6,11 +6,10 @@
 
 #include <QCoreApplication>
 #include <QDateTime>
+#include <QFile>
 #include <QProcess>
 #include <QTest>
 #include <QThread>
-
-#include <cstdio>
 
 using namespace Qt::StringLiterals;
 
@@ -19,14 +18,21 @@ namespace {
 // No process has this number: systems give smaller ones.
 const QString sinProceso = u"2147483646"_s;
 
+// Beside the archive; there once that process is at work.
+QString senal(const QString &casa)
+{
+    return casa + u"/listo"_s;
+}
+
 // Another process that is receiving a file into the archive, until it is killed.
 class OtraDescarga {
 public:
     explicit OtraDescarga(const QString &casa)
     {
+        m_proceso.setProcessChannelMode(QProcess::ForwardedChannels);
         m_proceso.start(QCoreApplication::applicationFilePath(), {u"--recibir"_s, casa});
-        empezada = m_proceso.waitForStarted() && m_proceso.waitForReadyRead(60'000)
-                   && m_proceso.readAll().startsWith("listo");
+        empezada = m_proceso.waitForStarted()
+                   && QTest::qWaitFor([&] { return QFile::exists(senal(casa)); }, 60'000);
         m_numero = QString::number(m_proceso.processId());
     }
     ~OtraDescarga() { matar(); }
@@ -53,8 +59,9 @@ int recibirYEsperar(const QString &casa)
     const auto entrante = disco.recibir(u"C:\\Quorvela\\suyo.jpg"_s);
     if (!entrante || entrante->dispositivo().write(QByteArray(100000, 'x')) != 100000)
         return 1;
-    std::puts("listo");
-    std::fflush(stdout);
+    QFile listo(senal(casa));
+    if (!listo.open(QIODevice::WriteOnly))
+        return 1;
     for (;;)
         QThread::sleep(1);
 }
