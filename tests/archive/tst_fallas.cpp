@@ -1,70 +1,17 @@
 // SPDX-License-Identifier: MIT
 // The run under bad input and faults: it goes on to its end, the rest of the archive is complete,
 // and nothing outside the archive root is touched.
-#include "archive/historico.h"
-#include "escenario/DiscoLleno.h"
-#include "escenario/Escenario.h"
-#include "escenario/SinPermiso.h"
-#include "records/tcAlumnos.h"
-#include "records/tcMaterias.h"
-#include "records/tcSalones.h"
+#include "archive/corridaConFallas.h"
 
-#include <QDir>
-#include <QDirIterator>
 #include <QFile>
-#include <QTest>
-
-#include <optional>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-// Every file of the archive but the labels' folder, with its length, by its path.
-QMap<QString, qint64> contenido(const Escenario &e)
-{
-    QMap<QString, qint64> archivos;
-    QDirIterator it(e.personal.path(), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
-    while (it.hasNext()) {
-        it.next();
-        archivos.insert(QDir(e.personal.path()).relativeFilePath(it.filePath()),
-                        it.fileInfo().size());
-    }
-    return archivos;
-}
-
-// Files that only one of the two has.
-QStringList diferencia(const QMap<QString, qint64> &una, const QMap<QString, qint64> &otra)
-{
-    QStringList resultado;
-    for (auto it = una.cbegin(); it != una.cend(); ++it) {
-        if (!otra.contains(it.key()))
-            resultado.append(it.key());
-    }
-    for (auto it = otra.cbegin(); it != otra.cend(); ++it) {
-        if (!una.contains(it.key()))
-            resultado.append(it.key());
-    }
-    return resultado;
-}
-
-} // namespace
+using namespace corridaConFallas;
 
 class tst_fallas : public QObject {
     Q_OBJECT
 private:
     QMap<QString, qint64> m_completo;
-
-    static void correr(Escenario &e)
-    {
-        tcSalones salones(e.entorno);
-        tcAlumnos alumnos(e.entorno);
-        std::unique_ptr<tcMaterias> materias;
-        salones.Fcargar(u"501,QUINTO A"_s);
-        descargarHistorico(e.entorno, salones, alumnos, materias);
-        // The last step of the run was reached.
-        QCOMPARE(e.destinos().last(), u"/imgTXT.php?txt=Puesto"_s);
-    }
 
     static Falla falla(Falla::Clase clase)
     {
@@ -215,18 +162,6 @@ private Q_SLOTS:
                  QStringList({u"Quorvela"_s, u"testigo.html"_s}));
     }
 
-    void enlaceQueSaleDeLaRaiz_noSeSigue()
-    {
-        Escenario e;
-        const QTemporaryDir fuera;
-        QVERIFY(QDir().mkpath(e.nativa(u"123-2010/archivos"_s)));
-        QVERIFY(QFile::link(fuera.path(), e.nativa(u"123-2010/archivos/salones"_s)));
-        correr(e);
-        QCOMPARE(QDir(fuera.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
-                 QStringList());
-        QVERIFY(e.existe(u"123-2010/archivos/consolidadoN/501.html"_s));
-    }
-
     void archivoEnLugarDeCarpeta_pierdeSoloLoSuyo()
     {
         Escenario e;
@@ -240,49 +175,6 @@ private Q_SLOTS:
         QCOMPARE(diferencia(contenido(e), m_completo),
                  QStringList({u"Quorvela/123-2010/archivos/salones"_s,
                               u"Quorvela/123-2010/archivos/salones/501.html"_s}));
-    }
-
-    void carpetaSinPermiso_pierdeSoloLoSuyo()
-    {
-        Escenario e;
-        const QString carpeta = e.nativa(u"123-2010/archivos/salones"_s);
-        QVERIFY(QDir().mkpath(carpeta));
-        {
-            const SinPermiso sinPermiso(carpeta, {e.personal.path(), e.nativa(QString()),
-                                                  e.nativa(u"123-2010"_s),
-                                                  e.nativa(u"123-2010/archivos"_s), carpeta});
-            correr(e);
-        }
-        QCOMPARE(diferencia(contenido(e), m_completo),
-                 QStringList({u"Quorvela/123-2010/archivos/salones/501.html"_s}));
-    }
-
-    void discoLleno_terminaLaCorridaYNoDejaImagenesAMedias()
-    {
-        Escenario e;
-        // A small file system of its own where that can be had; elsewhere every file hits a limit.
-        QVERIFY(QDir().mkpath(e.nativa(QString())));
-        QMap<QString, qint64> archivos;
-        {
-            const DiscoPequeno disco(e.nativa(QString()), 256);
-            std::optional<LimiteDeArchivo> limite;
-            if (!disco.montado())
-                limite.emplace(2048);
-            correr(e);
-            archivos = contenido(e);
-        }
-        // What is there of the images is whole; what did not fit is missing.
-        int imagenesQueFaltan = 0;
-        for (auto it = m_completo.cbegin(); it != m_completo.cend(); ++it) {
-            if (!it.key().contains(u"/images/"_s) && !it.key().contains(u"/fotos/"_s))
-                continue;
-            if (archivos.contains(it.key()))
-                QCOMPARE(archivos.value(it.key()), it.value());
-            else
-                ++imagenesQueFaltan;
-        }
-        QVERIFY(imagenesQueFaltan > 0);
-        QVERIFY(archivos.keys().filter(u".descarga-"_s).isEmpty());
     }
 };
 
