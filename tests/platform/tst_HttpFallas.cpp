@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // What a request comes to when the service or the receiver of the bytes fails.
 #include "CarpetaPersonal.h"
-#include "EscuelaHttps.h"
-#include "consultaEscuela.h"
+#include "casosFalla.h"
 #include "platform/DriveC.h"
+#include "sinProxy.h"
 
 #include <QBuffer>
 #include <QGuiApplication>
@@ -11,6 +11,7 @@
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
+using casosFalla::paraFalla;
 
 namespace {
 
@@ -35,17 +36,9 @@ private:
     qint64 m_cabida;
 };
 
-// A silence is over soon where one is to come, and never comes to pass where none is.
-HttpClient::Limites paraFalla(const Falla &falla)
-{
-    HttpClient::Limites limites;
-    limites.silencio = falla.clase == Falla::Muda ? 500ms : 120s;
-    return limites;
-}
-
 } // namespace
 
-class tst_HttpFallas : public QObject, EscuelaHttps {
+class tst_HttpFallas : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
@@ -69,50 +62,26 @@ private:
 
 void tst_HttpFallas::init()
 {
-    empezar();
+    sinProxy();
     m_claro.quitarFallas();
     m_claro.olvidarPeticiones();
 }
 
 void tst_HttpFallas::falla_deTexto_data()
 {
-    QTest::addColumn<bool>("cifrado");
-    QTest::addColumn<Falla>("falla");
-    QTest::addColumn<std::optional<QByteArray>>("cuerpo");
-    using Cuerpo = std::optional<QByteArray>;
-    const auto filas = [](const char *nombre, const Falla &falla, const Cuerpo &cuerpo) {
-        QTest::addRow("%s", nombre) << false << falla << cuerpo;
-        QTest::addRow("%s, cifrada", nombre) << true << falla << cuerpo;
-    };
-    filas("vacia", {Falla::Vacia}, "");
-    filas("corta", {Falla::Cuerpo, "x"}, "x");
-    filas("otros bytes", {Falla::Cuerpo, "\xD1\x80\r\n\x1A"}, "\xD1\x80\r\n\x1A");
-    filas("estado 404", {Falla::Estado, "no hay", 404}, "no hay");
-    filas("estado 500", {Falla::Estado, "se rompio", 500}, "se rompio");
-    filas("estado 500 vacio", {Falla::Estado, {}, 500}, "");
-    filas("demora", {Falla::Demora, {}, 0, 50ms}, valor);
-    filas("cierra antes", {Falla::CierraAntes}, {});
-    filas("cierra en medio", {Falla::CierraEnMedio}, {});
-    filas("largo errado", {Falla::LargoErrado}, "305001");
-    filas("basura", {Falla::Basura}, {});
-    filas("muda", {Falla::Muda}, {});
+    casosFalla::deTexto();
 }
 
 void tst_HttpFallas::falla_deTexto()
 {
-    QFETCH(bool, cifrado);
     QFETCH(Falla, falla);
     QFETCH(std::optional<QByteArray>, cuerpo);
-    ServicioDemo &servicio = cifrado ? m_servicio : m_claro;
-    const QByteArray direccion = (cifrado ? m_base : base()) + consulta;
-    HttpClient http(m_autoridad, paraFalla(falla));
-    servicio.fallar("CDANE", falla, 1);
-    QCOMPARE(http.get(direccion, cabecerasTexto), cuerpo);
-    if (cifrado && falla.clase == Falla::Muda)
-        return;                                // it may be given up before the greeting is over
-    QCOMPARE(servicio.peticiones().size(), 1); // no request is repeated
+    HttpClient http(HttpClient::autoridadesDelSistema(), paraFalla(falla));
+    m_claro.fallar("CDANE", falla, 1);
+    QCOMPARE(http.get(base() + consulta, cabecerasTexto), cuerpo);
+    QCOMPARE(m_claro.peticiones().size(), 1); // no request is repeated
     // The client has come to no harm.
-    QCOMPARE(http.get(direccion, cabecerasTexto), valor);
+    QCOMPARE(http.get(base() + consulta, cabecerasTexto), valor);
 }
 
 void tst_HttpFallas::falla_deDescarga_data()

@@ -22,7 +22,6 @@ private Q_SLOTS:
     void deHttpAHttpsAHttp_rechazada();
     void haciaHttpsIlegible_noVaSinCifrar_data();
     void haciaHttpsIlegible_noVaSinCifrar();
-    void direccionHttpsIlegible_noVaSinCifrar();
 };
 
 void tst_HttpsRedirecciones::deHttpsAHttp_rechazada_data()
@@ -98,18 +97,6 @@ void tst_HttpsRedirecciones::haciaHttpsIlegible_noVaSinCifrar()
     destino.open(QIODevice::WriteOnly);
     QVERIFY(!http.getArchivo(m_base + "/vieja", destino));
     QCOMPARE(m_servicio.peticiones().size(), 2);
-    QCOMPARE(claro.conexiones(), 0);
-}
-
-void tst_HttpsRedirecciones::direccionHttpsIlegible_noVaSinCifrar()
-{
-    const ServidorGuion claro("HTTP/1.1 200 OK\r\nContent-Length: 4\r\n\r\nhola");
-    qputenv("http_proxy", claro.base());
-    HttpClient http(m_autoridad);
-    for (const QByteArray protocolo : {"https:", "HTTPS:"}) {
-        QCOMPARE(http.get(protocolo + QByteArray::number(claro.puerto()) + "/x", {}), std::nullopt);
-        QCOMPARE(http.get(protocolo + "servicio/x", {}), std::nullopt);
-    }
     QCOMPARE(claro.conexiones(), 0);
 }
 
