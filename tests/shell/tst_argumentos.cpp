@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The programs take no command line: what stands on it reaches neither them nor their library.
-#include <QFile>
+#include "enMarcha.h"
+
 #include <QProcess>
 #include <QTest>
 
@@ -8,15 +9,6 @@ using namespace Qt::StringLiterals;
 
 class tst_argumentos : public QObject {
     Q_OBJECT
-private:
-    // Whether the process has the platform plugin of windows without a screen loaded, which the
-    // tests' environment names.
-    static bool dibujaSinPantalla(qint64 pid)
-    {
-        QFile mapas(u"/proc/%1/maps"_s.arg(pid));
-        return mapas.open(QIODevice::ReadOnly) && mapas.readAll().contains("libqoffscreen.so");
-    }
-
 private Q_SLOTS:
     void opcionesDeLaBiblioteca_noLaAlcanzan_data()
     {
@@ -31,10 +23,10 @@ private Q_SLOTS:
         proceso.start(programa, {u"-platform"_s, u"ninguna"_s});
         QVERIFY(proceso.waitForStarted());
         // With the option taken, the process ends for want of that plugin.
-        QTRY_VERIFY_WITH_TIMEOUT(dibujaSinPantalla(proceso.processId())
-                                     || proceso.state() == QProcess::NotRunning,
-                                 60000);
+        QTRY_VERIFY_WITH_TIMEOUT(
+            enMarcha(proceso.processId()) || proceso.state() == QProcess::NotRunning, 60000);
         QCOMPARE(proceso.state(), QProcess::Running);
+        QVERIFY(enMarcha(proceso.processId()));
         proceso.kill();
         QVERIFY(proceso.waitForFinished());
     }

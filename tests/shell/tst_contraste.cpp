@@ -129,6 +129,9 @@ private Q_SLOTS:
         poner(paleta);
         VentanaDePrueba v;
         v.ingresar();
+        // As during a run: of two dots, as at first, no pixel need be of the letters' own colour.
+        v.e.progreso.estadoTS->ponerTexto(u"Descargando Salones"_s);
+        v.e.progreso.estadoHS->ponerTexto(u"Foto de alumno (13): ANA - 1 de 2"_s);
         QSet<QString> vistos;
         for (const QString &modo : modos()) {
             v.elegir(modo.toLatin1().constData());
