@@ -22,7 +22,6 @@ private Q_SLOTS:
     void trasBorrar_unArchivoPropio_data();
     void trasBorrar_unArchivoPropio();
     void trasBorrar_elOtroSigueSiendoElOtro();
-    void trasBorrarElUnico_vuelveAServirOtraEscritura();
 };
 
 void tst_DriveCDosEscrituras::init()
@@ -144,14 +143,6 @@ void tst_DriveCDosEscrituras::trasBorrar_elOtroSigueSiendoElOtro()
     QCOMPARE(m_disco->largo(u"C:\\Quorvela\\NOTAS.html"_s), 10);
     QVERIFY(m_disco->agregar(u"C:\\Quorvela\\Notas.html"_s, "+"));
     QCOMPARE(m_casa->leer(u"Quorvela/Notas.html"_s), QByteArray("Notas.html+"));
-}
-
-void tst_DriveCDosEscrituras::trasBorrarElUnico_vuelveAServirOtraEscritura()
-{
-    QVERIFY(m_casa->escribir(u"Quorvela/logo.png"_s, "1"));
-    QVERIFY(m_disco->borrar(u"C:\\Quorvela\\LOGO.png"_s));
-    QVERIFY(m_disco->agregar(u"C:\\Quorvela\\logo.png"_s, "2"));
-    QCOMPARE(m_disco->largo(u"C:\\Quorvela\\LOGO.png"_s), 1);
 }
 
 QTEST_GUILESS_MAIN(tst_DriveCDosEscrituras)

@@ -22,6 +22,7 @@ private Q_SLOTS:
     void enlaceHaciaFuera_todoFalla();
     void enlaceHaciaDentro_sirve_data();
     void enlaceHaciaDentro_sirve();
+    void raizQueEsEnlace_sirve();
     void enlacesEnRueda_todoFalla();
     void enlaceAUnArchivo_sirve();
     void noEsArchivo_todoFalla_data();
@@ -94,6 +95,18 @@ void tst_DriveCEnlaces::enlaceHaciaDentro_sirve()
     QVERIFY(m_disco->borrar(u"C:\\Quorvela\\corto\\a.txt"_s));
     QVERIFY(m_disco->borrar(u"C:\\Quorvela\\corto\\c.jpg"_s));
     QCOMPARE(m_casa->entradas(u"Quorvela/notas"_s), QStringList{u"sub"_s});
+}
+
+// A user may keep the archive on another disk; the link's folder then is the archive root.
+void tst_DriveCEnlaces::raizQueEsEnlace_sirve()
+{
+    const CarpetaPersonal disquera;
+    QVERIFY(QDir().rmdir(m_casa->ruta(u"Quorvela"_s)));
+    QVERIFY(m_casa->enlazar(disquera.ruta(), u"Quorvela"_s));
+    QVERIFY(!m_disco->crearCarpeta(u"C:\\Quorvela"_s));
+    QVERIFY(m_disco->crearCarpeta(u"C:\\Quorvela\\123-2010"_s));
+    QVERIFY(m_disco->agregar(u"C:\\Quorvela\\123-2010\\a.txt"_s, "a"));
+    QCOMPARE(disquera.leer(u"123-2010/a.txt"_s), QByteArray("a"));
 }
 
 void tst_DriveCEnlaces::enlacesEnRueda_todoFalla()

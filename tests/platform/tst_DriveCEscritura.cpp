@@ -22,6 +22,8 @@ private Q_SLOTS:
     void nombresCasiIguales_sonDistintos();
     void raizEnOtraEscritura_sinEnlace();
     void archivoEnOtraEscritura_sinEnlace();
+    void nombreEnMinusculas_seHallaEnOtraEscritura();
+    void trasBorrarElUnico_vuelveAServirOtraEscritura();
 };
 
 void tst_DriveCEscritura::raizEnOtraEscritura_sirve()
@@ -124,6 +126,28 @@ void tst_DriveCEscritura::archivoEnOtraEscritura_sinEnlace()
     QVERIFY(m_disco->agregar(u"C:\\Quorvela\\a.txt"_s, "1"));
     QVERIFY(m_disco->agregar(u"C:\\Quorvela\\A.txt"_s, "2"));
     QCOMPARE(m_casa->entradas(u"Quorvela"_s), QStringList{u"a.txt"_s});
+}
+
+// Whether the program remembers its spelling or looks for it, each is found.
+void tst_DriveCEscritura::nombreEnMinusculas_seHallaEnOtraEscritura()
+{
+    QVERIFY(m_casa->escribir(u"Quorvela/uno.html"_s, "1"));
+    QCOMPARE(m_disco->largo(u"C:\\Quorvela\\UNO.html"_s), 1);
+    QVERIFY(m_disco->agregar(u"C:\\Quorvela\\dos.html"_s, "22"));
+    QCOMPARE(m_disco->largo(u"C:\\Quorvela\\Dos.HTML"_s), 2);
+    QVERIFY(m_disco->agregar(u"C:\\Quorvela\\Dos.HTML"_s, "2"));
+    QCOMPARE(m_casa->entradas(u"Quorvela"_s), (QStringList{u"dos.html"_s, u"uno.html"_s}));
+    QVERIFY(m_disco->borrar(u"C:\\Quorvela\\DOS.html"_s));
+    QVERIFY(!m_disco->largo(u"C:\\Quorvela\\DOS.html"_s));
+    QCOMPARE(m_casa->entradas(u"Quorvela"_s), QStringList{u"uno.html"_s});
+}
+
+void tst_DriveCEscritura::trasBorrarElUnico_vuelveAServirOtraEscritura()
+{
+    QVERIFY(m_casa->escribir(u"Quorvela/logo.png"_s, "1"));
+    QVERIFY(m_disco->borrar(u"C:\\Quorvela\\LOGO.png"_s));
+    QVERIFY(m_disco->agregar(u"C:\\Quorvela\\logo.png"_s, "2"));
+    QCOMPARE(m_disco->largo(u"C:\\Quorvela\\LOGO.png"_s), 1);
 }
 
 QTEST_GUILESS_MAIN(tst_DriveCEscritura)

@@ -43,20 +43,6 @@ private Q_SLOTS:
         QVERIFY(::mallinfo2().uordblks < antes + std::size_t(10) * cuantos);
     }
 
-    // None of these is remembered, and each is found all the same.
-    void nombreEnMinusculas_seHallaEnOtraEscritura()
-    {
-        QVERIFY(m_casa->escribir(u"Quorvela/uno.html"_s, "1"));
-        QCOMPARE(m_disco->largo(u"C:\\Quorvela\\UNO.html"_s), 1);
-        QVERIFY(m_disco->agregar(u"C:\\Quorvela\\dos.html"_s, "22"));
-        QCOMPARE(m_disco->largo(u"C:\\Quorvela\\Dos.HTML"_s), 2);
-        QVERIFY(m_disco->agregar(u"C:\\Quorvela\\Dos.HTML"_s, "2"));
-        QCOMPARE(m_casa->entradas(u"Quorvela"_s), (QStringList{u"dos.html"_s, u"uno.html"_s}));
-        QVERIFY(m_disco->borrar(u"C:\\Quorvela\\DOS.html"_s));
-        QVERIFY(!m_disco->largo(u"C:\\Quorvela\\DOS.html"_s));
-        QCOMPARE(m_casa->entradas(u"Quorvela"_s), QStringList{u"uno.html"_s});
-    }
-
 private:
     bool guardar(int desde, int hasta)
     {
