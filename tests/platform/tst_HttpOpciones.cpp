@@ -3,6 +3,7 @@
 // at once, and nothing goes out without what was asked for it. This program stands in the library's
 // way with functions of the same names.
 #include "ServidorGuion.h"
+#include "estorbos.h"
 #include "platform/HttpClient.h"
 #include "sinProxy.h"
 
@@ -10,89 +11,9 @@
 #include <QElapsedTimer>
 #include <QTest>
 
-#include <cstdarg>
-#include <set>
-
-#include <curl/curl.h>
-#include <dlfcn.h>
-
 using namespace std::chrono_literals;
 
-namespace {
-
-// What the library is made to refuse.
-enum class Negada { Nada, Opcion, Manija, Motor, Comun, Cabecera, Entrada, OpcionDelMotor };
-Negada negada = Negada::Nada;
-CURLoption opcionNegada = CURLOPT_LASTENTRY;
-CURLMoption opcionDelMotorNegada = CURLMOPT_LASTENTRY;
-std::set<CURLoption> opcionesPuestas;
-
-template <class Funcion>
-Funcion *deLaBiblioteca(const char *nombre)
-{
-    return reinterpret_cast<Funcion *>(::dlsym(RTLD_NEXT, nombre));
-}
-
-} // namespace
-
-#undef curl_easy_setopt
-#undef curl_multi_setopt
-
-// Every kind of argument (a number, an address) goes through as it came: each takes one register.
-extern "C" CURLcode curl_easy_setopt(CURL *easy, CURLoption opcion, ...)
-{
-    va_list argumentos;
-    va_start(argumentos, opcion);
-    void *valor = va_arg(argumentos, void *);
-    va_end(argumentos);
-    opcionesPuestas.insert(opcion);
-    if (negada == Negada::Opcion && opcion == opcionNegada)
-        return CURLE_OUT_OF_MEMORY;
-    return deLaBiblioteca<CURLcode(CURL *, CURLoption, ...)>("curl_easy_setopt")(easy, opcion,
-                                                                                 valor);
-}
-
-extern "C" CURLMcode curl_multi_setopt(CURLM *multi, CURLMoption opcion, ...)
-{
-    va_list argumentos;
-    va_start(argumentos, opcion);
-    void *valor = va_arg(argumentos, void *);
-    va_end(argumentos);
-    if (negada == Negada::OpcionDelMotor && opcion == opcionDelMotorNegada)
-        return CURLM_OUT_OF_MEMORY;
-    return deLaBiblioteca<CURLMcode(CURLM *, CURLMoption, ...)>("curl_multi_setopt")(multi, opcion,
-                                                                                     valor);
-}
-
-extern "C" CURL *curl_easy_init()
-{
-    return negada == Negada::Manija ? nullptr : deLaBiblioteca<CURL *()>("curl_easy_init")();
-}
-
-extern "C" CURLM *curl_multi_init()
-{
-    return negada == Negada::Motor ? nullptr : deLaBiblioteca<CURLM *()>("curl_multi_init")();
-}
-
-extern "C" CURLSH *curl_share_init()
-{
-    return negada == Negada::Comun ? nullptr : deLaBiblioteca<CURLSH *()>("curl_share_init")();
-}
-
-extern "C" curl_slist *curl_slist_append(curl_slist *lista, const char *texto)
-{
-    if (negada == Negada::Cabecera && QByteArray(texto).startsWith("X-Segunda"))
-        return nullptr;
-    return deLaBiblioteca<curl_slist *(curl_slist *, const char *)>("curl_slist_append")(lista,
-                                                                                         texto);
-}
-
-extern "C" CURLMcode curl_multi_add_handle(CURLM *multi, CURL *easy)
-{
-    if (negada == Negada::Entrada)
-        return CURLM_OUT_OF_MEMORY;
-    return deLaBiblioteca<CURLMcode(CURLM *, CURL *)>("curl_multi_add_handle")(multi, easy);
-}
+using namespace estorbos;
 
 class tst_HttpOpciones : public QObject {
     Q_OBJECT
@@ -159,9 +80,7 @@ void tst_HttpOpciones::opcionesDeProteccion_sePonen()
     opcionesPuestas.clear();
     HttpClient http;
     QVERIFY(http.get(guion.base() + "/", {}));
-    for (const CURLoption opcion :
-         {CURLOPT_SSL_VERIFYPEER, CURLOPT_SSL_VERIFYHOST, CURLOPT_SSLVERSION, CURLOPT_CAINFO,
-          CURLOPT_CAPATH, CURLOPT_PROTOCOLS_STR})
+    for (const CURLoption opcion : deProteccion())
         QVERIFY2(opcionesPuestas.contains(opcion), qPrintable(QString::number(opcion)));
 }
 
