@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What holds for a whole process: its memory, its environment, its descriptors. Each is looked at
-// in a process of its own, this program run once more.
+// What holds for a whole process: its environment, its descriptors, its libraries. Each is looked
+// at in a process of its own, this program run once more.
 #include "ServidorGuion.h"
 #include "consultaEscuela.h"
 #include "demostracion/ServicioDemo.h"
@@ -21,26 +21,10 @@
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
-using namespace std::chrono_literals;
-using Charla = ServidorGuion::Charla;
 
 namespace {
 
-constexpr qint64 MiB = 1024 * 1024;
 constexpr int plazo = 60'000; // milliseconds for a process that ought to take a moment
-
-// The most memory that this process has ever held, in bytes.
-qint64 memoriaMayor()
-{
-    QFile estado(u"/proc/self/status"_s);
-    if (!estado.open(QIODevice::ReadOnly))
-        return -1;
-    for (const QByteArray &linea : estado.readAll().split('\n')) {
-        if (linea.startsWith("VmHWM:"))
-            return linea.mid(6).trimmed().split(' ').first().toLongLong() * 1024;
-    }
-    return -1;
-}
 
 // Leaves room for so many further descriptors, for as long as it lives.
 class PocosDescriptores {
@@ -85,16 +69,6 @@ Salida correr(const QStringList &argumentos)
 }
 
 // The processes that are looked at. Each tells what it has seen in lines.
-
-int pedirConMemoria(const QByteArray &direccion)
-{
-    HttpClient http;
-    const qint64 antes = memoriaMayor();
-    const auto respuesta = http.get(direccion, {});
-    std::printf("%lld\n%lld\n", static_cast<long long>(respuesta ? respuesta->size() : -1),
-                static_cast<long long>(memoriaMayor() - antes));
-    return 0;
-}
 
 int pedirCifrado(const QByteArray &direccion, const QString &autoridad)
 {
@@ -148,10 +122,6 @@ class tst_HttpProceso : public QObject {
 
 private Q_SLOTS:
     void initTestCase();
-    void limiteDeTexto_loAcordado();
-    void respuestaEnElLimite_unaSolaVezEnMemoria_data();
-    void respuestaEnElLimite_unaSolaVezEnMemoria();
-    void respuestaSinMedida_acotada();
     void archivoDeLlaves_noSeEscribe();
     void pocosDescriptores_terminaSiempre_data();
     void pocosDescriptores_terminaSiempre();
@@ -171,52 +141,6 @@ void tst_HttpProceso::initTestCase()
     QFile archivo(m_autoridad);
     QVERIFY(archivo.open(QIODevice::WriteOnly));
     QCOMPARE(archivo.write(m_servicio.autoridad()), m_servicio.autoridad().size());
-}
-
-void tst_HttpProceso::limiteDeTexto_loAcordado()
-{
-    QCOMPARE(HttpClient::Limites().texto, 64 * MiB);
-}
-
-void tst_HttpProceso::respuestaEnElLimite_unaSolaVezEnMemoria_data()
-{
-    QTest::addColumn<QByteArray>("respuesta");
-    const QByteArray cuerpo(64 * MiB, 'x');
-    const QByteArray comprimido = qCompress(cuerpo).mid(4); // which begins with a length
-    QTest::newRow("con largo") << "HTTP/1.1 200 OK\r\nContent-Length: 67108864\r\n\r\n" + cuerpo;
-    QTest::newRow("hasta el fin") << "HTTP/1.1 200 OK\r\n\r\n" + cuerpo;
-    QTest::newRow("comprimida") << "HTTP/1.1 200 OK\r\nContent-Encoding: deflate\r\n\r\n"
-                                       + comprimido;
-}
-
-// The body itself, and room to grow in: a second copy of it would take as much again.
-void tst_HttpProceso::respuestaEnElLimite_unaSolaVezEnMemoria()
-{
-#if defined(__SANITIZE_ADDRESS__)
-    QSKIP("The sanitizer keeps what has been given back, so that memory is no measure here.");
-#endif
-    QFETCH(QByteArray, respuesta);
-    const ServidorGuion guion(respuesta);
-    const Salida salida = correr({u"--memoria"_s, QString::fromLatin1(guion.base() + "/")});
-    QVERIFY(salida.termino);
-    QCOMPARE(salida.lineas.value(0).toLongLong(), 64 * MiB);
-    const qint64 crecio = salida.lineas.value(1).toLongLong();
-    QVERIFY2(crecio >= 64 * MiB && crecio <= 96 * MiB, qPrintable(QString::number(crecio)));
-}
-
-// A quarter of a megabyte that would become 256: it is given up when it has become 64.
-void tst_HttpProceso::respuestaSinMedida_acotada()
-{
-#if defined(__SANITIZE_ADDRESS__)
-    QSKIP("The sanitizer keeps what has been given back, so that memory is no measure here.");
-#endif
-    const ServidorGuion guion("HTTP/1.1 200 OK\r\nContent-Encoding: deflate\r\n\r\n"
-                              + qCompress(QByteArray(256 * MiB, 'x')).mid(4));
-    const Salida salida = correr({u"--memoria"_s, QString::fromLatin1(guion.base() + "/")});
-    QVERIFY(salida.termino);
-    QCOMPARE(salida.lineas.value(0), QByteArray("-1"));
-    const qint64 crecio = salida.lineas.value(1).toLongLong();
-    QVERIFY2(crecio <= 96 * MiB, qPrintable(QString::number(crecio)));
 }
 
 // A file with the keys of every connection would let others read along.
@@ -291,8 +215,6 @@ int main(int argc, char **argv)
     const QStringList argumentos = QCoreApplication::arguments();
     const QString como = argumentos.value(1);
     const QByteArray direccion = argumentos.value(2).toLatin1();
-    if (como == u"--memoria")
-        return pedirConMemoria(direccion);
     if (como == u"--cifrado")
         return pedirCifrado(direccion, argumentos.value(3));
     if (como == u"--descriptores")
