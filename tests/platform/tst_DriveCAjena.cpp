@@ -38,7 +38,7 @@ void tst_DriveCAjena::esperarOtroMomento()
 {
     const auto momento = [this] {
         m_casa->escribir(u".momento"_s, {});
-        const QDateTime escrito = QFileInfo(m_casa->ruta(u".momento"_s)).lastModified();
+        QDateTime escrito = QFileInfo(m_casa->ruta(u".momento"_s)).lastModified();
         QFile::remove(m_casa->ruta(u".momento"_s));
         return escrito;
     };
