@@ -6,6 +6,7 @@
 #include "archive/historico.h"
 #include "archive/recursos.h"
 #include "escenario/HttpInmediato.h"
+#include "escenario/RelojesQuietos.h"
 #include "escenario/Turnos.h"
 #include "records/tcMaterias.h"
 
@@ -53,6 +54,7 @@ public:
     template <typename Hacer>
     QStringList historia(Hacer hacer)
     {
+        const RelojesQuietos quietos;
         const Turnos turnos([this] { e.historia.anotar(turno); });
         hacer();
         return e.historia.sucesos();

@@ -4,6 +4,7 @@
 #include "escenario/Escenario.h"
 #include "escenario/HttpInmediato.h"
 #include "escenario/ImpresionAnotada.h"
+#include "escenario/RelojesQuietos.h"
 #include "escenario/Turnos.h"
 #include "printing/casosTrabajo.h"
 #include "printing/trabajos.h"
@@ -52,6 +53,7 @@ public:
     QStringList historia()
     {
         Verbos verbos;
+        const RelojesQuietos quietos;
         const Turnos turnos([this] { e.historia.anotar(turno); });
         correrTrabajo(m_trabajo, e.entorno, panel, verbos);
         return e.historia.sucesos();

@@ -4,6 +4,7 @@
 // loop, and nothing else turns it.
 #include "escenario/Escenario.h"
 #include "escenario/HttpInmediato.h"
+#include "escenario/RelojesQuietos.h"
 #include "escenario/Turnos.h"
 #include "service/frmCargador.h"
 
@@ -46,6 +47,8 @@ std::int32_t Azar::numeroDe(double)
 class tst_intento : public QObject {
     Q_OBJECT
 private:
+    RelojesQuietos m_quietos;
+
     static QTimer *reloj(const frmCargador &cargador, int milisegundos)
     {
         const auto relojes = cargador.findChildren<QTimer *>();
