@@ -1,38 +1,21 @@
 # SPDX-License-Identifier: MIT
-"""The installer and the portable folder, as people get them.
+"""The installer and the portable folder, as people get them."""
 
-PARVANEL_SALIDA is the folder that they lie in, PARVANEL_VERSION what they are called by.
-"""
-
-import os
 import re
 import unittest
 import zipfile
 from pathlib import Path
 
-from escena_windows import ARCHIVO, EscenaWindows, contenido
+from escena_instalador import ABIERTO, SALIDA, TODOS, VERSION, EscenaInstalador
+from escena_windows import ARCHIVO, contenido
 from secretaria import TITULO
 from secretaria_vista import SecretariaVista
 
-SALIDA, VERSION = Path(os.environ["PARVANEL_SALIDA"]), os.environ["PARVANEL_VERSION"]
-INSTALADOR = SALIDA / f"Parvanel-{VERSION}-instalador.exe"
 PORTATIL = SALIDA / f"Parvanel-{VERSION}-portable.zip"
 MENU = Path("ProgramData/Microsoft/Windows/Start Menu/Programs/Parvanel")
-ABIERTO = 2  # what the installer ends with when a program of the installation runs
 
 
-class Instalador(EscenaWindows):
-    def setUp(self):
-        self.preparar()
-        self.lugar = self.escritorio.c / "Program Files" / "Parvanel"
-
-    def instalar(self, estricta=True):
-        return self.escritorio.correr(INSTALADOR, "/S", estricta=estricta).returncode
-
-    def desinstalar(self):
-        self.escritorio.correr(self.lugar / "desinstalar.exe", "/S")
-        self.escritorio.esperar_todos()  # it goes on as a copy of itself
-
+class Instalador(EscenaInstalador):
     def abrir_del_menu(self, entrada):
         """Opens what the Start menu has under that name, and waits for its window."""
         acceso = (self.escritorio.c / MENU / f"{entrada}.lnk").read_bytes()
@@ -59,7 +42,9 @@ class Instalador(EscenaWindows):
                           "desinstalar.exe"})
         self.abrir_del_menu("Parvanel (demostración)")
         self.hacer_un_historico()
-        self.desinstalar()
+        # As Windows starts it, without a word of the folder.
+        self.escritorio.correr(self.lugar / "desinstalar.exe", "/S")
+        self.escritorio.esperar_todos()  # it goes on as a copy of itself
         self.assertEqual({a for a in self.archivos() - antes if a.parts[0] != "Quorvela"}, set())
         self.assertEqual(antes - self.archivos(), set())
         self.assertNotIn("parvanel", self.registro())
@@ -91,6 +76,18 @@ class Instalador(EscenaWindows):
         self.instalar()
         self.assertNotEqual(contenido(self.lugar), antes)
 
+    def test_desinstalarConElProgramaAbierto_loDiceYNoQuitaNada(self):
+        self.instalar()
+        antes = contenido(self.lugar)
+        self.abrir_del_menu("Parvanel")
+        self.assertEqual(self.desinstalar(estricta=False), ABIERTO)
+        self.assertEqual(contenido(self.lugar), antes)
+        self.assertTrue((self.c / MENU / "Parvanel.lnk").exists())
+        self.assertIsNotNone(self.entrada(TODOS))
+        self.cerrar()
+        self.desinstalar()
+        self.assertIsNone(self.entrada(TODOS))
+
     def test_portatil_funcionaDesdeCualquierCarpeta(self):
         carpeta = self.escritorio.c / "Mis programas del año"
         with zipfile.ZipFile(PORTATIL) as portatil:
@@ -102,18 +99,6 @@ class Instalador(EscenaWindows):
         traido = contenido(carpeta)
         self.hacer_un_historico()
         self.assertEqual(contenido(carpeta), traido)
-
-    def archivos(self):
-        """What there is on drive C, but for what is temporary."""
-        c = self.escritorio.c
-        todos = {a.relative_to(c) for a in c.rglob("*")}
-        return {a for a in todos if not {"Temp", "temp"} & set(a.parts)}
-
-    def registro(self):
-        """The whole registry as one text in small letters, once it has been written."""
-        self.escritorio.esperar_todos()
-        return "".join((self.escritorio.unidad / f"{parte}.reg").read_text("utf-8", "replace")
-                       for parte in ("system", "user", "userdef")).casefold()
 
 
 if __name__ == "__main__":
