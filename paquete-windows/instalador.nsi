@@ -237,8 +237,12 @@ Function confirmarCarpeta
     Call darCarpetaPropia
     ${If} $3 != $INSTDIR
         MessageBox MB_OKCANCEL|MB_ICONINFORMATION \
-            "Parvanel va a quedar en una carpeta propia:$\r$\n$\r$\n$INSTDIR" IDOK +2
+            "Parvanel va a quedar en una carpeta propia:$\r$\n$\r$\n$INSTDIR" IDOK aceptada
+        StrCpy $INSTDIR $3
         Abort
+        aceptada:
+        ; The page reads its box once more when it goes.
+        SendMessage $mui.DirectoryPage.Directory ${WM_SETTEXT} 0 "STR:$INSTDIR"
     ${EndIf}
 FunctionEnd
 
