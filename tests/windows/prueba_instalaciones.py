@@ -7,8 +7,8 @@ import subprocess
 import unittest
 from pathlib import Path
 
-from escena_instalador import (ABIERTO, ARCHIVOS, CUENTA, ENTRADA, SALIDA, SIN_PERMISO, TODOS,
-                               VERSION, EscenaInstalador)
+from escena_instalador import (ABIERTO, ARCHIVOS, CUENTA, ENTRADA, INSTALADOR, SALIDA, SIN_PERMISO,
+                               TODOS, VERSION, EscenaInstalador)
 from escena_windows import WINDOWS, contenido
 
 NSI = Path(__file__).resolve().parents[2] / "paquete-windows" / "instalador.nsi"
@@ -114,6 +114,27 @@ class Instalaciones(EscenaInstalador):
         self.instalar(r"/D=C:\Enlace\Parvanel")
         self.verificar_en(self.c / "Programas/Parvanel")
         self.assertEqual(self.entrada(TODOS)["InstallLocation"], r"C:\Enlace\Parvanel")
+
+    def test_pasoAPaso_enCarpetaPropiaConSuIcono(self):
+        (self.c / "Cosas").mkdir()
+        (self.c / "Cosas/manual.txt").write_text("no es de nadie", encoding="ascii")
+        ventana = self.escritorio.abrir([INSTALADOR], "Instalación de Parvanel *")
+        enfocada = self.escritorio.pantalla.enfocada
+        ventana.esperar_texto("Directorio de Destino")
+        ventana.tecla("ctrl+a")
+        ventana.teclear(r"C:\Cosas")
+        ventana.tecla("Return")
+        # What it says of the folder.
+        ventana.esperar(lambda: enfocada() not in (None, ventana.x), "no question")
+        ventana.tecla("Return")
+        ventana.esperar(lambda: enfocada() == ventana.x, "the question stays")
+        ventana.esperar_texto("Icono en el escritorio")
+        ventana.tecla("Home", "Down", "space", "Return")
+        ventana.esperar_texto("Completando el Asistente", plazo=300)
+        ventana.tecla("Return")
+        self.assertEqual(ventana.proceso.wait(timeout=100), 0)
+        self.verificar_unica(TODOS, self.c / "Cosas/Parvanel")
+        self.assertTrue((self.c / ICONO_TODOS).exists())
 
     # --- over an older one
 
