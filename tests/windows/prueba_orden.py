@@ -34,7 +34,7 @@ done
 esac; done
 cat "$fuente"/* > "$salida" """,
     "ctest": "echo probado",
-    "wineserver": "",
+    "wineserver": "exec sleep 1000",
 }
 FUENTES = {
     "CMakeLists.txt": "project(parvanel VERSION 4.0.0\n", "CHANGELOG.md": "", "LICENSE": "MIT\n",
@@ -42,6 +42,7 @@ FUENTES = {
     "scripts/install-packages": "#!/bin/sh\n",
     "paquete-windows/cadena": '#!/bin/sh\nmkdir -p "$PREFIJO/licencias"\n'
                               'touch "$PREFIJO/licencias/qt.txt"\necho "$PREFIJO"\n',
+    "paquete-windows/con-wine": "#!/bin/sh\n",
 }
 
 
