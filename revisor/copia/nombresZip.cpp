@@ -12,14 +12,13 @@ namespace copia::nombresZip {
 
 namespace {
 
-int abrirNativo(archive *zip, const std::string &ruta, std::size_t bloque)
+template <typename Letra>
+int abrirNativo(archive *zip, const std::basic_string<Letra> &ruta, std::size_t bloque)
 {
-    return archive_read_open_filename(zip, ruta.c_str(), bloque);
-}
-
-[[maybe_unused]] int abrirNativo(archive *zip, const std::wstring &ruta, std::size_t bloque)
-{
-    return archive_read_open_filename_w(zip, ruta.c_str(), bloque);
+    if constexpr (std::is_same_v<Letra, wchar_t>)
+        return archive_read_open_filename_w(zip, ruta.c_str(), bloque);
+    else
+        return archive_read_open_filename(zip, ruta.c_str(), bloque);
 }
 
 } // namespace

@@ -4,19 +4,19 @@
 
 #include <fstream>
 #include <string>
+#include <type_traits>
 
 namespace texto {
 namespace {
 
-QString deNativo(const std::string &nombre)
+// Names are wide where they are no bytes, and "\\" separates them there.
+template <typename Letra>
+QString deNativo(const std::basic_string<Letra> &nombre)
 {
-    return QString::fromUtf8(nombre);
-}
-
-// Where the system's names are wide.
-[[maybe_unused]] QString deNativo(const std::wstring &nombre)
-{
-    return QString::fromStdWString(nombre).replace(u'\\', u'/');
+    if constexpr (std::is_same_v<Letra, wchar_t>)
+        return QString::fromStdWString(nombre).replace(u'\\', u'/');
+    else
+        return QString::fromUtf8(nombre);
 }
 
 } // namespace
