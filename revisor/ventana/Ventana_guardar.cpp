@@ -6,6 +6,7 @@
 #include "revisor/informe.h"
 #include "rutas.h"
 
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
@@ -54,12 +55,13 @@ QString escribirInforme(const QString &archivo, const Resultado &resultado, bool
         return u"No se guardó el informe: ya hay un archivo con ese nombre."_s;
     const QByteArray pagina = informe::enHtml(
         {resultado}, {.programa = programa(), .cuando = QDateTime::currentDateTime()});
+    const QString nombre = informe::legible(QDir::toNativeSeparators(archivo));
     QSaveFile salida(archivo);
     if (!salida.open(QIODevice::WriteOnly) || salida.write(pagina) != pagina.size()
         || !salida.commit())
         return u"No se guardó el informe: no se puede escribir %1. Revise que el disco tenga "
-               u"espacio y no esté protegido."_s.arg(informe::legible(archivo));
-    return u"Informe guardado: "_s + informe::legible(archivo);
+               u"espacio y no esté protegido."_s.arg(nombre);
+    return u"Informe guardado: "_s + nombre;
 }
 
 // What the copy says of itself, and what of the folder is not in it.
