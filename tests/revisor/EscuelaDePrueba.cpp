@@ -171,7 +171,7 @@ fs::path EscuelaDePrueba::descargar(const QString &personal, const Torcer &torce
     salones.Fcargar(matrizDeSalones(escuela));
     descargarHistorico(suelo.entorno, salones, alumnos, materias);
     m_torcer = nullptr;
-    return fs::path((personal + u"/Quorvela/123-2010"_s).toStdString());
+    return rutaDe(personal + u"/Quorvela/123-2010"_s);
 }
 
 void EscuelaDePrueba::imprimir(const QString &personal)
@@ -188,11 +188,6 @@ void EscuelaDePrueba::imprimir(const QString &personal)
             }
         }
     }
-}
-
-QString textoDe(const fs::path &ruta)
-{
-    return QString::fromStdString(ruta.generic_string());
 }
 
 QByteArray leido(const fs::path &ruta)

@@ -6,6 +6,7 @@
 #include "demostracion/Escuela.h"
 #include "demostracion/rutas.h"
 #include "escenario/HttpInmediato.h"
+#include "revisor/nombres.h"
 
 #include <QByteArray>
 #include <QRandomGenerator>
@@ -42,6 +43,5 @@ private:
     HttpInmediato m_http;
 };
 
-QString textoDe(const std::filesystem::path &ruta);
 QByteArray leido(const std::filesystem::path &ruta);
 void escrito(const std::filesystem::path &ruta, const QByteArray &bytes);

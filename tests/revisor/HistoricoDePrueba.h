@@ -4,6 +4,8 @@
 
 #include "revisor/comprobacion.h"
 #include "revisor/copia.h"
+#include "revisor/nombres.h"
+#include "revisor/sacar.h"
 
 #include <QByteArray>
 #include <QDir>
@@ -15,6 +17,8 @@
 #include <QTimeZone>
 
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <map>
 #include <optional>
 
@@ -33,7 +37,7 @@ public:
     {
         // The temporary folder cannot remove what has a name that is no text.
         std::error_code error;
-        std::filesystem::remove_all(m_lugar.path().toStdString(), error);
+        std::filesystem::remove_all(rutaDe(m_lugar.path()), error);
     }
     HistoricoDePrueba(const HistoricoDePrueba &) = delete;
     HistoricoDePrueba &operator=(const HistoricoDePrueba &) = delete;
@@ -60,27 +64,27 @@ public:
     std::filesystem::path zip() const { return ruta("copias/mi copia.zip"); }
     std::filesystem::path ruta(const char *dentro) const
     {
-        return std::filesystem::path(m_lugar.path().toStdString()) / dentro;
+        return rutaDe(m_lugar.path()) / rutaDe(QByteArray(dentro));
     }
     QString texto(const char *dentro) const { return m_lugar.filePath(QString::fromUtf8(dentro)); }
 
     void escribir(const QByteArray &nombre, const QByteArray &bytes) const
     {
-        escribirEn(carpeta() / nombre.toStdString(), bytes);
+        escribirEn(carpeta() / rutaDe(nombre), bytes);
     }
     static void escribirEn(const std::filesystem::path &ruta, const QByteArray &bytes)
     {
-        std::FILE *archivo = std::fopen(ruta.c_str(), "wb");
-        if (archivo == nullptr
-            || std::fwrite(bytes.data(), 1, static_cast<std::size_t>(bytes.size()), archivo)
-                   != static_cast<std::size_t>(bytes.size())
-            || std::fclose(archivo) != 0)
+        std::ofstream archivo(ruta, std::ios::binary);
+        archivo.write(bytes.constData(), bytes.size());
+        archivo.close();
+        if (!archivo)
             qFatal("a file of the test could not be written");
     }
     static QByteArray leer(const std::filesystem::path &ruta)
     {
-        QFile archivo(QString::fromStdString(ruta.string()));
-        return archivo.open(QIODevice::ReadOnly) ? archivo.readAll() : QByteArray();
+        std::ifstream archivo(ruta, std::ios::binary);
+        return QByteArray::fromStdString(
+            {std::istreambuf_iterator<char>(archivo), std::istreambuf_iterator<char>()});
     }
 
     copia::Encargo encargo() const
@@ -101,12 +105,10 @@ public:
                        QDir::Name);
     }
 
-    // Unpacks the copy beside it, by another program, and gives the bag's folder.
+    // Unpacks the copy beside it, and gives the bag's folder.
     std::filesystem::path sacar() const
     {
-        if (correr("unzip", {QStringLiteral("-q"), QString::fromStdString(zip().string()),
-                             QStringLiteral("-d"), texto("fuera")})
-            != 0)
+        if (!sacarZip(zip(), ruta("fuera")))
             qFatal("the copy could not be unpacked");
         return ruta("fuera/mi copia");
     }

@@ -14,6 +14,12 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+// A folder that passes for an archive and lacks nearly everything.
+class HistoricoRoto : public HistoricoDePrueba {
+public:
+    QString donde() const { return texto("123-2010"); }
+};
+
 class VentanaRevisorDePrueba {
 public:
     VentanaRevisorDePrueba() : disco(personal.path()), ventana(disco, verbos, [this] { ++cierres; })

@@ -9,8 +9,11 @@
 #include <archive_entry.h>
 
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <map>
 #include <memory>
+#include <string>
 #include <vector>
 
 #include <zlib.h>
@@ -90,7 +93,10 @@ inline std::map<QByteArray, QByteArray> contenido(const std::filesystem::path &r
     const std::unique_ptr<archive, decltype(&archive_read_free)> zip(archive_read_new(),
                                                                      archive_read_free);
     archive_read_support_format_zip(zip.get());
-    if (archive_read_open_filename(zip.get(), ruta.c_str(), 10240) != ARCHIVE_OK)
+    std::ifstream archivo(ruta, std::ios::binary);
+    const std::string todo{std::istreambuf_iterator<char>(archivo),
+                           std::istreambuf_iterator<char>()};
+    if (archive_read_open_memory(zip.get(), todo.data(), todo.size()) != ARCHIVE_OK)
         return archivos;
     archive_entry *entrada = nullptr;
     while (archive_read_next_header(zip.get(), &entrada) == ARCHIVE_OK) {

@@ -9,6 +9,7 @@
 #include <QByteArray>
 #include <QList>
 #include <QRandomGenerator>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 #include <QTest>
@@ -57,7 +58,7 @@ struct Taller {
         }
     }
     const SalonDemo &salon() { return uno(escuela.salones); }
-    fs::path en(const QString &ruta) const { return carpeta / ruta.toStdString(); }
+    fs::path en(const QString &ruta) const { return carpeta / rutaDe(ruta); }
     QByteArray leer(const QString &ruta) const { return leido(en(ruta)); }
     void escribir(const QString &ruta, const QByteArray &bytes) const { escrito(en(ruta), bytes); }
     void borrar(const QString &ruta) const { QVERIFY(fs::remove(en(ruta))); }
@@ -154,5 +155,9 @@ QList<Danio> dePaginas();
 QList<Danio> deImagenes();
 QList<Danio> deGuiones();
 QList<Danio> deFechasYRestos();
+QList<Danio> deEsteSistema();
+
+// The rules for which no damage can be planted on this system.
+QSet<int> imposiblesAqui();
 
 } // namespace danios

@@ -2,6 +2,7 @@
 // Damage of every kind, planted at random places of archives that are whole, by turns one of the
 // demonstration school and one of a school drawn at random: each is found, with the file and the
 // person concerned, and nothing else is said to be wrong. PARVANEL_REVISOR_SEMILLA chooses others.
+// PARVANEL_REVISOR_HISTORICOS is a folder to leave them all in, each in one of its damage's name.
 #include "revisor/danios.h"
 
 #include <QTemporaryDir>
@@ -12,7 +13,8 @@ namespace {
 
 QList<Danio> todos()
 {
-    return deGente() + deEnlaces() + dePaginas() + deImagenes() + deGuiones() + deFechasYRestos();
+    return deGente() + deEnlaces() + dePaginas() + deImagenes() + deGuiones() + deFechasYRestos()
+           + deEsteSistema();
 }
 
 } // namespace
@@ -55,9 +57,8 @@ private:
         if (conLotes)
             original.escuela->imprimir(original.personal.path());
         // Something whose name Windows reads from percent signs of its own.
-        fs::copy(original.carpeta / "archivos/images/logo.png", original.carpeta / "archivos/fotos"
-                                                                    / fs::path("\xC3\xB1"
-                                                                               "and\xC3\xBA.jpg"));
+        fs::copy(original.carpeta / "archivos/images/logo.png",
+                 original.carpeta / "archivos/fotos" / rutaDe(u"ñandú.jpg"_s));
     }
 
     // A school of some size, with ids that are no numbers.
@@ -75,12 +76,24 @@ private:
         }
     }
 
+    static QString dondeQuedan() { return qEnvironmentVariable("PARVANEL_REVISOR_HISTORICOS"); }
+
+    // What is left of an archive goes into a folder of its own.
+    static fs::path copiar(const fs::path &original, const QString &nombre)
+    {
+        const fs::path carpeta = rutaDe(nombre) / "123-2010";
+        fs::create_directories(carpeta);
+        fs::copy(original, carpeta, fs::copy_options::recursive | fs::copy_options::copy_symlinks);
+        return carpeta;
+    }
+
     void probar(const Original &original, const Danio &danio, quint32 semilla)
     {
         const QTemporaryDir otra;
-        const fs::path carpeta = fs::path(otra.path().toStdString()) / "123-2010";
-        fs::copy(original.carpeta, carpeta,
-                 fs::copy_options::recursive | fs::copy_options::copy_symlinks);
+        const QString quedan = dondeQuedan();
+        const fs::path carpeta = copiar(
+            original.carpeta,
+            quedan.isEmpty() ? otra.path() : quedan + u'/' + QString::fromLatin1(danio.nombre));
         const Escuela &escuela = original.escuela->escuela;
         Taller taller{escuela, carpeta, QRandomGenerator(semilla)};
         const Blanco blanco = danio.plantar(taller);
@@ -88,7 +101,8 @@ private:
             return;
         juzgar(revisar(taller.carpeta), danio, blanco, escuela);
         // The folder's own class cannot name every file.
-        fs::remove_all(taller.carpeta);
+        if (quedan.isEmpty())
+            fs::remove_all(taller.carpeta);
     }
 
     static void juzgar(const Resultado &resultado, const Danio &danio, const Blanco &blanco,
@@ -144,6 +158,10 @@ private Q_SLOTS:
             const Resultado resultado = revisar(original->carpeta);
             QCOMPARE(resultado.veredicto, Veredicto::Completo);
         }
+        if (const QString quedan = dondeQuedan(); !quedan.isEmpty()) {
+            copiar(m_demostracion.carpeta, quedan + u"/demostracion"_s);
+            copiar(m_alAzar.carpeta, quedan + u"/al azar"_s);
+        }
     }
 
     void danio_seEncuentra_data()
@@ -166,8 +184,9 @@ private Q_SLOTS:
     // others every archive has, damaged or not (tst_completos).
     void reglas_tienenTodasSuDanio()
     {
-        QSet<int> probadas = {reglas::SoloImpresiones, reglas::NoSeLee, reglas::AvatarSinFoto,
-                              reglas::AjustesDeBoletin, reglas::GuionDelServicio};
+        QSet<int> probadas = imposiblesAqui();
+        probadas.unite({reglas::SoloImpresiones, reglas::NoSeLee, reglas::AvatarSinFoto,
+                        reglas::AjustesDeBoletin, reglas::GuionDelServicio});
         for (const Danio &danio : todos())
             probadas.insert(danio.regla);
         for (int i = 0; i < reglas::Cuantas; ++i)

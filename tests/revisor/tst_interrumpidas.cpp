@@ -31,7 +31,7 @@ QByteArray sinAzar(QByteArray destino)
 
 bool carpetaLaTiene(const fs::path &carpeta, const QString &archivo)
 {
-    return fs::exists(carpeta / archivo.toStdString());
+    return fs::exists(carpeta / rutaDe(archivo));
 }
 
 // Of a label or a photo nothing can be known when no page that has come shows it.
@@ -190,8 +190,7 @@ private Q_SLOTS:
                     esperados.insert(u"archivos/%1/%2.html"_s.arg(c, s.id));
             }
             QSet<QString> pedidos;
-            const Resultado resultado =
-                revisar(fs::path(personal.path().toStdString()) / "Quorvela/123-2010");
+            const Resultado resultado = revisar(rutaDe(personal.path()) / "Quorvela/123-2010");
             for (const Hallazgo &h : resultado.hallazgos) {
                 if (h.regla == &reglas::todas[reglas::FaltaDocumento]
                     || h.regla == &reglas::todas[reglas::FaltaSalon])

@@ -34,7 +34,7 @@ Cambio conMas(const QByteArray &html)
 {
     return [html](QByteArray pagina, const QString &ruta) {
         QByteArray propio = html;
-        propio.replace("%1", QByteArray::fromStdString(fs::path(ruta.toStdString()).stem()));
+        propio.replace("%1", textoDe(rutaDe(ruta).stem()).toUtf8());
         return pagina.replace("</body>", propio + "</body>");
     };
 }
@@ -77,7 +77,7 @@ private Q_SLOTS:
     void init()
     {
         m_otra = std::make_unique<QTemporaryDir>();
-        m_carpeta = fs::path(m_otra->path().toStdString()) / "123-2010";
+        m_carpeta = rutaDe(m_otra->path()) / "123-2010";
         fs::copy(m_original, m_carpeta,
                  fs::copy_options::recursive | fs::copy_options::copy_symlinks);
     }
@@ -136,7 +136,7 @@ private Q_SLOTS:
         cambiarPaginas(m_carpeta, conMas("<a href='/alumnos/%1/'>x</a><a href='salir.php'>x</a>"));
         const QString ruta =
             u"archivos/infoFinal/"_s + m_escuela->escuela.alumnos[0].id + u".html"_s;
-        const fs::path una = m_carpeta / ruta.toStdString();
+        const fs::path una = m_carpeta / rutaDe(ruta);
         escrito(una, leido(una).replace("</body>", "<img src='../otros/x.png'></body>"));
         const Resultado resultado = revisar(m_carpeta);
         QCOMPARE(hallados(resultado),
@@ -152,7 +152,7 @@ private Q_SLOTS:
                 todos.push_back(una.path());
         }
         for (const fs::path &una : todos)
-            escrito(una.parent_path() / ("._" + una.filename().string()),
+            escrito(una.parent_path() / rutaDe(u"._"_s + textoDe(una.filename())),
                     QByteArray("\0\5\x16\7\0\2\0\0Mac OS X", 16) + QByteArray(60, '\0'));
         const fs::path archivos = m_carpeta / "archivos";
         for (const char *nombre : {"fotos/LEAME.txt", "fotos/lista.xlsx", "fotos/.picasa.ini",
@@ -180,10 +180,10 @@ private Q_SLOTS:
         const fs::path archivos = m_carpeta / "archivos";
         const QString alumno = m_escuela->escuela.alumnos[0].id;
         const QString salon = m_escuela->escuela.salones[0].id;
-        fs::copy(archivos / "infoFinal" / (alumno + u".html"_s).toStdString(),
-                 archivos / "infoFinal" / (nombre.arg(alumno) + u".html"_s).toStdString());
-        fs::copy(archivos / "salones" / (salon + u".html"_s).toStdString(),
-                 archivos / "salones" / (nombre.arg(salon) + u".html"_s).toStdString());
+        fs::copy(archivos / "infoFinal" / rutaDe(alumno + u".html"_s),
+                 archivos / "infoFinal" / rutaDe(nombre.arg(alumno) + u".html"_s));
+        fs::copy(archivos / "salones" / rutaDe(salon + u".html"_s),
+                 archivos / "salones" / rutaDe(nombre.arg(salon) + u".html"_s));
         const Resultado resultado = revisar(m_carpeta);
         QCOMPARE(hallados(resultado), QStringList());
         QCOMPARE(resultado.personas, int(m_escuela->escuela.alumnos.size()));
@@ -204,7 +204,7 @@ private Q_SLOTS:
         const AlumnoDemo &uno = m_escuela->escuela.alumnos[0];
         const AlumnoDemo &otro = m_escuela->escuela.alumnos[1];
         const auto certificado = [&](const AlumnoDemo &a) {
-            return m_carpeta / "archivos/certificados" / (a.id + u".html"_s).toStdString();
+            return m_carpeta / "archivos/certificados" / rutaDe(a.id + u".html"_s);
         };
         escrito(certificado(uno), leido(certificado(uno)).replace(uno.id.toLatin1(), ""));
         escrito(certificado(otro), leido(certificado(uno)));
@@ -222,10 +222,10 @@ private Q_SLOTS:
         const AlumnoDemo &uno = m_escuela->escuela.alumnos[0];
         const AlumnoDemo &otro = m_escuela->escuela.alumnos[1];
         const QString ruta = u"archivos/certificados/%1.html"_s;
-        QByteArray pagina = leido(m_carpeta / ruta.arg(uno.id).toStdString());
+        QByteArray pagina = leido(m_carpeta / rutaDe(ruta.arg(uno.id)));
         pagina.replace("</body>", "<p>" + otro.id.toLatin1() + "</p></body>");
         for (const AlumnoDemo *a : {&uno, &otro})
-            escrito(m_carpeta / ruta.arg(a->id).toStdString(), pagina);
+            escrito(m_carpeta / rutaDe(ruta.arg(a->id)), pagina);
         for (const Hallazgo &h : revisar(m_carpeta).hallazgos)
             QVERIFY2(!h.detalle.contains(h.archivo), qPrintable(h.detalle));
     }
@@ -261,7 +261,7 @@ private Q_SLOTS:
     void paginaSinFinEntreOtras_esCortada()
     {
         const fs::path una = m_carpeta / "archivos/infoFinal"
-                             / (m_escuela->escuela.alumnos[0].id + u".html"_s).toStdString();
+                             / rutaDe(m_escuela->escuela.alumnos[0].id + u".html"_s);
         escrito(una, leido(una).replace("</html>", ""));
         QCOMPARE(cuantos(revisar(m_carpeta), reglas::PaginaCortada), 1);
     }

@@ -3,7 +3,6 @@
 #include "ModeloHallazgos.h"
 #include "PanelHallazgos.h"
 #include "VentanaRevisorDePrueba.h"
-#include "escenario/ProgramasEnPath.h"
 
 #include <QAccessible>
 #include <QDir>
@@ -20,16 +19,6 @@
 #include <QTreeWidget>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-// A folder that passes for an archive and lacks nearly everything.
-class HistoricoRoto : public HistoricoDePrueba {
-public:
-    QString donde() const { return texto("123-2010"); }
-};
-
-} // namespace
 
 class tst_ventana : public QObject {
     Q_OBJECT
@@ -126,43 +115,6 @@ private Q_SLOTS:
         QVERIFY(!v.activo("botonAbrir"));
         caja->clear();
         QVERIFY(!v.elemento("rotuloNinguno", "panelFaltas")->isVisible());
-    }
-
-    void abrirPagina_soloLaQueEstaYSePuedeMirar()
-    {
-        const ProgramasEnPath programas;
-        const QByteArray nota = programas.ruta(u"nota"_s).toUtf8();
-        programas.poner(u"xdg-open"_s, "#!/bin/sh\nprintf '%s\\n' \"$@\" > '" + nota + ".n'\nmv '"
-                                           + nota + ".n' '" + nota + "'\n");
-        VentanaRevisorDePrueba v;
-        const HistoricoRoto historico;
-        historico.escribir("archivos/salones/programa.sh", "#!/bin/sh\n");
-        v.revisar(historico.donde());
-        auto *panel = v.elemento<PanelHallazgos>("panelFaltas");
-        auto *arbol = v.elemento<QTreeView>("arbol", "panelFaltas");
-        const auto *modelo = qobject_cast<ModeloHallazgos *>(arbol->model());
-        int conPagina = 0;
-        int sinPagina = 0;
-        for (int grupo = 0; grupo < modelo->rowCount(); ++grupo) {
-            const QModelIndex madre = modelo->index(grupo, 0);
-            for (int fila = 0; fila < modelo->rowCount(madre); ++fila) {
-                arbol->setCurrentIndex(modelo->index(fila, 0, madre));
-                const QString &archivo = panel->elegido()->archivo;
-                const bool esta = QFileInfo(historico.donde() + u'/' + archivo).isFile();
-                const bool seMira = archivo.endsWith(u".html"_s) || archivo.endsWith(u".txt"_s)
-                                    || archivo.endsWith(u".jpg"_s);
-                QCOMPARE(v.activo("botonAbrir"), esta && seMira);
-                ++(esta && seMira ? conPagina : sinPagina);
-                if (esta && seMira && conPagina == 1) {
-                    v.clic("botonAbrir");
-                    QTRY_COMPARE_WITH_TIMEOUT(programas.leer(u"nota"_s),
-                                              (historico.donde() + u'/' + archivo + u'\n').toUtf8(),
-                                              60000);
-                }
-            }
-        }
-        QVERIFY(conPagina > 0);
-        QVERIFY(sinPagina > 0);
     }
 
     void enterEnLaLista_revisa()

@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: MIT
+// Links are made by administrators here, and the names that others refuse cannot be had.
+#include "revisor/danios.h"
+
+namespace danios {
+
+QList<Danio> deEsteSistema()
+{
+    return {};
+}
+
+QSet<int> imposiblesAqui()
+{
+    return {reglas::EnlaceSinDestino, reglas::CarpetaFuera, reglas::NombreDificil};
+}
+
+} // namespace danios

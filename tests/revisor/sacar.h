@@ -1,0 +1,8 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <filesystem>
+
+// Unpacks a ZIP into a folder that is made for it, by another program than the one under test;
+// false when that fails.
+bool sacarZip(const std::filesystem::path &zip, const std::filesystem::path &carpeta);
