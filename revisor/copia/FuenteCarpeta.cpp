@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "fuentes.h"
 #include "inventario.h"
+#include "platform/recorrido.h"
 
 #include <array>
 #include <fstream>
@@ -37,7 +38,7 @@ public:
 
     Lectura leer(std::size_t indice, const Recibir &recibir) override
     {
-        std::ifstream archivo(m_rutas.at(indice), std::ios::binary);
+        std::ifstream archivo(recorrido::paraAbrir(m_rutas.at(indice)), std::ios::binary);
         if (!archivo)
             return noSeLee(paraMostrar(m_rutas.at(indice)));
         while (archivo) {

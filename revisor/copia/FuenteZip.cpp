@@ -3,7 +3,7 @@
 // another library than the one that wrote it, so that a fault of that one comes out.
 #include "bolsa.h"
 #include "fuentes.h"
-#include "inventario.h"
+#include "platform/recorrido.h"
 #include "segundaLectura.h"
 
 #include <zip.h>
@@ -32,7 +32,8 @@ public:
     FuenteZip(const fs::path &ruta, const std::stop_token &parar) : m_ruta(ruta), m_parar(parar)
     {
         int fallo = 0;
-        m_zip.reset(zip_open(enBytes(ruta).constData(), ZIP_RDONLY, &fallo));
+        const std::u8string nombre = recorrido::paraAbrir(ruta).u8string();
+        m_zip.reset(zip_open(reinterpret_cast<const char *>(nombre.c_str()), ZIP_RDONLY, &fallo));
         std::error_code error;
         const auto largo = fs::file_size(ruta, error);
         if (!m_zip || error) {

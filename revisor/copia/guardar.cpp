@@ -2,6 +2,7 @@
 #include "EscritorZip.h"
 #include "bolsa.h"
 #include "inventario.h"
+#include "platform/recorrido.h"
 #include "revisor/copia.h"
 
 #include <QCryptographicHash>
@@ -154,7 +155,7 @@ private:
         const QByteArray nombre = bolsa::carga + pieza.nombre;
         if (pieza.esCarpeta)
             return zip.carpeta(m_base + nombre, pieza.escrito) || noSeEscribe();
-        std::ifstream archivo(pieza.ruta, std::ios::binary);
+        std::ifstream archivo(recorrido::paraAbrir(pieza.ruta), std::ios::binary);
         if (!archivo)
             return terminar(Final::Fallo, u"No se puede leer: "_s + paraMostrar(pieza.ruta));
         if (!zip.archivo(m_base + nombre, pieza.bytes, pieza.escrito))

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "inventario.h"
 
-#include "platform/enlaces.h"
 #include "platform/nombresNativos.h"
+#include "platform/recorrido.h"
 
 #include <QDir>
 
@@ -15,6 +15,9 @@ using namespace Qt::StringLiterals;
 namespace copia {
 
 namespace {
+
+using recorrido::Clase;
+using recorrido::Entrada;
 
 bool esOtraEscritura(const fs::path &enlace)
 {
@@ -51,55 +54,48 @@ private:
 
     void leer(const Carpeta &carpeta)
     {
-        std::error_code error;
-        fs::directory_iterator entrada(carpeta.ruta, error);
-        for (; !error && entrada != fs::directory_iterator() && m_inventario.fallo.isEmpty();
-             entrada.increment(error)) {
+        const bool entera = recorrido::porCarpeta(carpeta.ruta, [&](const Entrada &una) {
             m_inventario.detenido = m_parar.stop_requested();
-            if (m_inventario.detenido)
-                return;
-            anotar(*entrada, carpeta.nombre + enBytes(entrada->path().filename()));
-        }
-        if (error)
+            if (!m_inventario.detenido)
+                anotar(una, carpeta.ruta / una.nombre, carpeta.nombre + enBytes(una.nombre));
+            return !m_inventario.detenido && m_inventario.fallo.isEmpty();
+        });
+        if (!entera)
             m_inventario.fallo = paraMostrar(carpeta.ruta);
     }
 
-    void anotar(const fs::directory_entry &entrada, const QByteArray &nombre)
+    void anotar(const Entrada &una, const fs::path &ruta, const QByteArray &nombre)
     {
-        std::error_code error;
-        const fs::file_status estado = entrada.symlink_status(error);
-        if (error) {
-            m_inventario.fallo = paraMostrar(entrada.path());
-        } else if (fs::is_symlink(estado) || enlaces::esEnlace(entrada)) {
-            if (!esOtraEscritura(entrada.path()))
+        switch (una.clase) {
+        case Clase::Enlace:
+            if (!esOtraEscritura(ruta))
                 omitir(nombre, Omitido::Motivo::Enlace);
-        } else if (fs::is_directory(estado)) {
-            m_pendientes.push_back({.ruta = entrada.path(), .nombre = nombre + '/'});
-            agregar(entrada, nombre, 0);
-        } else if (!fs::is_regular_file(estado)) {
+            return;
+        case Clase::Carpeta:
+            m_pendientes.push_back({.ruta = ruta, .nombre = nombre + '/'});
+            agregar(una, ruta, nombre);
+            return;
+        case Clase::Archivo:
+            if (enBytes(una.nombre).startsWith(".descarga-"))
+                omitir(nombre, Omitido::Motivo::Resto);
+            else
+                agregar(una, ruta, nombre);
+            return;
+        case Clase::Otra:
             omitir(nombre, Omitido::Motivo::Especial);
-        } else if (enBytes(entrada.path().filename()).startsWith(".descarga-")) {
-            omitir(nombre, Omitido::Motivo::Resto);
-        } else {
-            agregar(entrada, nombre, -1);
         }
     }
 
-    // `bytes` below 0: as many as the file has.
-    void agregar(const fs::directory_entry &entrada, const QByteArray &nombre, qint64 bytes)
+    void agregar(const Entrada &una, const fs::path &ruta, const QByteArray &nombre)
     {
-        std::error_code error;
-        Pieza pieza = {.nombre = nombre,
-                       .ruta = entrada.path(),
-                       .esCarpeta = bytes == 0,
-                       .bytes = bytes,
-                       .escrito = fs::last_write_time(entrada.path(), error)};
-        if (!error && bytes < 0)
-            pieza.bytes = static_cast<qint64>(fs::file_size(entrada.path(), error));
-        if (error)
-            m_inventario.fallo = paraMostrar(entrada.path());
+        if (una.cierta)
+            m_inventario.piezas.push_back({.nombre = nombre,
+                                           .ruta = ruta,
+                                           .esCarpeta = una.clase == Clase::Carpeta,
+                                           .bytes = una.bytes,
+                                           .escrito = una.escrito});
         else
-            m_inventario.piezas.push_back(std::move(pieza));
+            m_inventario.fallo = paraMostrar(ruta);
     }
 
     void omitir(const QByteArray &nombre, Omitido::Motivo motivo)

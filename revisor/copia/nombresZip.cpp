@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "nombresZip.h"
+#include "platform/recorrido.h"
 
 #include <QString>
 
@@ -55,7 +56,7 @@ std::optional<QByteArray> de(archive_entry *entrada)
 
 int abrir(archive *zip, const std::filesystem::path &ruta, std::size_t bloque)
 {
-    return abrirNativo(zip, ruta.native(), bloque);
+    return abrirNativo(zip, recorrido::paraAbrir(ruta).native(), bloque);
 }
 
 } // namespace copia::nombresZip

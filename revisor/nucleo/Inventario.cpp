@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Inventario.h"
-#include "platform/enlaces.h"
 #include "platform/nombresNativos.h"
+#include "platform/recorrido.h"
 #include "texto.h"
 
 #include <QRegularExpression>
@@ -120,28 +120,29 @@ private:
     // False when it cannot be listed.
     bool carpeta(const fs::path &relativa, int hondo)
     {
-        std::error_code error;
-        fs::directory_iterator lista(m_raiz / relativa, error);
-        if (error)
-            return false;
-        for (; lista != fs::directory_iterator(); lista.increment(error)) {
+        return recorrido::porCarpeta(m_raiz / relativa, [&](const recorrido::Entrada &una) {
             if (m_parar.stop_requested())
-                return true;
-            entrada(*lista, relativa / lista->path().filename(), hondo);
-        }
-        return !error;
+                return false;
+            entrada(una, relativa / una.nombre, hondo);
+            return true;
+        });
     }
 
-    void entrada(const fs::directory_entry &una, const fs::path &relativa, int hondo)
+    void entrada(const recorrido::Entrada &una, const fs::path &relativa, int hondo)
     {
-        std::error_code error;
-        if (enlaces::esEnlace(una))
-            enlace(una, relativa, hondo);
-        else if (una.is_directory(error))
+        switch (una.clase) {
+        case recorrido::Clase::Enlace:
+            enlace(m_raiz / relativa, relativa, hondo);
+            return;
+        case recorrido::Clase::Carpeta:
             subcarpeta(relativa, hondo);
-        else if (una.is_regular_file(error))
+            return;
+        case recorrido::Clase::Archivo:
             archivo(una, relativa);
-        // Devices, pipes and the like are none of an archive's, and are never opened.
+            return;
+        case recorrido::Clase::Otra:
+            return; // none of an archive's, and never opened
+        }
     }
 
     void subcarpeta(const fs::path &relativa, int hondo)
@@ -153,44 +154,53 @@ private:
             m_i.ilegibles.append(texto);
     }
 
-    void enlace(const fs::directory_entry &una, const fs::path &relativa, int hondo)
+    void enlace(const fs::path &una, const fs::path &relativa, int hondo)
     {
         const QString texto = texto::deRuta(relativa);
         std::error_code error;
-        const fs::path destino = fs::read_symlink(una.path(), error);
-        const bool entera = !error && fs::exists(una.path(), error);
+        const fs::path destino = fs::read_symlink(una, error);
+        const bool entera = !error && fs::exists(una, error);
         const QString propio = texto::deRuta(relativa.filename());
         if (entera && nombresNativos::esOtraEscritura(propio, texto::deRuta(destino))
             && propio != texto::deRuta(destino)) {
             m_i.m_otrasEscrituras.insert(texto, texto::deRuta(relativa.parent_path() / destino));
             return;
         }
-        const fs::path real = entera ? fs::canonical(una.path(), error) : fs::path();
+        const fs::path real = entera ? fs::canonical(una, error) : fs::path();
         const bool perdido = !entera || error;
         if (!perdido && real != m_real && !estaDentro(real, m_real))
             m_i.haciaFuera.append(texto);
-        else if (perdido || leContiene(real, una.path())) // or it leads in a circle
+        else if (perdido || leContiene(real, una)) // or it leads in a circle
             m_i.sinDestino.append(texto);
         else if (fs::is_regular_file(real, error))
-            archivo(fs::directory_entry(real, error), relativa);
+            archivo(porElEnlace(real), relativa);
         else if (fs::is_directory(real, error) && m_seguidas.insert(real).second)
             subcarpeta(relativa, hondo);
     }
 
-    void archivo(const fs::directory_entry &una, const fs::path &relativa)
+    // The file to which a link leads.
+    static recorrido::Entrada porElEnlace(const fs::path &real)
     {
         std::error_code sinLargo;
         std::error_code sinFecha;
+        recorrido::Entrada una;
+        una.bytes = static_cast<qint64>(fs::file_size(real, sinLargo));
+        una.escrito = fs::last_write_time(real, sinFecha);
+        una.cierta = !sinLargo && !sinFecha;
+        return una;
+    }
+
+    void archivo(const recorrido::Entrada &una, const fs::path &relativa)
+    {
         Entrada nueva;
         nueva.ruta = relativa;
         nueva.texto = texto::deRuta(relativa);
-        nueva.largo = static_cast<qint64>(una.file_size(sinLargo));
-        const auto fecha = una.last_write_time(sinFecha);
-        if (sinLargo || sinFecha) {
+        nueva.largo = una.bytes;
+        if (!una.cierta) {
             m_i.ilegibles.append(nueva.texto);
             return;
         }
-        nueva.fecha = enMilisegundos(fecha);
+        nueva.fecha = enMilisegundos(una.escrito);
         nueva.clase = claseDe(nueva.texto);
         if (auto lugar = familias::lugarDe(nueva.texto); lugar && !esDeOtroPrograma(nueva.texto)) {
             nueva.familia = lugar->familia;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "texto.h"
 #include "platform/nombresNativos.h"
+#include "platform/recorrido.h"
 
 #include <fstream>
 #include <string>
@@ -35,7 +36,7 @@ std::optional<QByteArray> leer(const std::filesystem::path &ruta, qint64 maximo)
 {
     std::ifstream archivo;
     archivo.rdbuf()->pubsetbuf(nullptr, 0);
-    archivo.open(ruta, std::ios::binary | std::ios::ate);
+    archivo.open(recorrido::paraAbrir(ruta), std::ios::binary | std::ios::ate);
     if (!archivo)
         return std::nullopt;
     const auto largo = static_cast<qint64>(archivo.tellg());
