@@ -209,13 +209,12 @@ class Revisor(EscenaWindows):
                 self.escritorio.registrar((TEMAS, "AppsUseLightTheme", claro),
                                           (TEMAS, "SystemUsesLightTheme", claro))
                 self.ventana = self.escritorio.abrir([EN_WINDOWS], TITULO)
-                self.ventana.esperar_texto("123-2010")
+                self.ventana.esperar_texto("Revisar")
                 self.ventana.tecla("Return")  # the last year's, which the list begins with
                 self.ventana.esperar_texto("Faltan documentos")
-                self.ventana.esperar_texto("logo.png")
+                self.ventana.esperar_texto("archivos/images/logo.png")
                 self.retratar(f"revisor-{color}-faltan")
-                self.ventana.pulsar_texto(r"C:\Quorvela\123-2009")
-                self.ventana.pulsar_texto("Revisar")
+                self.ventana.tecla("alt+h", "Home", "Return")  # the list again, and its first
                 self.ventana.esperar_texto("Completo")
                 self.retratar(f"revisor-{color}-completo")
                 self.cerrar()
