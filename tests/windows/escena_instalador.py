@@ -2,7 +2,8 @@
 """What the tests of the installer share: it is run on a drive C of each test's own, by an account
 that is an administrator as Wine's only one is, or as one that is not.
 
-PARVANEL_SALIDA is the folder that it lies in, PARVANEL_VERSION what it is called by.
+PARVANEL_SALIDA is the folder that it lies in, PARVANEL_VERSION what it is called by,
+PARVANEL_CON_REVISOR "ON" where the reviewer is among what it installs.
 """
 
 import os
@@ -18,7 +19,8 @@ TODOS, CUENTA = "HKEY_LOCAL_MACHINE", "HKEY_CURRENT_USER"
 # What the installer and the uninstaller end with.
 ABIERTO = 2
 SIN_PERMISO = 3
-PROGRAMAS = {"parvanel.exe", "parvanel-demo.exe", "parvanel-revisor.exe"}
+REVISOR = os.environ["PARVANEL_CON_REVISOR"] == "ON"
+PROGRAMAS = {"parvanel.exe", "parvanel-demo.exe"} | ({"parvanel-revisor.exe"} if REVISOR else set())
 ARCHIVOS = PROGRAMAS | {"manual.html", "licencias.txt", "desinstalar.exe"}
 
 

@@ -6,23 +6,26 @@ import unittest
 import zipfile
 from pathlib import Path
 
-from escena_instalador import ABIERTO, SALIDA, TODOS, VERSION, EscenaInstalador
+from escena_instalador import (ABIERTO, ARCHIVOS, REVISOR, SALIDA, TODOS, VERSION,
+                               EscenaInstalador)
 from escena_windows import ARCHIVO, contenido
 from secretaria import TITULO
 from secretaria_vista import SecretariaVista
 
 PORTATIL = SALIDA / f"Parvanel-{VERSION}-portable.zip"
 MENU = Path("ProgramData/Microsoft/Windows/Start Menu/Programs/Parvanel")
+ENTRADAS = {"Parvanel", "Parvanel (demostración)", "Manual"} | ({"Revisor de Históricos"} if REVISOR
+                                                               else set())
 
 
 class Instalador(EscenaInstalador):
-    def abrir_del_menu(self, entrada):
-        """Opens what the Start menu has under that name, and waits for its window."""
+    def abrir_del_menu(self, entrada, titulo=TITULO):
+        """Opens what the Start menu has under that name, and waits for its window of that title."""
         acceso = (self.escritorio.c / MENU / f"{entrada}.lnk").read_bytes()
         # Wine's `start` does not follow it, as Windows would: what it leads to is read out of
         # it. Its path stands there in letters of one byte, ended by a zero byte.
         destino = re.search(rb"C:\\[^\0]*\.exe(?=\0)", acceso).group().decode("ascii")
-        self.ventana = self.escritorio.abrir([destino], TITULO)
+        self.ventana = self.escritorio.abrir([destino], titulo)
         self.secretaria = SecretariaVista(self.ventana)
 
     def hacer_un_historico(self):
@@ -37,9 +40,8 @@ class Instalador(EscenaInstalador):
         self.escritorio.esperar_todos()
         antes = self.archivos()
         self.instalar()
-        self.assertEqual({a.name for a in self.lugar.iterdir()} - {"parvanel-revisor.exe"},
-                         {"parvanel.exe", "parvanel-demo.exe", "manual.html", "licencias.txt",
-                          "desinstalar.exe"})
+        self.assertEqual({a.name for a in self.lugar.iterdir()}, ARCHIVOS)
+        self.assertEqual({a.stem for a in (self.escritorio.c / MENU).iterdir()}, ENTRADAS)
         self.abrir_del_menu("Parvanel (demostración)")
         self.hacer_un_historico()
         # As Windows starts it, without a word of the folder.
@@ -55,6 +57,13 @@ class Instalador(EscenaInstalador):
         self.assertIn(f'"displayversion"="{VERSION}"', self.registro())
         self.abrir_del_menu("Parvanel")
         self.ventana.esperar_texto("Contraseña")
+        self.cerrar()
+
+    @unittest.skipUnless(REVISOR, "the reviewer is not among the programs")
+    def test_instalado_revisaTambien(self):
+        self.instalar()
+        self.abrir_del_menu("Revisor de Históricos", "Revisor de Históricos")
+        self.ventana.esperar_texto("Otra carpeta")
         self.cerrar()
 
     def test_instalarSobreSiMismo_quedaIgual(self):
