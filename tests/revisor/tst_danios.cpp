@@ -82,7 +82,7 @@ private:
     static fs::path copiar(const fs::path &original, const QString &nombre)
     {
         const fs::path carpeta = rutaDe(nombre) / "123-2010";
-        fs::create_directories(carpeta);
+        fs::create_directories(carpeta.parent_path());
         fs::copy(original, carpeta, fs::copy_options::recursive | fs::copy_options::copy_symlinks);
         return carpeta;
     }
