@@ -45,8 +45,8 @@ class Revisor(EscenaWindows):
         entorno = {**os.environ, "QT_QPA_PLATFORM": "offscreen", "LC_ALL": "C.UTF-8", "TZ": "UTC",
                    "PARVANEL_REVISOR_HISTORICOS": str(cls.todos)}
         subprocess.run([QUE_LOS_HACE], env=entorno, check=True, timeout=PLAZO, capture_output=True)
-        cls.historicos = {madre.name: next(madre.iterdir()) for madre in sorted(cls.todos.iterdir())
-                          if madre.name not in SOLO_EN_LINUX}
+        madres = sorted(m for m in cls.todos.iterdir() if m.name not in SOLO_EN_LINUX)
+        cls.historicos = {madre.name: next(madre.iterdir()) for madre in madres}
         for madre in SOLO_EN_LINUX:
             shutil.rmtree(cls.todos / madre)
         # Linux' program makes some, for browsers that regard letter case.
