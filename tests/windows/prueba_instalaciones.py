@@ -28,13 +28,7 @@ class Instalaciones(EscenaInstalador):
 
     def verificar_en(self, lugar):
         """That it is installed there, whole."""
-        self.assertEqual(set(contenido(lugar)) & ARCHIVOS, ARCHIVOS - self.sin_revisor())
-
-    # An installer may have been made without it.
-    @staticmethod
-    def sin_revisor():
-        hecho = (SALIDA / f"Parvanel-{VERSION}" / "parvanel-revisor.exe").exists()
-        return set() if hecho else {"parvanel-revisor.exe"}
+        self.assertEqual(set(contenido(lugar)) & ARCHIVOS, ARCHIVOS)
 
     def verificar_unica(self, raiz, lugar):
         """That this is the one installation there is."""
