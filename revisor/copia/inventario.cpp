@@ -82,7 +82,10 @@ private:
                 agregar(una, ruta, nombre);
             return;
         case Clase::Otra:
-            omitir(nombre, Omitido::Motivo::Especial);
+            if (una.cierta)
+                omitir(nombre, Omitido::Motivo::Especial);
+            else
+                m_inventario.fallo = paraMostrar(ruta);
         }
     }
 

@@ -12,11 +12,13 @@ Entrada leida(const fs::directory_entry &una)
     std::error_code error;
     Entrada entrada;
     entrada.nombre = una.path().filename();
-    if (una.is_symlink(error))
+    const fs::file_status estado = una.symlink_status(error);
+    entrada.cierta = !error;
+    if (fs::is_symlink(estado))
         entrada.clase = Clase::Enlace;
-    else if (una.is_directory(error))
+    else if (fs::is_directory(estado))
         entrada.clase = Clase::Carpeta;
-    else if (una.is_regular_file(error))
+    else if (fs::is_regular_file(estado))
         entrada.clase = Clase::Archivo;
     if (entrada.clase == Clase::Archivo) {
         entrada.bytes = static_cast<qint64>(una.file_size(error));

@@ -22,7 +22,7 @@ struct Entrada {
     Clase clase = Clase::Otra;
     qint64 bytes = 0; // of a file; one that is only fetched when it is read has them too
     std::filesystem::file_time_type escrito{}; // of files and folders
-    bool cierta = true; // false when the two could not be had: it may be gone
+    bool cierta = true; // false when not all of it could be had: it may be gone
 };
 
 // Calls `cada` with each entry of the folder, in no order, until that says false. False when they
