@@ -136,6 +136,24 @@ public:
         return nuevo;
     }
 
+    enum class Borrado { Hecho, Falta, No };
+    Borrado borrar(const Sitio &sitio)
+    {
+        if (!sitio.entrada)
+            return Borrado::Falta;
+        // A link to a file goes itself; what it leads to stays.
+        const QString nombre = sitio.nombre();
+        Borrado fin = Borrado::Hecho;
+        const bool borrado = raiz.nombres.cambiar(sitio.numero(), nombre, Queda::Olvidado, [&] {
+            if (::unlinkat(sitio.numero(), enDisco(nombre).constData(), 0) != 0)
+                fin = errno == ENOENT ? Borrado::Falta : Borrado::No;
+            return fin == Borrado::Hecho;
+        });
+        if (borrado)
+            raiz.nombres.anotarBorrado(sitio.numero(), sitio.pedido);
+        return fin;
+    }
+
     // A folder is given a link of the spelling asked for.
     void enlazarEscritura(const Descriptor &carpeta, const QString &existente,
                           const QString &pedido)
@@ -194,16 +212,7 @@ bool DriveC::crearCarpeta(const QString &ruta)
 bool DriveC::borrar(const QString &ruta)
 {
     const auto sitio = d->sitio(ruta);
-    if (!sitio || !sitio->entrada)
-        return false;
-    // A link to a file goes itself; what it leads to stays.
-    const QString nombre = sitio->nombre();
-    const bool borrado = d->raiz.nombres.cambiar(sitio->numero(), nombre, Queda::Olvidado, [&] {
-        return ::unlinkat(sitio->numero(), enDisco(nombre).constData(), 0) == 0;
-    });
-    if (borrado)
-        d->raiz.nombres.anotarBorrado(sitio->numero(), sitio->pedido);
-    return borrado;
+    return sitio && d->borrar(*sitio) == Interno::Borrado::Hecho;
 }
 
 std::optional<qint64> DriveC::largo(const QString &ruta) const
@@ -235,8 +244,8 @@ bool DriveC::escribir(const QString &ruta, const QByteArray &bytes)
             if (errno != EEXIST)
                 break;
         }
-        // One that is gone again meanwhile shows when it is looked for again.
-        if (!borrar(ruta) && largo(ruta))
+        // One that somebody else has deleted first is gone as well.
+        if (d->borrar(*sitio) == Interno::Borrado::No)
             break;
     }
     return agregar(ruta, bytes);
