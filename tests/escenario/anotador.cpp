@@ -46,7 +46,10 @@ int main()
     std::wstring archivo(32768, L'\0');
     GetEnvironmentVariableW(L"PARVANEL_ANOTADO", archivo.data(),
                             static_cast<DWORD>(archivo.size()));
-    // Added in one piece, whoever else adds at the same time.
+    // One at a time: Wine finds the end of a file first and writes there then, where somebody else
+    // may have written meanwhile.
+    HANDLE turno = CreateMutexW(nullptr, FALSE, L"parvanel-anotador");
+    WaitForSingleObject(turno, INFINITE);
     HANDLE salida =
         CreateFileW(archivo.c_str(), FILE_APPEND_DATA, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
                     OPEN_ALWAYS, 0, nullptr);
@@ -54,5 +57,6 @@ int main()
     const bool bien =
         WriteFile(salida, linea.data(), static_cast<DWORD>(linea.size()), &escritos, nullptr) != 0;
     CloseHandle(salida);
+    ReleaseMutex(turno);
     return bien ? 0 : 1;
 }
