@@ -33,8 +33,15 @@ done
 -DSALIDA=*) salida=${a#*=} ;;
 esac; done
 cat "$fuente"/* > "$salida" """,
-    "ctest": "echo probado",
-    "wineserver": "exec sleep 1000",
+    "ctest": 'until [ -s "$PARVANEL_WINEPREFIX.servidor" ]; do sleep 0.05; done\necho probado',
+    # Ended by a signal it leaves alone what it serves; asked to end, it ends that first.
+    "wineserver": """servidor=$WINEPREFIX.servidor
+[ "$1" != --kill ] || {
+    kill "$(cat "$servidor")"
+    exec rm "$servidor"
+}
+echo $$ > "$servidor"
+exec sleep 1000""",
 }
 FUENTES = {
     "CMakeLists.txt": "project(parvanel VERSION 4.0.0\n", "CHANGELOG.md": "", "LICENSE": "MIT\n",
@@ -82,6 +89,9 @@ class Orden(unittest.TestCase):
         self.assertEqual((hecho.returncode, hecho.stderr),
                          (0, self.sin_revisor()), hecho.stdout)
         self.assertIn("probado", hecho.stdout)
+        salida = self.fuentes / "build" / "windows"
+        self.assertTrue(salida.is_dir())
+        self.assertFalse((salida / "wine.servidor").exists(), "what the server serves was left")
 
     def test_conHistoria_comparaLoConfirmado(self):
         self.preparar("fuentes")
