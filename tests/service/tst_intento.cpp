@@ -209,6 +209,23 @@ private Q_SLOTS:
         cargador.conectar(pagina, {}, true);
         QVERIFY(deNuevo);
     }
+
+    void cierreEnMedioDeUnIntento_elQueSigueAbreDeNuevo()
+    {
+        Escenario e;
+        frmCargador cargador(e.entorno);
+        QList<bool> abierto;
+        const HttpInmediato http([&](const QByteArray &) {
+            abierto.append(cargador.abierto() && reloj(cargador, 10)->isActive());
+            if (abierto.size() > 1)
+                return larga;
+            marcar(cargador, 1000, 91);
+            abierto.append(cargador.abierto() || reloj(cargador, 10)->isActive());
+            return QByteArray("corta");
+        });
+        cargador.conectar(pagina, {}, true);
+        QCOMPARE(abierto, QList<bool>({true, false, true}));
+    }
 };
 
 QTEST_MAIN(tst_intento)
