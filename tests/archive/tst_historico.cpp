@@ -143,6 +143,19 @@ private Q_SLOTS:
         QVERIFY(e.existe(u"123-2010/archivos/images/labels/Puesto"_s));
     }
 
+    // Unlike three of the print jobs, whose second folder is trimmed.
+    void idYAnoConBlancos_nadaSeRecorta()
+    {
+        Escenario e;
+        e.sesion.idColegio = u"123 "_s;
+        e.sesion.anoActual = u" 2010"_s;
+        correr(e);
+        QCOMPARE(e.listar(QString()), QStringList({u"123 - 2010"_s}));
+        QVERIFY(e.existe(u"123 - 2010/configuracion.txt"_s));
+        QVERIFY(e.existe(u"123 - 2010/archivos/salones/501.html"_s));
+        QVERIFY(e.existe(u"123 - 2010/archivos/images/labels/Puesto"_s));
+    }
+
     void materiasQueYaHay_noSeHacenDeNuevo()
     {
         Escenario e;
