@@ -16,14 +16,6 @@ namespace {
 
 constexpr int maximoDeIntentos = 1000; // names tried for one temporary file
 
-// Counts the temporary names of this process, so that two downloads that are under way at once
-// do not ask for the same.
-QString siguienteTemporal()
-{
-    static unsigned contador = 0;
-    return temporales::nombre(::getpid(), ++contador);
-}
-
 bool existeTodavia(const Descriptor &archivo)
 {
     struct stat datos = {};
@@ -154,7 +146,7 @@ public:
     {
         Intento intento;
         const auto crear = [&] {
-            m_temporal = siguienteTemporal();
+            m_temporal = m_raiz.recibidos.siguiente(::getpid());
             intento = crearTemporal(m_carpeta, m_temporal);
             return bool(intento.archivo);
         };

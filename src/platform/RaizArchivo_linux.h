@@ -6,6 +6,7 @@
 
 #include "Descriptor_linux.h"
 #include "NombresDeCarpeta_linux.h"
+#include "temporales.h"
 
 #include <QString>
 #include <QStringList>
@@ -50,6 +51,7 @@ public:
     std::optional<QString> rutaNativa(const QString &carpeta, const QStringList &pedidos);
 
     NombresDeCarpeta nombres;
+    temporales::Nombres recibidos; // of files that are being received
 
 private:
     // Where a link in the root leads to, by names from the root on.

@@ -11,6 +11,17 @@ namespace temporales {
 
 QString nombre(qint64 proceso, unsigned numero);
 
+// The names that one drive C gives, each once, so that two downloads which are under way at once do
+// not ask for the same. Those of another in this process may; whoever makes a file passes a name by
+// that is taken.
+class Nombres {
+public:
+    QString siguiente(qint64 proceso) { return nombre(proceso, ++m_dados); }
+
+private:
+    unsigned m_dados = 0;
+};
+
 // The process that the name tells; nothing for any other name.
 std::optional<qint64> procesoDe(const QString &nombre);
 
