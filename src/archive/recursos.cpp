@@ -22,9 +22,13 @@ struct Variable {
 };
 
 constexpr Variable variables[] = {
-    {u"rector", u"RECTOR"},       {u"secretaria", u"SECRETARIA"}, {u"slogan", u"SLOGAN"},
-    {u"micolegio", u"MICOLEGIO"}, {u"direccion", u"DIRECCION"},   {u"telefono", u"TELEFONO"},
-    {u"cdane", u"CDANE"},
+    {.nombre = u"rector", .campo = u"RECTOR"},
+    {.nombre = u"secretaria", .campo = u"SECRETARIA"},
+    {.nombre = u"slogan", .campo = u"SLOGAN"},
+    {.nombre = u"micolegio", .campo = u"MICOLEGIO"},
+    {.nombre = u"direccion", .campo = u"DIRECCION"},
+    {.nombre = u"telefono", .campo = u"TELEFONO"},
+    {.nombre = u"cdane", .campo = u"CDANE"},
 };
 
 constexpr Imagen imagenesCompartidas[] = {

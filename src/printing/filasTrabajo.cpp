@@ -24,11 +24,12 @@ constexpr Reemplazo deCertificado[] = {delArchivo, reemplazos::folio};
 constexpr Reemplazo dePazYSalvo[] = {delArchivo};
 constexpr Reemplazo deObservador[] = {
     porLaRaiz,
-    {u"{base}/images/apersonal.png", u"../../../{colegio}-{anio}/archivos\\images\\apersonal.png"},
-    {u"{base}/images/aconvivencia.png",
-     u"../../../{colegio}-{anio}/archivos\\images\\aconvivencia.png"},
-    {u"{base}/images/aacademico.png",
-     u"../../../{colegio}-{anio}/archivos\\images\\aacademico.png"},
+    {.buscar = u"{base}/images/apersonal.png",
+     .poner = u"../../../{colegio}-{anio}/archivos\\images\\apersonal.png"},
+    {.buscar = u"{base}/images/aconvivencia.png",
+     .poner = u"../../../{colegio}-{anio}/archivos\\images\\aconvivencia.png"},
+    {.buscar = u"{base}/images/aacademico.png",
+     .poner = u"../../../{colegio}-{anio}/archivos\\images\\aacademico.png"},
 };
 constexpr Reemplazo dePlanilla[] = {porLaRaiz};
 

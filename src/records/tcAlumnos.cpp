@@ -4,7 +4,7 @@
 
 tcAlumnos::Referencia tcAlumnos::Add(const QString &id, const QString &nombre, const QString &sKey)
 {
-    return agregar({id, nombre}, sKey);
+    return agregar({.id = id, .nombre = nombre}, sKey);
 }
 
 void tcAlumnos::Fcargar(const QString &rta)
@@ -20,5 +20,5 @@ void tcAlumnos::Fcargar(const QString &rta)
 tcLista::Elemento tcAlumnos::elemento(int posicion) const
 {
     const auto registro = Item(posicion);
-    return registro ? Elemento{registro->id, registro->nombre} : Elemento{};
+    return registro ? Elemento{.id = registro->id, .nombre = registro->nombre} : Elemento{};
 }

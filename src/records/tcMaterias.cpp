@@ -6,7 +6,7 @@
 tcMaterias::Referencia tcMaterias::Add(const QString &id, const QString &nombre,
                                        const QString &area, const QString &sKey)
 {
-    return agregar({id, nombre, area}, sKey);
+    return agregar({.id = id, .nombre = nombre, .area = area}, sKey);
 }
 
 void tcMaterias::Fcargar(const QString &rta)
@@ -23,5 +23,5 @@ void tcMaterias::Fcargar(const QString &rta)
 tcLista::Elemento tcMaterias::elemento(int posicion) const
 {
     const auto registro = Item(posicion);
-    return registro ? Elemento{registro->id, registro->nombre} : Elemento{};
+    return registro ? Elemento{.id = registro->id, .nombre = registro->nombre} : Elemento{};
 }

@@ -6,7 +6,7 @@ using namespace Qt::StringLiterals;
 
 tcSalones::Referencia tcSalones::Add(const QString &id, const QString &salon, const QString &sKey)
 {
-    return agregar({id, salon}, sKey);
+    return agregar({.id = id, .salon = salon}, sKey);
 }
 
 void tcSalones::Fcargar(const QString &rta)
@@ -26,5 +26,5 @@ void tcSalones::Fcargar(const QString &rta)
 tcLista::Elemento tcSalones::elemento(int posicion) const
 {
     const auto registro = Item(posicion);
-    return registro ? Elemento{registro->id, registro->salon} : Elemento{};
+    return registro ? Elemento{.id = registro->id, .nombre = registro->salon} : Elemento{};
 }

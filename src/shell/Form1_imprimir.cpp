@@ -21,15 +21,20 @@ struct FilaTipo {
 };
 
 constexpr FilaTipo filasTipo[] = {
-    {u"Boletines", u"Imprimir Boletines del Periodo", true},
-    {u"Informe Final", u"Imprimir Informes Finales del Salon", false},
-    {u"Certificado Final", u"Imprimir Certificados Finales del Salon", false},
-    {u"Paz Y Salvos", u"Imprimir Paz y salvos", false},
+    {.tipo = u"Boletines", .titulo = u"Imprimir Boletines del Periodo", .conPeriodo = true},
+    {.tipo = u"Informe Final",
+     .titulo = u"Imprimir Informes Finales del Salon",
+     .conPeriodo = false},
+    {.tipo = u"Certificado Final",
+     .titulo = u"Imprimir Certificados Finales del Salon",
+     .conPeriodo = false},
+    {.tipo = u"Paz Y Salvos", .titulo = u"Imprimir Paz y salvos", .conPeriodo = false},
 };
 
 // Observer reports, enrolment sheets and work sheets have no caption of their own, although they
 // can be printed.
-constexpr FilaTipo otroTipo = {u"", u"Seleccione que Imprimir", false};
+constexpr FilaTipo otroTipo = {
+    .tipo = u"", .titulo = u"Seleccione que Imprimir", .conPeriodo = false};
 
 class PanelDeForm1 : public PanelImpresion {
 public:
