@@ -87,6 +87,24 @@ QStringList pedidoDeLista(const QString &pagina)
 
 class tst_orden : public QObject {
     Q_OBJECT
+private:
+    // Whether a folder below the root is there each time that a job asks for a list.
+    static QList<bool> alPedirLaLista(const QString &trabajo, const QString &carpeta)
+    {
+        Escenario e;
+        PanelAnotado panel;
+        panel.imprimir = false;
+        Verbos verbos;
+        QList<bool> hay;
+        const HttpInmediato http([&](const QByteArray &direccion) {
+            if (direccion.contains("tipo=matrix"))
+                hay.append(e.existe(carpeta));
+            return QByteArray("una pagina cualquiera");
+        });
+        correrTrabajo(trabajo, e.entorno, panel, verbos);
+        return hay;
+    }
+
 private Q_SLOTS:
     void trabajo_pideLaListaPreparaElPanelYVaFilaPorFila_data() { casosComoDatos(); }
     void trabajo_pideLaListaPreparaElPanelYVaFilaPorFila()
@@ -115,6 +133,21 @@ private Q_SLOTS:
         esperada += archivo(u"/images/colegios/123/logo.png"_s);
         esperada += u"terminar"_s;
         QCOMPARE(o.historia(), esperada);
+    }
+
+    void carpetas_estanHechasAlPedirLaLista_data() { casosComoDatos(); }
+    void carpetas_estanHechasAlPedirLaLista()
+    {
+        QFETCH(int, indice);
+        const Caso caso = casos()[indice];
+        QCOMPARE(alPedirLaLista(caso.nombre, u"123-2010/archivos/"_s + caso.carpeta),
+                 QList<bool>({true}));
+    }
+
+    // Whose sheets are printed from the archive, or there is none.
+    void matriculas_noHacenCarpetaAntesDeLaLista()
+    {
+        QCOMPARE(alPedirLaLista(u"Hoja Matricula"_s, QString()), QList<bool>({false}));
     }
 
     // Drawn after the bar's step and before the request, from where the request before has left
