@@ -4,6 +4,7 @@
 // window's waits can nest at the most.
 #include "shell/VentanaDePrueba.h"
 
+#include <QDeadlineTimer>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QRadioButton>
@@ -217,15 +218,18 @@ private Q_SLOTS:
             return cuantas(v, retenidos) == peticiones && v.cuadrosAbiertos().size() == cuadros;
         };
         bool fondoSiempre = true;
+        const QDeadlineTimer plazo(30'000); // to get down there
         const auto bajar = [&] {
             if (dados == botones.size() || cuantas(v, retenidos) != dados)
                 return;
             pulsar(v, botones[dados++]);
         };
         const Repeticion mano([&] {
-            if (dados < botones.size() || (vueltas == 0 && !fondo()))
+            const bool llego = vueltas > 0 || (dados == botones.size() && fondo());
+            if (!llego && !plazo.hasExpired())
                 return bajar();
-            if (++vueltas < presiones) {
+            fondoSiempre = fondoSiempre && llego;
+            if (llego && ++vueltas < presiones) {
                 for (const char *boton : {"Command1", "Command2", "Command3"})
                     pulsar(v, boton);
                 fondoSiempre = fondoSiempre && fondo();
