@@ -6,10 +6,12 @@
 
 #include <iostream>
 
+using namespace Qt::StringLiterals;
+
 int main(int, char *argv[])
 {
     proceso::asegurar();
-    Programa programa(argv[0], QStringLiteral("example.parvanel.demo"));
+    Programa programa(argv[0], u"example.parvanel.demo"_s);
     qputenv("no_proxy", "127.0.0.1"); // a proxy of the desktop does not reach this service
     const ServicioDemo servicio;
     const CuentaDemo &cuenta = servicio.escuela().cuentas.first();

@@ -5,6 +5,8 @@
 
 #include <unordered_map>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr std::size_t familiaMinima = 3; // fewer say nothing of one another
@@ -15,7 +17,7 @@ std::size_t formaDe(const QString &direccion, const QString &id)
 {
     QString forma = direccion;
     if (!id.isEmpty())
-        forma.replace(id, QStringLiteral("0"));
+        forma.replace(id, u"0"_s);
     QString sinNumeros;
     for (const QChar c : std::as_const(forma)) {
         if (!c.isDigit())

@@ -6,6 +6,8 @@
 
 #include <stdexcept>
 
+using namespace Qt::StringLiterals;
+
 class tst_sinTls : public QObject {
     Q_OBJECT
 
@@ -34,7 +36,7 @@ void tst_sinTls::http_noTieneAutoridad()
 {
     const ServicioDemo servicio;
     QVERIFY(servicio.autoridad().isEmpty());
-    QVERIFY(servicio.base().startsWith(QStringLiteral("http://127.0.0.1:")));
+    QVERIFY(servicio.base().startsWith(u"http://127.0.0.1:"_s));
 }
 
 QTEST_MAIN(tst_sinTls)

@@ -6,6 +6,8 @@
 #include <QImage>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 class tst_barra : public QObject {
     Q_OBJECT
 
@@ -37,7 +39,7 @@ private Q_SLOTS:
              {QPoint(x, 0), QPoint(x, orilla.bottom()), QPoint(orilla.width() - x, 0),
               QPoint(orilla.width() - x, orilla.bottom()), QPoint(0, y), QPoint(orilla.right(), y)})
             QVERIFY2(imagen.pixel(punto) == marco,
-                     qPrintable(QStringLiteral("%1,%2").arg(punto.x()).arg(punto.y())));
+                     qPrintable(u"%1,%2"_s.arg(punto.x()).arg(punto.y())));
     }
 };
 
