@@ -1,36 +1,14 @@
 // SPDX-License-Identifier: MIT
 // The mark and the name beside it, and the window's icon.
-#include "estilo/Logotipo.h"
+#include "shell/LogotipoMostrado.h"
 
-#include <QImage>
-#include <QPainter>
 #include <QSet>
 #include <QTest>
 
+using namespace logotipoMostrado;
+
 class tst_logotipo : public QObject {
     Q_OBJECT
-
-private:
-    static constexpr int alto = 32;
-    static constexpr int ancho = 180;
-
-    static QImage lienzo(qreal escala)
-    {
-        QImage imagen((QSizeF(ancho, alto) * escala).toSize(), QImage::Format_RGB32);
-        imagen.setDevicePixelRatio(escala);
-        imagen.fill(QColor(0xef, 0xe1, 0xd3)); // so that a corner that is see-through shows
-        return imagen;
-    }
-
-    static QImage mostrado(qreal escala, const QPalette &paleta = {})
-    {
-        Logotipo logotipo;
-        logotipo.resize(ancho, alto);
-        logotipo.setPalette(paleta);
-        QImage imagen = lienzo(escala);
-        logotipo.render(&imagen, {}, {}, {});
-        return imagen;
-    }
 
 private Q_SLOTS:
     void nombre_enElColorDeLasLetras()

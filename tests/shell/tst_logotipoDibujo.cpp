@@ -1,53 +1,17 @@
 // SPDX-License-Identifier: MIT
 // The mark: what the build has drawn of it is what would be drawn of it at every start.
-#include "VentanaDePrueba.h"
-#include "estilo/Logotipo.h"
+#include "shell/LogotipoMostrado.h"
 
-#include <QFile>
-#include <QImage>
-#include <QPainter>
 #include <QSvgRenderer>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
+using namespace logotipoMostrado;
 
 class tst_logotipoDibujo : public QObject {
     Q_OBJECT
 
-private:
-    static constexpr int alto = 32;
-    static constexpr int ancho = 180;
-
-    static QImage lienzo(qreal escala)
-    {
-        QImage imagen((QSizeF(ancho, alto) * escala).toSize(), QImage::Format_RGB32);
-        imagen.setDevicePixelRatio(escala);
-        imagen.fill(QColor(0xef, 0xe1, 0xd3)); // so that a corner that is see-through shows
-        return imagen;
-    }
-
-    static QImage mostrado(qreal escala, const QPalette &paleta = {})
-    {
-        Logotipo logotipo;
-        logotipo.resize(ancho, alto);
-        logotipo.setPalette(paleta);
-        QImage imagen = lienzo(escala);
-        logotipo.render(&imagen, {}, {}, {});
-        return imagen;
-    }
-
 private Q_SLOTS:
-    // First: nothing in this process has read the drawing as an icon before.
-    void ventanaALaVista_iconoSinLeerElDibujo()
-    {
-        QGuiApplication::setWindowIcon(Logotipo::icono());
-        const VentanaDePrueba v;
-        QVERIFY(!v.form.windowIcon().isNull());
-        QFile mapas(u"/proc/self/maps"_s);
-        QVERIFY(mapas.open(QIODevice::ReadOnly));
-        QVERIFY(!mapas.readAll().contains("libqsvgicon"));
-    }
-
     void cadaEscala_comoElDibujo_data()
     {
         QTest::addColumn<qreal>("escala");
