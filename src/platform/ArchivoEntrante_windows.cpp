@@ -11,14 +11,6 @@ namespace {
 
 constexpr int maximoDeIntentos = 1000; // names tried for one temporary file
 
-// Counts the temporary names of this process, so that two downloads that are under way at once
-// do not ask for the same.
-QString siguienteTemporal()
-{
-    static unsigned contador = 0;
-    return temporales::nombre(::GetCurrentProcessId(), ++contador);
-}
-
 temporales::Proceso leerProceso(const Manija &proceso)
 {
     FILETIME comienzo = {};
@@ -83,7 +75,7 @@ private:
 
 class ArchivoEntranteWindows final : public ArchivoEntrante {
 public:
-    ArchivoEntranteWindows(const RaizArchivo &raiz, const QStringList &ruta, CarpetaAbierta carpeta,
+    ArchivoEntranteWindows(RaizArchivo &raiz, const QStringList &ruta, CarpetaAbierta carpeta,
                            const QString &nombre)
         : m_raiz(raiz), m_ruta(ruta), m_carpeta(std::move(carpeta)), m_nombre(nombre)
     {
@@ -99,7 +91,8 @@ public:
     bool abrir()
     {
         for (int vez = 0; !m_archivo && vez < maximoDeIntentos; ++vez) {
-            auto intento = aperturas::crearParaRecibir(m_carpeta.manija, siguienteTemporal());
+            auto intento = aperturas::crearParaRecibir(
+                m_carpeta.manija, m_raiz.recibidos.siguiente(::GetCurrentProcessId()));
             // Another name may do where this one is taken, a file on its way out included.
             if (!intento && intento.fin != Fin::Existe && intento.fin != Fin::Ocupado)
                 return false;
@@ -137,7 +130,7 @@ private:
         return aperturas::renombrar(m_archivo, m_carpeta.manija, m_nombre);
     }
 
-    const RaizArchivo &m_raiz;
+    RaizArchivo &m_raiz;
     QStringList m_ruta;
     CarpetaAbierta m_carpeta;
     QString m_nombre;
@@ -162,7 +155,7 @@ void quitarTemporalesAbandonados(const CarpetaAbierta &carpeta, const QString &r
     [[maybe_unused]] const BOOL cerrada = ::FindClose(busqueda);
 }
 
-std::unique_ptr<ArchivoEntrante> recibirEn(const RaizArchivo &raiz, const QStringList &ruta,
+std::unique_ptr<ArchivoEntrante> recibirEn(RaizArchivo &raiz, const QStringList &ruta,
                                            CarpetaAbierta carpeta, const QString &nombre)
 {
     auto archivo = std::make_unique<ArchivoEntranteWindows>(raiz, ruta, std::move(carpeta), nombre);

@@ -20,5 +20,5 @@ void quitarTemporalesAbandonados(const CarpetaAbierta &carpeta, const QString &r
 // Begins to receive a file of the spelling `nombre` into the open folder that `ruta` (names from
 // the root on) leads to; null when no temporary file can be made there. `raiz` is borrowed and must
 // outlive the result.
-std::unique_ptr<ArchivoEntrante> recibirEn(const RaizArchivo &raiz, const QStringList &ruta,
+std::unique_ptr<ArchivoEntrante> recibirEn(RaizArchivo &raiz, const QStringList &ruta,
                                            CarpetaAbierta carpeta, const QString &nombre);

@@ -7,6 +7,7 @@
 #include "Manija_windows.h"
 #include "Paciencia.h"
 #include "aperturas_windows.h"
+#include "temporales.h"
 
 #include <QString>
 #include <QStringList>
@@ -52,6 +53,8 @@ public:
     // The same for what stands in a folder of the root that has exactly that name, when it is one
     // that Windows reads otherwise in a path; nothing when there is no such folder.
     std::optional<QString> rutaNativa(const QString &carpeta, const QStringList &pedidos) const;
+
+    temporales::Nombres recibidos; // of files that are being received
 
 private:
     QString m_personal; // with "/", without one at its end
