@@ -4,6 +4,7 @@
 #include "platform/DriveC.h"
 #include "platform/nombresNativos.h"
 #include "platform/rutaWindows.h"
+#include "rutaNativa.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -77,12 +78,6 @@ public:
 
     RaizArchivo raiz;
 
-    // Where a path leads, when the program may write there.
-    std::optional<rutaWindows::Lugar> lugar(const QString &ruta) const
-    {
-        return rutaWindows::lugarEn(raiz.nombre(), ruta);
-    }
-
     // A file, or nothing yet, in its open folder.
     struct Sitio {
         QStringList ruta;
@@ -97,8 +92,8 @@ public:
     // Nothing where no file can be.
     std::optional<Sitio> sitio(const QString &ruta)
     {
-        const auto hallado = lugar(ruta);
-        if (!hallado || hallado->esRaiz || rutaWindows::terminaEnSeparador(ruta))
+        const auto hallado = rutaWindows::archivoEn(raiz.nombre(), ruta);
+        if (!hallado)
             return std::nullopt;
         Sitio resultado{
             hallado->carpeta, raiz.abrirCarpeta(hallado->carpeta), hallado->nombre, {}, {}};
@@ -188,7 +183,7 @@ DriveC::~DriveC() = default;
 
 bool DriveC::crearCarpeta(const QString &ruta)
 {
-    const auto lugar = d->lugar(ruta);
+    const auto lugar = rutaWindows::lugarEn(d->raiz.nombre(), ruta);
     if (!lugar)
         return false;
     RaizArchivo &raiz = d->raiz;
@@ -286,15 +281,5 @@ std::optional<QStringList> DriveC::carpetas(const QString &ruta) const
 
 QString DriveC::rutaNativa(const QString &ruta) const
 {
-    if (!d->raiz.hayUnidad())
-        return ruta;
-    // A folder in the archive list is meant as it is listed, also when Windows would read its name
-    // otherwise or refuse it.
-    if (const auto enLista = rutaWindows::comoEnLista(ruta);
-        enLista && d->raiz.esRaiz(enLista->madre)) {
-        if (const auto nativa = d->raiz.rutaNativa(enLista->carpeta, enLista->nombres))
-            return *nativa;
-    }
-    const auto nombres = rutaWindows::nombres(ruta);
-    return nombres ? d->raiz.rutaNativa(*nombres) : ruta;
+    return rutaNativaDe(d->raiz, ruta);
 }

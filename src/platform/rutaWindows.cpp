@@ -83,6 +83,14 @@ std::optional<Lugar> lugarEn(const QString &raiz, const QString &ruta)
     return lugar;
 }
 
+std::optional<Lugar> archivoEn(const QString &raiz, const QString &ruta)
+{
+    auto lugar = lugarEn(raiz, ruta);
+    if (!lugar || lugar->esRaiz || esSeparador(ruta.back()))
+        return std::nullopt;
+    return lugar;
+}
+
 QStringList listado(const QString &carpeta, QStringList nombres)
 {
     std::sort(nombres.begin(), nombres.end(), [](const QString &a, const QString &b) {
@@ -110,11 +118,6 @@ std::optional<EnLista> comoEnLista(const QString &ruta)
     if (!resto || carpeta == u"." || carpeta == u"..")
         return std::nullopt;
     return EnLista{hallado.captured(1), carpeta, *resto};
-}
-
-bool terminaEnSeparador(const QString &ruta)
-{
-    return !ruta.isEmpty() && esSeparador(ruta.back());
 }
 
 // Asked at every file: names are looked at letter by letter.

@@ -23,8 +23,8 @@ private Q_SLOTS:
     void lugar_fueraDeLaRaiz();
     void listado_porNombre_data();
     void listado_porNombre();
-    void separadorAlFinal_data();
-    void separadorAlFinal();
+    void archivo_bajoLaRaiz_data();
+    void archivo_bajoLaRaiz();
     void nombre_refusado_data();
     void nombre_refusado();
     void nombre_admitido_data();
@@ -225,22 +225,27 @@ void tst_rutaWindows::listado_porNombre()
     QCOMPARE(rutaWindows::listado(carpeta, {}), QStringList());
 }
 
-void tst_rutaWindows::separadorAlFinal_data()
+void tst_rutaWindows::archivo_bajoLaRaiz_data()
 {
     QTest::addColumn<QString>("ruta");
-    QTest::addColumn<bool>("alFinal");
-    QTest::newRow("barra") << u"C:\\Quorvela\\MAT\\"_s << true;
-    QTest::newRow("barra inclinada") << u"C:\\Quorvela\\MAT/"_s << true;
-    QTest::newRow("solo en medio") << u"C:\\Quorvela/MAT"_s << false;
-    QTest::newRow("blanco despues") << u"C:\\Quorvela\\MAT\\ "_s << false;
+    QTest::addColumn<bool>("puede");
+    QTest::newRow("barra al final") << u"C:\\Quorvela\\MAT\\"_s << false;
+    QTest::newRow("barra inclinada al final") << u"C:\\Quorvela\\MAT/"_s << false;
+    QTest::newRow("solo en medio") << u"C:\\Quorvela/MAT"_s << true;
+    QTest::newRow("un punto tras la barra") << u"C:\\Quorvela\\MAT\\."_s << true;
+    QTest::newRow("la raiz") << u"C:\\Quorvela"_s << false;
+    QTest::newRow("otra carpeta") << u"C:\\Otra\\MAT"_s << false;
     QTest::newRow("vacia") << QString() << false;
 }
 
-void tst_rutaWindows::separadorAlFinal()
+void tst_rutaWindows::archivo_bajoLaRaiz()
 {
     QFETCH(QString, ruta);
-    QFETCH(bool, alFinal);
-    QCOMPARE(rutaWindows::terminaEnSeparador(ruta), alFinal);
+    QFETCH(bool, puede);
+    const auto archivo = rutaWindows::archivoEn(u"Quorvela"_s, ruta);
+    QCOMPARE(archivo.has_value(), puede);
+    if (archivo)
+        QCOMPARE(archivo->nombre, u"MAT"_s);
 }
 
 void tst_rutaWindows::nombre_refusado_data()

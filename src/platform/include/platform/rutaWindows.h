@@ -16,9 +16,6 @@ namespace rutaWindows {
 // and a path with a name that Windows refuses.
 std::optional<QStringList> nombres(const QString &ruta);
 
-// Whether the path ends in a separator, as only that of a folder does: `nombres` drops it.
-bool terminaEnSeparador(const QString &ruta);
-
 // A path below one folder of drive C: the names of its own folder from there on, and its own name.
 struct Lugar {
     QStringList carpeta;
@@ -30,6 +27,10 @@ struct Lugar {
 // case does not matter. Nothing for a path that leads elsewhere, and for one that `nombres`
 // refuses: whoever writes only where this leads writes nowhere else.
 std::optional<Lugar> lugarEn(const QString &raiz, const QString &ruta);
+
+// The same of a file. Nothing either for the folder itself, and for a path that ends in a
+// separator, as only that of a folder does.
+std::optional<Lugar> archivoEn(const QString &raiz, const QString &ruta);
 
 // The lines of a folder's listing: the names in it, sorted without regard to letter case, each with
 // the folder's path before it as that was written. The separator is "\", and "/" in a path that
