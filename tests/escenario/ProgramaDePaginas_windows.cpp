@@ -28,6 +28,18 @@ void poner(const QString &clave, const QString &valor)
 
 } // namespace
 
+QStringList notasEn(const QString &carpeta)
+{
+    QStringList notas;
+    const QStringList nombres = QDir(carpeta).entryList({u"*.nota"_s}, QDir::Files, QDir::Name);
+    for (const QString &nombre : nombres) {
+        QFile nota(carpeta + u'/' + nombre);
+        if (nota.open(QIODevice::ReadOnly))
+            notas.append(QString::fromUtf8(nota.readAll()));
+    }
+    return notas;
+}
+
 ProgramaDePaginas::ProgramaDePaginas(const QString &verbo)
 {
     const QString lugar =
@@ -35,20 +47,14 @@ ProgramaDePaginas::ProgramaDePaginas(const QString &verbo)
     poner(clase + u"\\shell\\"_s + verbo + u"\\command"_s,
           u"\"%1\" %2 \"%3\""_s.arg(lugar, verbo, u"%1"_s));
     poner(u".html"_s, QString(clase));
-    const std::wstring archivo =
-        QDir::toNativeSeparators(m_carpeta.filePath(u"anotado"_s)).toStdWString();
-    if (SetEnvironmentVariableW(L"PARVANEL_ANOTADO", archivo.c_str()) == 0)
+    const std::wstring carpeta = QDir::toNativeSeparators(m_carpeta.path()).toStdWString();
+    if (SetEnvironmentVariableW(L"PARVANEL_ANOTADO", carpeta.c_str()) == 0)
         qFatal("no place to note in");
 }
 
 QStringList ProgramaDePaginas::lineas() const
 {
-    QFile archivo(m_carpeta.filePath(u"anotado"_s));
-    QStringList todas;
-    if (archivo.open(QIODevice::ReadOnly))
-        todas = QString::fromUtf8(archivo.readAll()).split(u'\n', Qt::SkipEmptyParts);
-    todas.sort(); // a line begins with its moment
-    return todas;
+    return notasEn(m_carpeta.path());
 }
 
 int ProgramaDePaginas::corren()

@@ -1,7 +1,13 @@
 // SPDX-License-Identifier: MIT
-// The program that a kind of documents is opened and printed with in a test: it adds a line to the
-// file that PARVANEL_ANOTADO names, with the moment it was started, its arguments and its working
-// folder, in UTF-8 with tabulators between them.
+// The program that a kind of documents is opened and printed with in a test.
+//
+//   platform.anotador VERB DOCUMENT
+//
+// Each call leaves a note in the folder that PARVANEL_ANOTADO names, and beside it a copy of the
+// document as it was then, where there is one. The note holds the moment at which the process was
+// started, its arguments and its working folder, in UTF-8 with tabulators between them; it comes
+// last, and is whole as soon as it is there. Names ("MOMENT-PROCESS.nota", and the copy's without
+// an ending) sort in the order of the calls, whichever of them is quicker.
 #include <windows.h>
 
 #include <shellapi.h>
@@ -9,6 +15,8 @@
 #include <string>
 
 namespace {
+
+constexpr DWORD masLargo = 32768; // of a path, and of a variable of the environment
 
 std::string enUtf8(const wchar_t *texto)
 {
@@ -19,15 +27,42 @@ std::string enUtf8(const wchar_t *texto)
     return bytes;
 }
 
-std::string inicio()
+std::wstring inicio()
 {
     FILETIME desde = {};
     FILETIME nada = {};
     GetProcessTimes(GetCurrentProcess(), &desde, &nada, &nada, &nada);
     const auto pasos =
         (static_cast<unsigned long long>(desde.dwHighDateTime) << 32U) + desde.dwLowDateTime;
-    std::string cifras = std::to_string(pasos);
-    return std::string(20 - cifras.size(), '0') + cifras;
+    const std::wstring cifras = std::to_wstring(pasos);
+    return std::wstring(20 - cifras.size(), L'0') + cifras;
+}
+
+std::wstring carpetaDeTrabajo()
+{
+    std::wstring carpeta(masLargo, L'\0');
+    carpeta.resize(GetCurrentDirectoryW(masLargo, carpeta.data()));
+    return carpeta;
+}
+
+std::wstring carpetaDeNotas()
+{
+    std::wstring carpeta(masLargo, L'\0');
+    carpeta.resize(GetEnvironmentVariableW(L"PARVANEL_ANOTADO", carpeta.data(), masLargo));
+    return carpeta;
+}
+
+// Under another name until it is whole, since it is being waited for.
+bool escribir(const std::wstring &archivo, const std::string &bytes)
+{
+    const std::wstring temporal = archivo + L".parte";
+    HANDLE destino = CreateFileW(temporal.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
+                                 FILE_ATTRIBUTE_NORMAL, nullptr);
+    DWORD escritos = 0;
+    const bool escrito =
+        WriteFile(destino, bytes.data(), static_cast<DWORD>(bytes.size()), &escritos, nullptr) != 0;
+    CloseHandle(destino);
+    return escrito && MoveFileExW(temporal.c_str(), archivo.c_str(), 0) != 0;
 }
 
 } // namespace
@@ -36,27 +71,15 @@ int main()
 {
     int cuantos = 0;
     wchar_t **partes = CommandLineToArgvW(GetCommandLineW(), &cuantos);
-    std::string linea = inicio();
+    const std::wstring momento = inicio();
+    std::string linea = enUtf8(momento.c_str());
     for (int i = 1; i < cuantos; ++i)
         linea += '\t' + enUtf8(partes[i]);
-    std::wstring carpeta(32768, L'\0');
-    GetCurrentDirectoryW(static_cast<DWORD>(carpeta.size()), carpeta.data());
-    linea += '\t' + enUtf8(carpeta.c_str()) + '\n';
+    linea += '\t' + enUtf8(carpetaDeTrabajo().c_str());
 
-    std::wstring archivo(32768, L'\0');
-    GetEnvironmentVariableW(L"PARVANEL_ANOTADO", archivo.data(),
-                            static_cast<DWORD>(archivo.size()));
-    // One at a time: Wine finds the end of a file first and writes there then, where somebody else
-    // may have written meanwhile.
-    HANDLE turno = CreateMutexW(nullptr, FALSE, L"parvanel-anotador");
-    WaitForSingleObject(turno, INFINITE);
-    HANDLE salida =
-        CreateFileW(archivo.c_str(), FILE_APPEND_DATA, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
-                    OPEN_ALWAYS, 0, nullptr);
-    DWORD escritos = 0;
-    const bool bien =
-        WriteFile(salida, linea.data(), static_cast<DWORD>(linea.size()), &escritos, nullptr) != 0;
-    CloseHandle(salida);
-    ReleaseMutex(turno);
-    return bien ? 0 : 1;
+    const std::wstring copia =
+        carpetaDeNotas() + L'\\' + momento + L'-' + std::to_wstring(GetCurrentProcessId());
+    if (cuantos > 2)
+        CopyFileW(partes[2], copia.c_str(), FALSE); // no copy: there was nothing to be shown
+    return escribir(copia + L".nota", linea) ? 0 : 1;
 }

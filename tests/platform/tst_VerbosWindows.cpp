@@ -3,6 +3,8 @@
 // what it is started with.
 #include "platform/Verbos.h"
 
+#include "escenario/ProgramaDePaginas_windows.h"
+
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -10,7 +12,6 @@
 
 #include <windows.h>
 
-#include <algorithm>
 #include <memory>
 
 using namespace Qt::StringLiterals;
@@ -90,9 +91,10 @@ void tst_VerbosWindows::cleanupTestCase()
 void tst_VerbosWindows::init()
 {
     m_lugar = std::make_unique<QTemporaryDir>();
-    const std::wstring archivo =
-        QDir::toNativeSeparators(m_lugar->filePath(u"anotado"_s)).toStdWString();
-    QVERIFY(SetEnvironmentVariableW(L"PARVANEL_ANOTADO", archivo.c_str()));
+    QVERIFY(QDir(m_lugar->path()).mkdir(u"notas"_s));
+    const std::wstring carpeta =
+        QDir::toNativeSeparators(m_lugar->filePath(u"notas"_s)).toStdWString();
+    QVERIFY(SetEnvironmentVariableW(L"PARVANEL_ANOTADO", carpeta.c_str()));
 }
 
 QString tst_VerbosWindows::documento(const QString &nombre) const
@@ -106,13 +108,10 @@ QList<tst_VerbosWindows::Anotado> tst_VerbosWindows::anotados(qsizetype cuantos)
 {
     QStringList lineas;
     const auto leidas = [&] {
-        QFile archivo(m_lugar->filePath(u"anotado"_s));
-        if (archivo.open(QIODevice::ReadOnly))
-            lineas = QString::fromUtf8(archivo.readAll()).split(u'\n', Qt::SkipEmptyParts);
+        lineas = notasEn(m_lugar->filePath(u"notas"_s));
         return lineas.size() >= cuantos;
     };
     static_cast<void>(QTest::qWaitFor(leidas, 60000)); // the caller counts them
-    std::sort(lineas.begin(), lineas.end());
     QList<Anotado> todos;
     for (const QString &linea : std::as_const(lineas)) {
         const QStringList partes = linea.split(u'\t');

@@ -107,19 +107,19 @@ class Impresion(EscenaWindows):
         self.preparar()
         self.carpeta = self.escritorio.carpeta / "notas"
         self.carpeta.mkdir()
-        programa, carpeta = map(self.escritorio.de_windows,
-                                (WINDOWS / "tests/bin/anotador.exe", self.carpeta))
+        self.escritorio.entorno["PARVANEL_ANOTADO"] = self.escritorio.de_windows(self.carpeta)
+        programa = self.escritorio.de_windows(WINDOWS / "tests/bin/platform.anotador.exe")
         self.escritorio.registrar(
             (rf"{CLASES}\.html", None, "htmlfile"),
             *((rf"{CLASES}\htmlfile\shell\{verbo}\command", None,
-               f'"{programa}" "{carpeta}" {verbo} "%1"') for verbo in ("open", "print")))
+               f'"{programa}" {verbo} "%1"') for verbo in ("open", "print")))
 
     def notas(self):
         """What has been noted so far, in the order of the calls: verb, document by its path below
         the archive root, and its bytes at that moment (None: there was no such document)."""
         leidas = []
-        for nota in sorted(self.carpeta.glob("*.nota"), key=lambda n: int(n.stem.split("-")[0])):
-            verbo, _, documento = nota.read_text("utf-8").partition("\t")
+        for nota in sorted(self.carpeta.glob("*.nota")):
+            _, verbo, documento, _ = nota.read_text("utf-8").split("\t")
             copia = nota.with_suffix("")
             ruta = PureWindowsPath(documento).relative_to("C:\\Quorvela").as_posix()
             leidas.append((verbo, ruta, copia.read_bytes() if copia.exists() else None))
