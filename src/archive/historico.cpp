@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 // The run has ten procedures that each advance the bar, two more than its maximum. The last two
-// change nothing and the bar stays full: users know it so.
+// change nothing, and the bar is full while they go on: the end is told by the message alone.
 constexpr int pasosMostrados = 8;
 
 constexpr Reemplazo dePortada[] = {reemplazos::imagenesDelColegio(u"archivos\\images\\")};
