@@ -141,7 +141,10 @@ private:
             archivo(una, relativa);
             return;
         case recorrido::Clase::Otra:
-            return; // none of an archive's, and never opened
+            // Devices, pipes and the like are none of an archive's, and are never opened.
+            if (!una.cierta)
+                m_i.ilegibles.append(texto::deRuta(relativa));
+            return;
         }
     }
 

@@ -12,14 +12,14 @@ Entrada leida(const fs::directory_entry &una)
     std::error_code error;
     Entrada entrada;
     entrada.nombre = una.path().filename();
-    const fs::file_status estado = una.symlink_status(error);
-    entrada.cierta = !error;
-    if (fs::is_symlink(estado))
+    // Nearly every disk tells the kind with the name, also of what cannot be looked at any further.
+    if (una.is_symlink(error))
         entrada.clase = Clase::Enlace;
-    else if (fs::is_directory(estado))
+    else if (una.is_directory(error))
         entrada.clase = Clase::Carpeta;
-    else if (fs::is_regular_file(estado))
+    else if (una.is_regular_file(error))
         entrada.clase = Clase::Archivo;
+    entrada.cierta = !error;
     if (entrada.clase == Clase::Archivo) {
         entrada.bytes = static_cast<qint64>(una.file_size(error));
         entrada.cierta = !error;

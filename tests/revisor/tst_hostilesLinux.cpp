@@ -81,6 +81,25 @@ private Q_SLOTS:
         fs::permissions(archivo.carpetaDe() / "archivos/salones", fs::perms::owner_all);
         QCOMPARE(reglas, QStringList{u"no-se-lee"_s});
     }
+
+    // Its names are told, and of what kind each is; no more than that.
+    void carpetaSinPaso_cadaArchivoEsUnHallazgo()
+    {
+        const Pequeno archivo;
+        const fs::path salones = archivo.carpetaDe() / "archivos/salones";
+        escrito(salones / "1.html", "<html></html>");
+        fs::create_directory(salones / "otra");
+        const SinPermiso sinPermiso(textoDe(salones),
+                                    {textoDe(archivo.carpetaDe().parent_path()),
+                                     textoDe(archivo.carpetaDe()),
+                                     textoDe(archivo.carpetaDe() / "archivos"), textoDe(salones)});
+        fs::permissions(salones, fs::perms::owner_read);
+        const QStringList delArchivo = archivo.reglasDe(u"archivos/salones/1.html"_s);
+        const QStringList deLaCarpeta = archivo.reglasDe(u"archivos/salones/otra"_s);
+        fs::permissions(salones, fs::perms::owner_all);
+        QCOMPARE(delArchivo, QStringList{u"no-se-lee"_s});
+        QCOMPARE(deLaCarpeta, QStringList{u"no-se-lee"_s});
+    }
 };
 
 QTEST_MAIN(tst_hostilesLinux)
