@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // By Windows' own calls: the compiler's library takes a link for what it leads to, lists no folder
 // whose path is a long one, and knows a file's time to the second.
-#include "platform/recorrido.h"
+#include "recorrido_windows.h"
 
 #ifndef NOMINMAX
 #define NOMINMAX
@@ -44,18 +44,6 @@ fs::file_time_type momento(const FILETIME &cuando)
         std::chrono::time_point<std::chrono::system_clock, Decimas>(desde1601 - hasta1970));
 }
 
-Clase claseDe(const WIN32_FIND_DATAW &datos)
-{
-    // Files in the cloud have such a mark as well, and lead nowhere else.
-    if ((datos.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0
-        && (datos.dwReserved0 == IO_REPARSE_TAG_SYMLINK
-            || datos.dwReserved0 == IO_REPARSE_TAG_MOUNT_POINT))
-        return Clase::Enlace;
-    if ((datos.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0)
-        return Clase::Carpeta;
-    return (datos.dwFileAttributes & FILE_ATTRIBUTE_DEVICE) != 0 ? Clase::Otra : Clase::Archivo;
-}
-
 bool esDePuntos(const WIN32_FIND_DATAW &datos)
 {
     return std::wcscmp(datos.cFileName, L".") == 0 || std::wcscmp(datos.cFileName, L"..") == 0;
@@ -65,7 +53,7 @@ Entrada leida(const WIN32_FIND_DATAW &datos)
 {
     Entrada entrada;
     entrada.nombre = datos.cFileName;
-    entrada.clase = claseDe(datos);
+    entrada.clase = claseDe(datos.dwFileAttributes, datos.dwReserved0);
     if (entrada.clase == Clase::Archivo)
         entrada.bytes = static_cast<qint64>(junto(datos.nFileSizeHigh, datos.nFileSizeLow));
     entrada.escrito = momento(datos.ftLastWriteTime);
@@ -88,6 +76,16 @@ std::wstring completa(const std::wstring &ruta)
 }
 
 } // namespace
+
+Clase claseDe(quint32 atributos, quint32 etiqueta)
+{
+    if ((atributos & FILE_ATTRIBUTE_REPARSE_POINT) != 0
+        && (etiqueta == IO_REPARSE_TAG_SYMLINK || etiqueta == IO_REPARSE_TAG_MOUNT_POINT))
+        return Clase::Enlace;
+    if ((atributos & FILE_ATTRIBUTE_DIRECTORY) != 0)
+        return Clase::Carpeta;
+    return (atributos & FILE_ATTRIBUTE_DEVICE) != 0 ? Clase::Otra : Clase::Archivo;
+}
 
 bool porCarpeta(const fs::path &carpeta, const std::function<bool(const Entrada &)> &cada)
 {
