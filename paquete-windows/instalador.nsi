@@ -10,7 +10,8 @@
 ;
 ; /S asks nothing and shows nothing, /D=FOLDER (the last, without quotes) installs there. It ends with
 ; 2 when a program of an installation runs or the folder cannot be used, with 3 when it would need
-; an administrator; it changes nothing then.
+; an administrator; it changes nothing then, unless a file of it cannot be written: that ends with 2
+; in the midst.
 Target amd64-unicode
 SetCompressor /SOLID lzma
 ManifestDPIAware true
@@ -259,6 +260,9 @@ FunctionEnd
 ; may have other paths, too: what is just made shows in all of them.
 Function quitarLasDemas
     GetTempFileName $R0 "$INSTDIR"
+    ${If} $R0 == "" ; this folder cannot be told from another: what there is elsewhere stays
+        Return
+    ${EndIf}
     ${GetFileName} $R0 $R1
     GetFunctionAddress $paso quitarSiEsOtra
     Call recorrer

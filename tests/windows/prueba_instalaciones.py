@@ -162,8 +162,8 @@ class Instalaciones(EscenaInstalador):
         self.desinstalar(self.propia)
         self.assertIsNone(self.entrada(CUENTA))
         (self.propia / "desinstalar.exe").unlink()
-        self.assertEqual({a for a in self.archivos() - antes if "Programs" not in a.parts[-2:]},
-                         set())
+        suyas = {a.relative_to(self.c) for a in (self.propia, self.propia.parent)}
+        self.assertEqual(self.archivos() - antes - suyas, set())
 
     def test_deUnaParaTodos_unaSola(self):
         self.instalar("/CurrentUser")
