@@ -104,7 +104,9 @@ private Q_SLOTS:
         v.elegir("Option1_3");
         elegirHistorico(v, carpeta);
         v.clic("Command4");
-        QTRY_COMPARE(abridor.abiertos(), QStringList{v.e.nativa(carpeta + u"/index.html"_s)});
+        // A program is started for it.
+        QTRY_COMPARE_WITH_TIMEOUT(abridor.abiertos(),
+                                  QStringList{v.e.nativa(carpeta + u"/index.html"_s)}, 60'000);
     }
 };
 

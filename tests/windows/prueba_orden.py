@@ -5,11 +5,13 @@ and what it compares.
 
 import os
 import shutil
+import signal
 import subprocess
 import tempfile
 import unittest
 from pathlib import Path
 
+PLAZO = 300  # seconds; only a guard
 ORDEN = Path(__file__).resolve().parents[2] / "windows"
 # Each makes what the real one would, of what it finds in the sources.
 HERRAMIENTAS = {
@@ -33,7 +35,11 @@ done
 -DSALIDA=*) salida=${a#*=} ;;
 esac; done
 cat "$fuente"/* > "$salida" """,
-    "ctest": 'until [ -s "$PARVANEL_WINEPREFIX.servidor" ]; do sleep 0.05; done\necho probado',
+    "ctest": """for ((vez = 0; vez < 1000; ++vez)); do
+    [ ! -s "$PARVANEL_WINEPREFIX.servidor" ] || exec echo probado
+    sleep 0.05
+done
+exit 1""",
     # Ended by a signal it leaves alone what it serves; asked to end, it ends that first.
     "wineserver": """servidor=$WINEPREFIX.servidor
 [ "$1" != --kill ] || {
@@ -70,8 +76,15 @@ class Orden(unittest.TestCase):
         entorno = {"PATH": f"{self.carpeta / 'bin'}:{os.environ['PATH']}",
                    "PREFIJO": str(self.carpeta / "prefijo"), "HOME": str(self.carpeta),
                    "GIT_CEILING_DIRECTORIES": str(self.carpeta)}
-        return subprocess.run([self.fuentes / "windows", *opciones], env=entorno, check=False,
-                              timeout=100, capture_output=True, text=True)
+        with subprocess.Popen([self.fuentes / "windows", *opciones], env=entorno, text=True,
+                              stdout=subprocess.PIPE, stderr=subprocess.PIPE,
+                              start_new_session=True) as orden:
+            try:
+                dicho, quejas = orden.communicate(timeout=PLAZO)
+            except subprocess.TimeoutExpired:
+                os.killpg(orden.pid, signal.SIGKILL)  # with all that it has started
+                raise
+        return subprocess.CompletedProcess(orden.args, orden.returncode, dicho, quejas)
 
     def git(self, *orden):
         subprocess.run(["git", "-c", "user.name=x", "-c", "user.email=x@y.example", *orden],

@@ -56,6 +56,7 @@ class Revisor(EscenaWindows):
 
     def setUp(self):
         self.preparar(ancho=1400, alto=1100)
+        self.escritorio.esperar_todos()  # or the server of what has just run refuses another
         # Each program would bring up the whole of Wine again. The first one does, and what it brings
         # up gets no pipe of which somebody waits for the end.
         subprocess.run(["wineserver", "--persistent"], env=self.escritorio.entorno, check=True,
