@@ -8,6 +8,7 @@
 #include <archive_entry.h>
 
 #include <string>
+#include <type_traits>
 
 namespace copia::nombresZip {
 

@@ -17,7 +17,7 @@
 
 namespace corridaConFallas {
 
-// Every file of the archive but the labels' folder, with its length, by its path.
+// Every file of the archive, with its length, by its path.
 inline QMap<QString, qint64> contenido(const Escenario &e)
 {
     QMap<QString, qint64> archivos;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Links are made by administrators here, and the names that others refuse cannot be had.
+// What makes the archives makes no links here, and the names that others refuse cannot be had.
 #include "revisor/danios.h"
 
 namespace danios {

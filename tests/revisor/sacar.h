@@ -3,6 +3,6 @@
 
 #include <filesystem>
 
-// Unpacks a ZIP into a folder that is made for it, by another program than the one under test;
-// false when that fails.
+// Unpacks a ZIP into a folder that is made for it, by another program than the one under test
+// (Windows has none: there it is the library alone); false when that fails.
 bool sacarZip(const std::filesystem::path &zip, const std::filesystem::path &carpeta);
