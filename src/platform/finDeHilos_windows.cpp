@@ -3,7 +3,8 @@
 // by means of another. At a thread's end this compiler's library for threads goes through the keys
 // in the order in which they were made: with the memory's first, all would be ended that has gone
 // already. The memory's is made when the first such thing is asked for; here the other is made
-// ahead of whatever the program makes before it starts. Qt keeps what it looks for patterns with so.
+// ahead of whatever the program makes before it starts. Qt keeps what it looks for patterns with
+// so.
 #include <cxxabi.h>
 
 namespace {
