@@ -138,6 +138,21 @@ class Orden(unittest.TestCase):
         self.assertNotEqual(hecho.returncode, 0)
         self.assertNotIn("cannot be compared", hecho.stderr)
 
+    def test_servidorQueSeVa_terminaYLoDice(self):
+        self.preparar("fuentes")
+        escribir(self.carpeta / "bin" / "wineserver", "#!/bin/sh\n"
+                 "[ $1 != --kill ] || exit 0\necho no puedo mas\nexit 3\n")
+        escribir(self.carpeta / "bin" / "ctest", "#!/bin/sh\nexec sleep 1000\n")
+        hecho = self.correr("--check")
+        self.assertEqual(hecho.returncode, 1, hecho.stdout)
+        self.assertIn("ended with 3 in the midst of the tests\nno puedo mas\n", hecho.stderr)
+
+    def test_pruebasQueFallan_noPasa(self):
+        self.preparar("fuentes")
+        escribir(self.carpeta / "bin" / "ctest", "#!/bin/bash\n"
+                 + HERRAMIENTAS["ctest"].replace("exec echo probado", "exit 8") + "\n")
+        self.assertEqual(self.correr("--check").returncode, 8)
+
     def test_carpetaConBlancos_loDiceDeUnaVez(self):
         self.preparar("mis fuentes")
         hecho = self.correr()
