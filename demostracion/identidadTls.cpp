@@ -43,7 +43,7 @@ void extension(X509 *certificado, X509 *emisor, int cual, const char *valor)
     X509_EXTENSION_free(una);
 }
 
-Certificado certificado(EVP_PKEY *llave, const char *nombre, long desdeDia, long hastaDia)
+Certificado emitir(EVP_PKEY *llave, const char *nombre, long desdeDia, long hastaDia)
 {
     Certificado nuevo(X509_new());
     exigir(nuevo != nullptr);
@@ -80,7 +80,7 @@ IdentidadTls crearIdentidadTls(Vigencia vigencia)
     exigir(llaveAutoridad && llave);
 
     const Certificado autoridad =
-        certificado(llaveAutoridad.get(), "Autoridad de la escuela de demostración", -30, 365);
+        emitir(llaveAutoridad.get(), "Autoridad de la escuela de demostración", -30, 365);
     X509_set_issuer_name(autoridad.get(), X509_get_subject_name(autoridad.get()));
     extension(autoridad.get(), autoridad.get(), NID_basic_constraints, "critical,CA:TRUE");
     extension(autoridad.get(), autoridad.get(), NID_key_usage, "critical,keyCertSign,cRLSign");
@@ -89,7 +89,7 @@ IdentidadTls crearIdentidadTls(Vigencia vigencia)
 
     const long desde = vigencia == Vigencia::Futura ? 1 : vigencia == Vigencia::Pasada ? -20 : -1;
     const long hasta = vigencia == Vigencia::Pasada ? -1 : 365;
-    const Certificado propio = certificado(llave.get(), "127.0.0.1", desde, hasta);
+    const Certificado propio = emitir(llave.get(), "127.0.0.1", desde, hasta);
     X509_set_issuer_name(propio.get(), X509_get_subject_name(autoridad.get()));
     extension(propio.get(), autoridad.get(), NID_basic_constraints, "critical,CA:FALSE");
     extension(propio.get(), autoridad.get(), NID_key_usage, "critical,digitalSignature");

@@ -16,7 +16,6 @@ namespace copia {
 
 namespace {
 
-using recorrido::Clase;
 using recorrido::Entrada;
 
 bool esOtraEscritura(const fs::path &enlace)
@@ -67,21 +66,21 @@ private:
     void anotar(const Entrada &una, const fs::path &ruta, const QByteArray &nombre)
     {
         switch (una.clase) {
-        case Clase::Enlace:
+        case recorrido::Clase::Enlace:
             if (!esOtraEscritura(ruta))
                 omitir(nombre, Omitido::Motivo::Enlace);
             return;
-        case Clase::Carpeta:
+        case recorrido::Clase::Carpeta:
             m_pendientes.push_back({.ruta = ruta, .nombre = nombre + '/'});
             agregar(una, ruta, nombre);
             return;
-        case Clase::Archivo:
+        case recorrido::Clase::Archivo:
             if (enBytes(una.nombre).startsWith(".descarga-"))
                 omitir(nombre, Omitido::Motivo::Resto);
             else
                 agregar(una, ruta, nombre);
             return;
-        case Clase::Otra:
+        case recorrido::Clase::Otra:
             if (una.cierta)
                 omitir(nombre, Omitido::Motivo::Especial);
             else
@@ -94,7 +93,7 @@ private:
         if (una.cierta)
             m_inventario.piezas.push_back({.nombre = nombre,
                                            .ruta = ruta,
-                                           .esCarpeta = una.clase == Clase::Carpeta,
+                                           .esCarpeta = una.clase == recorrido::Clase::Carpeta,
                                            .bytes = una.bytes,
                                            .escrito = una.escrito});
         else

@@ -49,7 +49,7 @@ QJsonValue momento(const QDateTime &cuando)
     return cuando.isValid() ? QJsonValue(cuando.toUTC().toString(Qt::ISODate)) : QJsonValue();
 }
 
-QJsonArray secciones(const Resultado &resultado)
+QJsonArray listaDeSecciones(const Resultado &resultado)
 {
     QJsonArray lista;
     for (const Seccion &seccion : resultado.secciones)
@@ -98,7 +98,7 @@ QJsonObject historico(const Resultado &resultado)
             {u"desde"_s, momento(resultado.desde)},
             {u"hasta"_s, momento(resultado.hasta)},
             {u"fechasUtiles"_s, resultado.fechasUtiles},
-            {u"secciones"_s, secciones(resultado)},
+            {u"secciones"_s, listaDeSecciones(resultado)},
             {u"hallazgos"_s, hallazgos(resultado)}};
 }
 

@@ -37,7 +37,7 @@ QString tabla(const QList<Seccion> &secciones)
     return lineas;
 }
 
-QString donde(const Hallazgo &hallazgo)
+QString lugarDe(const Hallazgo &hallazgo)
 {
     QStringList partes;
     if (!hallazgo.archivo.isEmpty())
@@ -49,13 +49,13 @@ QString donde(const Hallazgo &hallazgo)
 
 QString deUno(const Hallazgo &hallazgo)
 {
-    const QString lugar = donde(hallazgo);
+    const QString lugar = lugarDe(hallazgo);
     return u"      - "_s + hallazgo.regla->texto.toString()
            + (lugar.isEmpty() ? QString() : u"\n        "_s + lugar) + u"\n        "_s
            + hallazgo.regla->queHacer.toString() + u'\n';
 }
 
-QString faltas(const Resultado &resultado)
+QString lineasDeFaltas(const Resultado &resultado)
 {
     QString lineas;
     for (const DeSalon &salon : porSalon(resultado)) {
@@ -81,7 +81,7 @@ QString lineasDeNotas(const Resultado &resultado)
         lineas += u"      - "_s + grupo.regla->texto.toString() + u"\n        "_s
                   + grupo.regla->queHacer.toString() + u'\n';
         for (const Hallazgo *hallazgo : grupo.hallazgos) {
-            if (const QString lugar = donde(*hallazgo); !lugar.isEmpty())
+            if (const QString lugar = lugarDe(*hallazgo); !lugar.isEmpty())
                 lineas += u"        "_s + lugar + u'\n';
         }
     }
@@ -111,7 +111,7 @@ QString enTexto(const Resultado &resultado)
         && resultado.veredicto != Veredicto::FaltanDocumentos)
         return cabeza + u"  Carpeta: "_s + legible(carpeta) + u'\n';
     return cabeza + u"  Carpeta: "_s + legible(carpeta) + u'\n' + medidas(resultado)
-           + tabla(resultado.secciones) + faltas(resultado) + lineasDeNotas(resultado);
+           + tabla(resultado.secciones) + lineasDeFaltas(resultado) + lineasDeNotas(resultado);
 }
 
 } // namespace informe

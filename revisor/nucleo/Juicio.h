@@ -9,8 +9,12 @@
 #include <QMap>
 
 #include <array>
+#include <cstddef>
 #include <unordered_set>
 #include <vector>
+
+// Fewer pages of a family say nothing of one another.
+inline constexpr std::size_t familiaMinima = 3;
 
 class Juicio {
 public:

@@ -11,7 +11,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint64 paginaMaxima = 80LL * 1024 * 1024; // the service's pages end at 64 MiB
 constexpr qint64 imagenMaxima = 256LL * 1024 * 1024;
 
 void juzgarImagen(const QByteArray &bytes, Lectura &lectura)

@@ -14,6 +14,9 @@
 #include <optional>
 #include <vector>
 
+// A longer page is not read: the service's end at 64 MiB.
+inline constexpr qint64 paginaMaxima = 80LL * 1024 * 1024;
+
 struct Lectura {
     struct Senal {
         reglas::Cual regla;

@@ -13,7 +13,7 @@ bool esBlanco(char c)
     return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\f';
 }
 
-bool esDeNombre(char c)
+bool esDeIdentificador(char c)
 {
     const auto byte = static_cast<unsigned char>(c);
     return std::isalnum(byte) != 0 || c == '-' || c == '_' || byte >= 0x80;
@@ -60,7 +60,7 @@ private:
                 m_halladas.push_back(cadena());
         } else if (c == '\\') {
             m_i = std::min(m_i + 2, m_css.size());
-        } else if (esDeNombre(c)) {
+        } else if (esDeIdentificador(c)) {
             pasarNombre();
         } else {
             ++m_i;
@@ -70,7 +70,7 @@ private:
     // A name ends where url( might begin, only when the name is "url" itself.
     void pasarNombre()
     {
-        while (hay() && esDeNombre(m_css[m_i]))
+        while (hay() && esDeIdentificador(m_css[m_i]))
             ++m_i;
     }
 

@@ -13,14 +13,9 @@ namespace {
 // Of all the pictures of one file together.
 constexpr std::int64_t pixelesDeTodos = 400'000'000;
 
-struct Origen {
-    const char *bytes;
-    std::size_t quedan;
-};
-
 int leer(GifFileType *imagen, GifByteType *destino, int largo)
 {
-    auto *origen = static_cast<Origen *>(imagen->UserData);
+    auto *origen = static_cast<BytesDeImagen *>(imagen->UserData);
     const std::size_t cuantos = std::min(static_cast<std::size_t>(largo), origen->quedan);
     std::memcpy(destino, origen->bytes, cuantos);
     origen->bytes += cuantos;
@@ -65,7 +60,7 @@ EstadoImagen decodificarCuadro(GifFileType &imagen, std::vector<GifPixelType> &l
 
 EstadoImagen estadoGif(const QByteArray &bytes)
 {
-    Origen origen{bytes.constData(), static_cast<std::size_t>(bytes.size())};
+    BytesDeImagen origen{bytes.constData(), static_cast<std::size_t>(bytes.size())};
     const std::unique_ptr<GifFileType, Cerrar> imagen(DGifOpen(&origen, leer, nullptr));
     if (!imagen)
         return EstadoImagen::Danada;

@@ -10,14 +10,9 @@
 
 namespace {
 
-struct Origen {
-    const char *bytes;
-    std::size_t quedan;
-};
-
 void leer(png_structp imagen, png_bytep destino, std::size_t largo)
 {
-    auto *origen = static_cast<Origen *>(png_get_io_ptr(imagen));
+    auto *origen = static_cast<BytesDeImagen *>(png_get_io_ptr(imagen));
     if (largo > origen->quedan)
         png_error(imagen, "early end");
     std::memcpy(destino, origen->bytes, largo);
@@ -54,7 +49,7 @@ EstadoImagen decodificar(png_structp imagen, png_infop datos, std::vector<png_by
 
 EstadoImagen estadoPng(const QByteArray &bytes)
 {
-    Origen origen{bytes.constData(), static_cast<std::size_t>(bytes.size())};
+    BytesDeImagen origen{bytes.constData(), static_cast<std::size_t>(bytes.size())};
     std::vector<png_byte> linea; // outlives a way out of the library
     png_structp imagen = png_create_read_struct(PNG_LIBPNG_VER_STRING, nullptr, salir, callar);
     png_infop datos = imagen != nullptr ? png_create_info_struct(imagen) : nullptr;

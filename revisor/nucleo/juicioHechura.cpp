@@ -9,8 +9,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr std::size_t familiaMinima = 3; // fewer say nothing of one another
-
 // An address without the page's own id and with its numbers all alike, so that siblings' addresses
 // are one.
 std::size_t formaDe(const QString &direccion, const QString &id)

@@ -16,10 +16,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr std::size_t familiaMinima = 3; // fewer say nothing of one another
 constexpr std::size_t familiaGrande = 8; // what so many have in common is their nature
 constexpr std::size_t marcasMinimas = 4; // that a family must have in common
-constexpr qsizetype paginaMaxima = 80LL * 1024 * 1024;
 
 template <typename Si>
 std::size_t cuantas(const std::vector<int> &paginas, Si si)

@@ -47,8 +47,8 @@ QStringList distintas(const QStringList &textos)
 
 namespace {
 
-constexpr std::array<Plantilla, 5> carpetas = {u"{raiz}", u"{archivo}\\", u"{documentos}",
-                                               u"{imagenes}", u"{imagenes}labels\\"};
+constexpr std::array<Plantilla, 5> carpetasDeEtiquetas = {
+    u"{raiz}", u"{archivo}\\", u"{documentos}", u"{imagenes}", u"{imagenes}labels\\"};
 
 // Headings of the consolidated reports, fetched after the subjects and areas.
 constexpr QStringView titulosFijos[] = {u"Nro Perdidas", u"Promedio", u"Puesto"};
@@ -65,9 +65,9 @@ void mostrar(Entorno &entorno, const QString &texto, int posicion, int cuantas)
 void tcMaterias::downLabels()
 {
     const Valores valores = rutasArchivo::valores(m_entorno);
-    for (const Plantilla &carpeta : carpetas)
+    for (const Plantilla &carpeta : carpetasDeEtiquetas)
         crearCarpeta(m_entorno, completar(carpeta, valores));
-    const QString carpeta = sinSaltos(completar(carpetas.back(), valores));
+    const QString carpeta = sinSaltos(completar(carpetasDeEtiquetas.back(), valores));
     const QString &base = m_entorno.ServiceBase;
     // A label that does not arrive is missing in the archive, and the next one follows.
     const auto guardar = [&](const QString &url, const QString &archivo) {

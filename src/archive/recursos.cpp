@@ -12,9 +12,9 @@ using namespace Qt::StringLiterals;
 namespace {
 
 // The "config" folder stays empty; the configuration stands at the top of the archive.
-constexpr QStringView carpetas[] = {u"jscript", u"config", u"images"};
+constexpr QStringView carpetasComunes[] = {u"jscript", u"config", u"images"};
 
-constexpr QStringView guiones[] = {u"jquery.tools.min.js", u"jquery.tablesorter.min.js"};
+constexpr QStringView guionesComunes[] = {u"jquery.tools.min.js", u"jquery.tablesorter.min.js"};
 
 struct Variable {
     QStringView nombre; // in the configuration script
@@ -50,7 +50,7 @@ QString guionDeConfiguracion(const QList<QPair<QString, QString>> &valores)
 
 void descargarRecursos(Entorno &entorno, const QString &carpetaArchivos)
 {
-    for (const QStringView carpeta : carpetas)
+    for (const QStringView carpeta : carpetasComunes)
         crearCarpeta(entorno, carpetaArchivos + carpeta.toString());
 
     frmCargador cargador(entorno);
@@ -58,7 +58,7 @@ void descargarRecursos(Entorno &entorno, const QString &carpetaArchivos)
     entorno.progreso.barra1->ponerValor(1);
     entorno.progreso.barra2->avanzar();
     entorno.progreso.estadoTS->ponerTexto(u"Descargando Scripts"_s);
-    for (const QStringView nombre : guiones) {
+    for (const QStringView nombre : guionesComunes) {
         const QString guion = nombre.toString();
         const QString texto =
             cargador.conectar(entorno.ServiceBase + u"/jscript/"_s + guion, QString(), true);

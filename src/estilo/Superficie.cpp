@@ -6,8 +6,6 @@
 
 namespace {
 
-constexpr qreal redondez = 6;
-
 // A letter i in a circle, as notices bear it everywhere.
 void pintarSigno(QPainter &pintor, const QPointF &centro, const tonos::Tonos &t)
 {
@@ -42,7 +40,8 @@ void Superficie::paintEvent(QPaintEvent *)
     pintor.setRenderHint(QPainter::Antialiasing);
     pintor.setPen(m_tipo == Aviso ? QPen(tonos::mezcla(t.tinte, t.acento, 0.3)) : QPen(t.linea));
     pintor.setBrush(m_tipo == Aviso ? t.tinte : t.base);
-    pintor.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), redondez, redondez);
+    constexpr qreal esquina = 6;
+    pintor.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), esquina, esquina);
     if (m_tipo == Aviso)
         pintarSigno(pintor, QPointF(layoutDirection() == Qt::RightToLeft ? width() - 21 : 21, 20),
                     t);

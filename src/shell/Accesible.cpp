@@ -25,7 +25,7 @@ bool llevaDibujos(const QWidget &elemento)
 }
 
 // Of a frame the library says "window". A line is one; all else groups what it holds.
-QAccessibleInterface *marco(QFrame *elemento)
+QAccessibleInterface *describirMarco(QFrame *elemento)
 {
     if (elemento->frameShape() == QFrame::HLine || elemento->frameShape() == QFrame::VLine)
         return new ElementoAccesible(elemento, QAccessible::Separator);
@@ -53,7 +53,7 @@ QAccessibleInterface *describir(const QString &clase, QObject *objeto)
         return new ClaveAccesible(elemento);
     // Labels and lists are built upon frames, but have had an answer by now.
     if (clase == "QFrame"_L1)
-        return marco(static_cast<QFrame *>(elemento));
+        return describirMarco(static_cast<QFrame *>(elemento));
     if (clase == "QWidget"_L1 && llevaDibujos(*elemento))
         return new GrupoAccesible(elemento, QAccessible::Grouping);
     return nullptr;
