@@ -13,6 +13,7 @@ import os
 import struct
 import subprocess
 from pathlib import Path
+from tempfile import TemporaryFile
 
 from escritorio import Escritorio
 from pantalla import Pantalla
@@ -49,11 +50,18 @@ class EscritorioWine(Escritorio):
         """Starts a Windows program: subprocess.Popen."""
         return self.lanzar([CON_WINE, *argumentos], **opciones)
 
-    def correr(self, *argumentos, estricta=True, **opciones):
+    def correr(self, *argumentos, estricta=True):
         """Runs a Windows program to its end; subprocess.CompletedProcess."""
-        return subprocess.run([CON_WINE, *map(str, argumentos)], env=self.entorno, timeout=PLAZO,
-                              check=estricta, stdin=subprocess.DEVNULL, capture_output=True,
-                              cwd=self.casa, **opciones)
+        # The first program brings up Wine's own, which outlive it: none gets a pipe of which
+        # somebody waits for the end.
+        with TemporaryFile() as salida, TemporaryFile() as quejas:
+            hecho = subprocess.run([CON_WINE, *map(str, argumentos)], env=self.entorno,
+                                   timeout=PLAZO, check=estricta, stdin=subprocess.DEVNULL,
+                                   stdout=salida, stderr=quejas, cwd=self.casa)
+            salida.seek(0)
+            quejas.seek(0)
+            hecho.stdout, hecho.stderr = salida.read(), quejas.read()
+        return hecho
 
     def registrar(self, *entradas):
         """Writes into the registry: (key, name or None for its own value, text, number or

@@ -57,13 +57,9 @@ class Revisor(EscenaWindows):
     def setUp(self):
         self.preparar(ancho=1400, alto=1100)
         self.escritorio.esperar_todos()  # or the server of what has just run refuses another
-        # Each program would bring up the whole of Wine again. The first one does, and what it brings
-        # up gets no pipe of which somebody waits for the end.
+        # Each program would bring up the whole of Wine again.
         subprocess.run(["wineserver", "--persistent"], env=self.escritorio.entorno, check=True,
                        timeout=PLAZO)
-        self.escritorio.lanzar_wine(["cmd", "/c", "exit"], stdin=subprocess.DEVNULL,
-                                    stdout=subprocess.DEVNULL,
-                                    stderr=subprocess.DEVNULL).wait(PLAZO)
 
     # The two programs, each told the same paths in its own way: how they end, and what they say.
 
