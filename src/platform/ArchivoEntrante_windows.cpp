@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "ArchivoEntrante_windows.h"
+#include "platform/rutaWindows.h"
 #include "temporales.h"
 
 #include <limits>
@@ -143,9 +144,9 @@ private:
 void quitarTemporalesAbandonados(const CarpetaAbierta &carpeta, const QString &ruta)
 {
     WIN32_FIND_DATAW hallado = {};
-    HANDLE busqueda = ::FindFirstFileExW(rutaAlPie(ruta + u"/.descarga-*"_s).toStdWString().c_str(),
-                                         FindExInfoBasic, &hallado, FindExSearchNameMatch, nullptr,
-                                         FIND_FIRST_EX_LARGE_FETCH);
+    HANDLE busqueda = ::FindFirstFileExW(
+        rutaWindows::sinLimite(ruta + u"/.descarga-*"_s).toStdWString().c_str(), FindExInfoBasic,
+        &hallado, FindExSearchNameMatch, nullptr, FIND_FIRST_EX_LARGE_FETCH);
     if (busqueda == INVALID_HANDLE_VALUE)
         return;
     do {

@@ -25,8 +25,9 @@ QString personalDe(const QString &pedida)
 QString escrituraDe(const QString &ruta)
 {
     WIN32_FIND_DATAW hallado = {};
-    HANDLE busqueda = ::FindFirstFileExW(rutaAlPie(ruta).toStdWString().c_str(), FindExInfoBasic,
-                                         &hallado, FindExSearchNameMatch, nullptr, 0);
+    HANDLE busqueda =
+        ::FindFirstFileExW(rutaWindows::sinLimite(ruta).toStdWString().c_str(), FindExInfoBasic,
+                           &hallado, FindExSearchNameMatch, nullptr, 0);
     if (busqueda == INVALID_HANDLE_VALUE)
         return {};
     // It was only read.
@@ -35,12 +36,6 @@ QString escrituraDe(const QString &ruta)
 }
 
 } // namespace
-
-QString rutaAlPie(const QString &ruta)
-{
-    const QString nativa = QDir::toNativeSeparators(ruta);
-    return nativa.startsWith(u"\\\\"_s) ? u"\\\\?\\UNC\\"_s + nativa.mid(2) : u"\\\\?\\"_s + nativa;
-}
 
 bool CarpetaAbierta::enLaRaiz(const QString &otra) const
 {
@@ -62,7 +57,7 @@ Manija RaizArchivo::abrirPersonal(Paciencia &paciencia) const
 {
     if (!hayUnidad())
         return {};
-    const QString ruta = rutaAlPie(m_personal + u'/');
+    const QString ruta = rutaWindows::sinLimite(m_personal + u'/');
     return insistir(paciencia, [&] { return aperturas::abrirCarpeta(ruta); }).manija;
 }
 
@@ -70,7 +65,7 @@ CarpetaAbierta RaizArchivo::abrirCarpeta(const QStringList &nombres, Paciencia &
 {
     if (!hayUnidad())
         return {};
-    const QString ruta = rutaAlPie(m_personal + u'/' + m_nombre);
+    const QString ruta = rutaWindows::sinLimite(m_personal + u'/' + m_nombre);
     Manija raiz = insistir(paciencia, [&] { return aperturas::abrirCarpeta(ruta); }).manija;
     const auto deLaRaiz = aperturas::datosDe(raiz);
     if (!deLaRaiz)
@@ -103,7 +98,7 @@ QString RaizArchivo::rutaNativa(const QStringList &pedidos) const
     }
     if (pedidos.isEmpty())
         ruta += u'/';
-    return ruta.size() < MAX_PATH ? QDir::toNativeSeparators(ruta) : rutaAlPie(ruta);
+    return ruta.size() < MAX_PATH ? QDir::toNativeSeparators(ruta) : rutaWindows::sinLimite(ruta);
 }
 
 std::optional<QString> RaizArchivo::rutaNativa(const QString &carpeta,
@@ -119,5 +114,5 @@ std::optional<QString> RaizArchivo::rutaNativa(const QString &carpeta,
         aperturas::mirar(raiz.manija, carpeta, aperturas::Enlace::Seguido).manija);
     if (!datos || !datos->esCarpeta)
         return std::nullopt;
-    return rutaAlPie(ruta(QStringList{m_nombre, carpeta} + pedidos));
+    return rutaWindows::sinLimite(ruta(QStringList{m_nombre, carpeta} + pedidos));
 }

@@ -60,6 +60,3 @@ private:
     QString m_personal; // with "/", without one at its end
     QString m_nombre;
 };
-
-// A native path as the system reads it letter by letter, whatever its length.
-QString rutaAlPie(const QString &ruta);

@@ -2,6 +2,7 @@
 // By Windows' own calls: the compiler's library takes a link for what it leads to, lists no folder
 // whose path is a long one, and knows a file's time to the second.
 #include "recorrido_windows.h"
+#include "platform/rutaWindows.h"
 
 #ifndef NOMINMAX
 #define NOMINMAX
@@ -60,9 +61,6 @@ Entrada leida(const WIN32_FIND_DATAW &datos)
     return entrada;
 }
 
-// With this before it a path may be as long as any, and is taken as it is.
-constexpr auto sinLimite = L"\\\\?\\";
-
 std::wstring completa(const std::wstring &ruta)
 {
     std::wstring entera;
@@ -107,10 +105,9 @@ fs::path paraAbrir(const fs::path &ruta)
 {
     constexpr std::size_t corta = 240; // some calls want room for a short name after it
     const std::wstring entera = completa(ruta.native());
-    if (entera.size() < corta || entera.starts_with(sinLimite) || entera.starts_with(L"\\\\.\\"))
-        return ruta;
-    return entera.starts_with(L"\\\\") ? std::wstring(sinLimite) + L"UNC\\" + entera.substr(2)
-                                       : sinLimite + entera;
+    return entera.size() < corta
+               ? ruta
+               : fs::path(rutaWindows::sinLimite(QString::fromStdWString(entera)).toStdWString());
 }
 
 } // namespace recorrido

@@ -14,6 +14,11 @@ using namespace Qt::StringLiterals;
 namespace rutaWindows {
 namespace {
 
+constexpr auto tomadaComoEsta = "\\\\?\\"_L1; // what follows is taken as it is
+constexpr auto deUnServidor = "\\\\?\\UNC\\"_L1;
+constexpr auto deUnAparato = "\\\\.\\"_L1;
+constexpr auto servidor = "\\\\"_L1;
+
 bool esSeparador(QChar c)
 {
     return c == u'\\' || c == u'/';
@@ -61,6 +66,23 @@ bool esDispositivo(const QString &nombre)
 }
 
 } // namespace
+
+QString sinLimite(const QString &ruta)
+{
+    QString nativa = QString(ruta).replace(u'/', u'\\');
+    if (nativa.startsWith(tomadaComoEsta) || nativa.startsWith(deUnAparato))
+        return nativa;
+    return nativa.startsWith(servidor) ? deUnServidor + nativa.mid(servidor.size())
+                                       : tomadaComoEsta + nativa;
+}
+
+QString conLimite(const QString &ruta)
+{
+    QString nativa = QString(ruta).replace(u'/', u'\\');
+    if (nativa.startsWith(deUnServidor, Qt::CaseInsensitive))
+        return servidor + nativa.mid(deUnServidor.size());
+    return nativa.startsWith(tomadaComoEsta) ? nativa.mid(tomadaComoEsta.size()) : nativa;
+}
 
 bool enUnidadC(const QString &ruta)
 {

@@ -9,8 +9,8 @@
 // done, and what stood in the queue then would be lost without a word. So a job goes at the pace at
 // which Windows takes its documents, in order, and each one that it has counted is in its hands.
 #include "platform/Verbos.h"
+#include "platform/rutaWindows.h"
 
-#include <QDir>
 #include <QFileInfo>
 
 #ifndef NOMINMAX
@@ -25,35 +25,22 @@
 
 #include <string>
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
-constexpr auto sinLimite = "\\\\?\\"_L1; // before a path longer than others may be
-
-QString larga(const QString &ruta)
-{
-    return ruta.startsWith(sinLimite) ? ruta : sinLimite + ruta;
-}
-
-QString corta(const QString &ruta)
-{
-    return ruta.startsWith(sinLimite) ? ruta.mid(sinLimite.size()) : ruta;
-}
-
-// The path as the verbs take it: they know neither the prefix of long paths nor, most of them, a
-// long path. Such a one goes by its short names, where the disk keeps them.
+// The path as the verbs take it: they know neither the form of long paths nor, most of them, a long
+// path. Such a one goes by its short names, where the disk keeps them.
 QString paraElVerbo(const QString &documento)
 {
-    const QString ruta = corta(QDir::toNativeSeparators(documento));
+    const QString ruta = rutaWindows::conLimite(documento);
     if (ruta.size() < MAX_PATH)
         return ruta;
     std::wstring breve(MAX_PATH, L'\0');
-    const DWORD largo = GetShortPathNameW(larga(ruta).toStdWString().c_str(), breve.data(),
-                                          static_cast<DWORD>(breve.size()));
-    return largo > 0 && largo < breve.size()
-               ? corta(QString::fromWCharArray(breve.data(), static_cast<qsizetype>(largo)))
-               : ruta;
+    const DWORD largo = GetShortPathNameW(rutaWindows::sinLimite(ruta).toStdWString().c_str(),
+                                          breve.data(), static_cast<DWORD>(breve.size()));
+    if (largo == 0 || largo >= breve.size())
+        return ruta;
+    return rutaWindows::conLimite(
+        QString::fromWCharArray(breve.data(), static_cast<qsizetype>(largo)));
 }
 
 // Where the started program begins: it keeps its working folder from being removed or renamed, and

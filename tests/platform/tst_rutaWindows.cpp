@@ -30,6 +30,9 @@ private Q_SLOTS:
     void nombre_admitido_data();
     void nombre_admitido();
     void controles_refusados();
+    void sinLimite_yDeVuelta_data();
+    void sinLimite_yDeVuelta();
+    void sinLimite_yaLoEs_quedaIgual();
 };
 
 void tst_rutaWindows::unidad_data()
@@ -294,6 +297,37 @@ void tst_rutaWindows::controles_refusados()
 {
     for (char16_t c = 0; c < 0x20; ++c)
         QVERIFY2(rutaWindows::nombreRefusado(u"a"_s + QChar(c)), qPrintable(QString::number(c)));
+}
+
+void tst_rutaWindows::sinLimite_yDeVuelta_data()
+{
+    QTest::addColumn<QString>("escrita");
+    QTest::addColumn<QString>("sinLimite");
+    QTest::addColumn<QString>("conLimite");
+    QTest::newRow("disco") << u"C:\\Quorvela\\1"_s << u"\\\\?\\C:\\Quorvela\\1"_s
+                           << u"C:\\Quorvela\\1"_s;
+    QTest::newRow("barra inclinada")
+        << u"c:/Quorvela/1"_s << u"\\\\?\\c:\\Quorvela\\1"_s << u"c:\\Quorvela\\1"_s;
+    QTest::newRow("servidor") << u"\\\\servidor\\notas\\1"_s << u"\\\\?\\UNC\\servidor\\notas\\1"_s
+                              << u"\\\\servidor\\notas\\1"_s;
+    QTest::newRow("servidor, barra inclinada")
+        << u"//servidor/notas"_s << u"\\\\?\\UNC\\servidor\\notas"_s << u"\\\\servidor\\notas"_s;
+    QTest::newRow("aparato") << u"\\\\.\\COM1"_s << u"\\\\.\\COM1"_s << u"\\\\.\\COM1"_s;
+}
+
+void tst_rutaWindows::sinLimite_yDeVuelta()
+{
+    QFETCH(QString, escrita);
+    QTEST(rutaWindows::sinLimite(escrita), "sinLimite");
+    QTEST(rutaWindows::conLimite(escrita), "conLimite");
+    QTEST(rutaWindows::conLimite(rutaWindows::sinLimite(escrita)), "conLimite");
+}
+
+void tst_rutaWindows::sinLimite_yaLoEs_quedaIgual()
+{
+    for (const QString &ruta : {u"\\\\?\\C:\\Quorvela"_s, u"\\\\?\\UNC\\servidor\\notas"_s})
+        QCOMPARE(rutaWindows::sinLimite(ruta), ruta);
+    QCOMPARE(rutaWindows::conLimite(u"\\\\?\\unc\\servidor\\notas"_s), u"\\\\servidor\\notas"_s);
 }
 
 QTEST_GUILESS_MAIN(tst_rutaWindows)

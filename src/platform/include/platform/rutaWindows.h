@@ -54,6 +54,14 @@ std::optional<EnLista> comoEnLista(const QString &ruta);
 // extension.
 bool nombreRefusado(const QString &nombre);
 
+// An absolute path as Windows takes it at any length: "\\?\C:\Quorvela", "\\?\UNC\servidor\notas".
+// One of a device ("\\.\...") has no other form.
+QString sinLimite(const QString &ruta);
+
+// The same path as everybody writes it, "C:\Quorvela" or "\\servidor\notas": programs that read it
+// know no other form.
+QString conLimite(const QString &ruta);
+
 // Whether the path names drive C (with either letter case and either separator after it).
 bool enUnidadC(const QString &ruta);
 
